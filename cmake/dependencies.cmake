@@ -1,0 +1,7 @@
+set(SDL_BUILDING_LIBRARY TRUE)  # no SDLmain: our main is the program's own
+find_package(SDL 1.2 REQUIRED)
+set(OpenGL_GL_PREFERENCE GLVND)
+find_package(OpenGL REQUIRED)
+find_package(GLEW REQUIRED)
+find_package(Freetype REQUIRED)
+find_package(ZLIB REQUIRED)

@@ -1,0 +1,30 @@
+# What every target of ours is compiled with. Library headers come in as SYSTEM
+# through their imported targets, so the warnings are about our own code alone.
+add_library(merovinska_options INTERFACE)
+target_include_directories(merovinska_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(merovinska_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Woverloaded-virtual -Wnon-virtual-dtor -Wsuggest-override -Werror
+  # The model's single-precision steps must round alike on every processor.
+  -ffp-contract=off)
+
+if(MEROVINSKA_SANITIZE)
+  target_compile_options(merovinska_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(merovinska_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(MEROVINSKA_COVERAGE)
+  target_compile_options(merovinska_options INTERFACE --coverage -fprofile-abs-path)
+  target_link_options(merovinska_options INTERFACE --coverage)
+endif()
+if(MEROVINSKA_FUZZ)
+  target_compile_options(merovinska_options INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
+  target_link_options(merovinska_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# merovinska_library(NAME FILES...): a static library of ours.
+function(merovinska_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PUBLIC merovinska_options)
+endfunction()

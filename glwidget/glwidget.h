@@ -1,0 +1,161 @@
+#pragma once
+
+#include <cstdint>
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "glwidget/theme.h"
+#include "quarn2/event.h"
+#include "quarn2/font.h"
+#include "quarn2/vector.h"
+
+/// Base of every GUI element, and the toolkit's shared state and dispatch.
+///
+/// GUI space: y grows upwards; the screen spans -A*S..A*S by -S..S, where S is `guiScale` and A
+/// the viewport's width divided by its height. A widget's position is the lower-left corner of
+/// its box; a child's is relative to its container's inner origin. A box is a Vector of
+/// (left, bottom, right, top).
+class GLWidget {
+public:
+    /// Registers the widget under `name`, replacing an earlier one of that name. Without a
+    /// theme it takes the one named "default".
+    /// @param parent  not owned, may be null
+    GLWidget(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme);
+
+    // The order of the virtual operations is the toolkit's own and is kept.
+    virtual ~GLWidget();
+    virtual void SetTabText(int index, const std::string& newText);
+    virtual void SetText(const std::string& newText);
+    virtual bool AddText(const std::string& newText);
+    /// Moves `child`, which sits at the inner origin, to this widget's centre.
+    virtual bool Centre(GLWidget* child, bool inX, bool inY);
+    /// @return whether this widget was clicked
+    virtual bool MouseClick(bool left, bool middle, bool right) = 0;
+    /// @param screen  window pixels from the top left
+    virtual bool MouseMove(const Vector& screen);
+    virtual bool TextKeyPress(const KeyFlags& keys);
+    virtual bool MouseMove(float x, float y);
+    virtual bool Update(int milliseconds);
+    virtual void Render() = 0;
+    virtual Vector operator+=(const Vector& offset);
+    /// Whether at most one of a container's children of this sort is active.
+    virtual bool Unique();
+    virtual std::string GetType();
+    virtual bool AddChild(GLWidget* child);
+    virtual Vector Getbbox();
+    /// The area that children may use; all zero where there is none.
+    virtual Vector GetValidArea();
+    /// Grows to hold the children and moves to the screen's edges as asked; once per tree.
+    virtual bool Solidify();
+    /// Tells a unique widget that `other` became the active one.
+    virtual void SetFocussed(GLWidget* other) = 0;
+    virtual bool AddTab(int index, const std::string& title);
+    virtual bool AddToTab(int index, GLWidget* widget);
+    /// Whether the mouse is over this widget.
+    virtual bool Within();
+
+    GLWidget(const GLWidget&) = delete;
+    GLWidget& operator=(const GLWidget&) = delete;
+
+    bool Enable();
+    bool Focus();
+    bool HasFocus() const { return focus; }
+    float GetDepth() const { return depth; }
+
+    // What the application polls, once per frame.
+    /// Whether the widget was clicked since the last question.
+    bool BeenClicked();
+    /// Whether the value was changed since the last question.
+    bool BeenChanged();
+    /// The active flag: for a button, held down after a press over it.
+    bool Clicked() const { return active; }
+    float GetLevel() const { return level; }
+    /// Clamped to [0, 1].
+    void SetLevel(float newLevel);
+    bool Dragging() const { return dragging; }
+    /// The selected item's text, or the empty string.
+    std::string GetCurrentText() const;
+    const std::string& GetText() const { return text; }
+    const std::string& GetName() const { return name; }
+
+    // The entry points of the application, once per event or frame. Each returns true.
+    static bool MouseMoveWidgets(const Vector& screen);
+    static bool MouseClickWidgets(bool left, bool middle, bool right);
+    static bool TextKeyPressWidgets(const KeyFlags& keys);
+    static bool UpdateWidgets(int milliseconds);
+    static bool RenderWidgets();
+
+    /// The widget registered under `tag`, or null. With `complain`, an unknown tag is named on
+    /// standard error and fails an assertion.
+    static GLWidget* GetByTag(std::string_view tag, bool complain = true);
+
+    /// Shows a message box unless one is open, and returns at once; a later UpdateWidgets
+    /// leaves the answer in `msgboxResult`.
+    /// @param buttons  1 OK; 3 OK, Cancel; 12 Yes, No; 14 Yes, No, Cancel
+    static bool MessageBox(const std::string& message, int buttons);
+
+    /// Reads the toolkit configuration: font, sheet rectangles, fade rate.
+    static bool Init(const std::string& path);
+    /// Builds the widgets of a layout file.
+    static bool StartGUI(const std::string& path);
+    static bool Quit();
+
+    // Shared by all widgets. The containers are never destroyed, so that what they hold stays
+    // reachable until the process is gone.
+    using TagMap = std::map<std::string, GLWidget*, std::less<>>;
+    using ThemeMap = std::map<std::string, std::unique_ptr<Theme>, std::less<>>;
+    static TagMap& tags;
+    static ThemeMap& themes;
+    static std::list<GLWidget*>& widgets;  ///< top level, in order of creation
+    static FontRender& font;
+    static std::int32_t viewport[4];  ///< x, y, width, height in pixels
+    /// 0 none, 1 OK, 2 Cancel, 4 Yes, 8 No. Every widget's construction clears it.
+    static std::uint32_t msgboxResult;
+    static bool rendering;       ///< RenderWidgets is running
+    static float fadeRate;       ///< highlight and flash per millisecond
+    static float guiScale;       ///< S above
+    static Theme* currentTheme;  ///< for the widgets that a layout file makes; not owned
+
+    // Texture rectangles (s1, t1, s2, t2) of the GUI sheet.
+    static Vector optionRect;
+    static Vector optionMarkRect;
+    static Vector checkRect;
+    static Vector checkMarkRect;
+    static Vector sliderRect;
+
+    /// Where the viewport is read from: OpenGL, unless a test answers instead.
+    static void (*readViewport)(std::int32_t (&viewport)[4]);
+
+protected:
+    struct Buttons {
+        bool left = false;
+        bool middle = false;
+        bool right = false;
+    };
+
+    GLWidget* parent;  // not owned
+    std::vector<std::string> texts;
+    std::int32_t current = 0;  ///< selected item of `texts`
+    std::int32_t age = 0;      ///< milliseconds
+    float depth = 0.0f;        ///< below -0.5: drawn after the siblings
+    float highlight = 0.0f;    ///< 0 to 1
+    float flash = 0.0f;        ///< 0 to 1
+    float level = 0.0f;
+    Buttons buttons;  ///< as of the last click event
+    Vector position;
+    Vector size;
+    Vector mouse;  ///< in the parent's coordinates
+    bool focus = false;
+    bool active = false;
+    bool clicked = false;
+    bool changed = false;
+    std::string text;
+    Theme* theme;  // not owned
+    std::string name;
+    bool dragging = false;
+    std::vector<GLWidget*> children;  // not owned; the order of every traversal
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "quarn2/texture.h"
+#include "quarn2/vector.h"
+
+/// How a widget looks. Lengths are GUI units unless stated. A new theme holds the built-in
+/// values with no texture loaded.
+class Theme {
+public:
+    Vector textColour{1.0f, 1.0f, 1.0f, 1.0f};
+    Vector lineColour{1.0f, 0.71f, 0.16f, 1.0f};
+    Vector fillColour{0.8f, 0.8f, 0.8f, 1.0f};
+    Vector fourthColour{0.3f, 0.3f, 0.3f, 1.0f};  ///< read and kept, drawn by nothing
+    float opacity = 1.0f;
+    float sixthValue = 0.8f;  ///< read and kept, used by nothing
+    float lineWidth = 2.0f;   ///< pixels
+    float border = 0.005f;
+    float corner = 0.1f;        ///< cut of an outline's corners, as a fraction of its height
+    float tenthValue = 0.003f;  ///< read and kept, used by nothing
+    Vector fontSize{0.04f, 0.05f, 0.0f, 1.0f};  ///< glyph width and height
+    float dim = 0.7f;                           ///< brightness away from the mouse
+    float bright = 1.0f;                        ///< brightness under the mouse
+    Vector pressOffset{0.005f, -0.005f, 0.0f, 1.0f};
+    float boxSize = 0.1f;                 ///< side of a tick box or knob
+    std::string textureName = "gui.tga";  ///< "NULL" for none
+    bool fade = true;                     ///< the highlight fades; off, it is always full
+    Texture image;
+
+    /// Fills `theme` from a theme file, reporting every value on standard error. A value that
+    /// is missing or malformed leaves the field as it was.
+    static void Read(Theme& theme, const std::string& path);
+
+    /// Gives `theme` the built-in values and loads their texture.
+    static void BuiltIn(Theme& theme);
+};

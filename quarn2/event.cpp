@@ -1,0 +1,9 @@
+#include "quarn2/event.h"
+
+#include "quarn2/trace.h"
+
+KeyboardEvent::KeyboardEvent() {
+    TraceFrame frame("KeyboardEvent", "KeyboardEvent");
+    down.fill(false);
+    pressed.fill(false);
+}

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "quarn2/trace.h"
+
+/// Base of the engine's long-lived objects: created with `new`, held in `Pointer`s and
+/// freed only by the two collector functions, never by hand.
+class MMObject {
+public:
+    MMObject();
+    virtual ~MMObject();
+    MMObject(const MMObject&) = delete;
+    MMObject& operator=(const MMObject&) = delete;
+
+    // Neither is virtual, and both test `shutdown` first: during the final sweep a Pointer
+    // may still refer to an object that is gone.
+    void AddRef();
+    /// Never frees: the count may reach zero, or fall below it when misused.
+    void Release();
+
+    /// Number of Pointers that refer to this object.
+    std::int32_t RefCount() const { return refcount; }
+
+    /// One pass in order of registration that frees every object with a count of zero or less.
+    static void CollectGarbage();
+    /// Frees every registered object. From then on no managed object can be made.
+    static void CollectAll();
+
+    /// Number of objects that await collection.
+    static std::size_t RegisteredCount();
+
+protected:
+    template <typename T>
+    friend class Pointer;
+
+    /// Release() without so much as looking at the object once the final sweep has begun.
+    static void ReleaseUnlessShutDown(MMObject* object) {
+        if (!shutdown)
+            object->Release();
+    }
+
+private:
+    static bool shutdown;
+
+    std::int32_t refcount = 0;
+};
+
+/// The only reference to a managed object of class T; counts, but never frees.
+template <typename T>
+class Pointer {
+public:
+    Pointer(T* object = nullptr) : obj(nullptr) {  // NOLINT(google-explicit-constructor)
+        TraceFrame frame("Pointer", "Pointer");    // kept: both names are the function's own
+        *this = object;
+    }
+    Pointer(const Pointer& other) : obj(nullptr) {
+        TraceFrame frame("Pointer", "Pointer");
+        *this = static_cast<T*>(other);
+    }
+    ~Pointer() {
+        TraceFrame frame("~Pointer", "~Pointer");
+        if (obj != nullptr)
+            MMObject::ReleaseUnlessShutDown(obj);
+    }
+
+    Pointer& operator=(T* object) {
+        TraceFrame frame("operator=", "Pointer");
+        // The old target is released first; self-assignment is harmless as that never frees.
+        if (obj != nullptr)
+            MMObject::ReleaseUnlessShutDown(obj);
+        obj = object;
+        if (obj != nullptr)
+            obj->AddRef();
+        return *this;
+    }
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): see above
+    Pointer& operator=(const Pointer& other) { return *this = other.obj; }
+
+    T* operator->() const {
+        TraceFrame frame("operator->", "Pointer");
+        Assert("quarn2/memory", 160, "obj!=NULL", obj != nullptr);
+        return obj;
+    }
+    operator T*() const {  // NOLINT(google-explicit-constructor)
+        TraceFrame frame("operator T*", "Pointer");
+        return obj;
+    }
+    bool operator==(const Pointer& other) const {
+        TraceFrame frame("operator==", "Pointer");
+        return obj == other.obj;
+    }
+    bool operator!() const {
+        TraceFrame frame("operator!", "Pointer");
+        return obj == nullptr;
+    }
+
+private:
+    T* obj;
+};
