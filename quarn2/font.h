@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// Draws text from one font file: a texture and a display list for each code 0 to 127.
+/// Lengths are font units (64 rasterised pixels) times the size.
+class FontRender {
+public:
+    /// Loads the font file and builds the glyph lists. A failure is one line on standard error.
+    [[nodiscard]] bool Init(const std::string& path);
+
+    /// @return true
+    bool SetSize(float x, float y);
+
+    /// Width of the widest line of the printf-style text.
+    float Length(const char* format, ...) __attribute__((format(printf, 2, 3)));
+
+    /// Draws the printf-style text, at most 8 KiB, at the current model-view position.
+    /// @return true
+    bool Print(const char* format, ...) __attribute__((format(printf, 2, 3)));
+
+    /// Pen advance of a code at size 1; 0 outside 0 to 127.
+    float Advance(int code) const {
+        return code >= 0 && code < kGlyphCount ? advances[code] : 0.0f;
+    }
+
+    static constexpr int kGlyphCount = 128;
+
+private:
+    friend class FontAccess;  // tests answer for the glyphs where there is no OpenGL
+
+    float sizeX = 1.0f;
+    float sizeY = 1.0f;
+    std::uint32_t listBase = 0;
+    float advances[kGlyphCount] = {};
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+class TextureData;
+
+/// The cache's key: a file and how it is uploaded.
+class TextureDetails {
+public:
+    TextureDetails(std::string file, std::int32_t uploadFlags);
+
+    bool operator==(const TextureDetails& other) const;
+
+    std::string filename;
+    /// 1: no mipmaps, and only the red channel; 2, 4: clamped in s, t; 16: floats as they are.
+    std::int32_t flags;
+};
+
+/// A handle to one OpenGL texture; files come through a process-wide cache. Needs a current
+/// OpenGL context. Deletes nothing.
+class Texture {
+public:
+    /// Takes the image of a file, loading it unless an equal key is cached.
+    [[nodiscard]] bool Load(const TextureDetails& details);
+    /// Uploads an image as a new OpenGL texture, past the cache.
+    /// @return true
+    bool Load(const TextureData& data, const TextureDetails& details);
+    /// @return true
+    bool Bind();
+
+    /// The OpenGL name; 0 when there is none.
+    std::uint32_t GetName() const { return name; }
+
+    /// How many handles share the OpenGL texture `textureName`.
+    static std::uint16_t ReferenceCount(std::uint32_t textureName);
+
+private:
+    std::uint32_t name = 0;
+};
