@@ -1,0 +1,6 @@
+#pragma once
+
+/// Loads the current OpenGL context's extensions. The program draws without them, yet does not
+/// start when they cannot be loaded.
+/// @return false after one line on standard error
+[[nodiscard]] bool InitExtensionLoader();

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "quarn2/event.h"
+#include "quarn2/eventcatcher.h"
+#include "quarn2/kernel.h"
+#include "quarn2/memory.h"
+
+/// Owns the window and its OpenGL context, presents each picture and notices the request to
+/// close the window. It draws nothing.
+class GLRender : public EventCatcher {
+public:
+    /// Subscribes itself.
+    explicit GLRender(const Pointer<Kernel>& k);
+
+    bool GotEvent(Event ev) override;
+
+    /// A failure is one line on standard error.
+    [[nodiscard]] bool OpenWindow(const std::string& caption, std::int32_t width,
+                                  std::int32_t height, std::int32_t bpp, bool fullscreen);
+    /// @return false when the user asked to close the window
+    [[nodiscard]] bool Update();
+    /// Presents what was drawn since the last call.
+    /// @return true
+    bool Render();
+    /// Closes the window.
+    /// @return true
+    bool Close();
+};
