@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 /// Draws text from one font file: a texture and a display list for each code 0 to 127.
 /// Lengths are font units (64 rasterised pixels) times the size.
@@ -29,6 +30,10 @@ public:
 
 private:
     friend class FontAccess;  // tests answer for the glyphs where there is no OpenGL
+
+    float LineLength(std::string_view line) const;
+    /// @param scratch  room for `text` and its end, zeroed
+    float LongestLine(std::string_view text, char* scratch) const;
 
     float sizeX = 1.0f;
     float sizeY = 1.0f;

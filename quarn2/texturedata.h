@@ -4,24 +4,57 @@
 #include <memory>
 #include <string>
 
+#include "quarn2/vector.h"
+
 /// An image in memory: RGBA pixels of 32-bit floats, nominally 0 to 1, row after row in the
 /// order in which the source delivers them. A plain value: a copy shares the array, which a
 /// loader or an operation that succeeds replaces by a new one.
 class TextureData {
 public:
+    /// An image's floats stay below 1 GiB.
+    static constexpr std::int64_t kMaxPixels = (std::int64_t{1} << 26) - 1;
+
     /// 2 by 2 pixels, zeroed.
     TextureData();
 
     /// Chooses a decoder by the path's text: "tga" anywhere in it first, then "png".
-    /// On failure writes one line on standard error and leaves the array as it was.
+    /// On failure writes one line on standard error and leaves the image as it was.
     [[nodiscard]] bool Load(const std::string& path);
 
     /// Run-length-encoded true-colour images (type 10) of 24 or 32 bits. Rows keep the file's
-    /// order, whatever its origin bit says.
+    /// order, whatever its origin bit says. Fails as Load does.
     [[nodiscard]] bool LoadTGA(const std::string& path);
 
+    /// 8-bit RGBA images without interlacing, top row first. Fails as Load does, after the
+    /// line that every load through zlib writes.
+    [[nodiscard]] bool LoadPNG(const std::string& path);
+
     /// Replaces the image by bytes of 3 (or, with `alpha`, 4) per pixel.
+    /// @return false for a size that is negative or above kMaxPixels
     bool Load(int newWidth, int newHeight, bool alpha, const std::uint8_t* bytes);
+
+    // The procedural operations; each returns true. Perlin, Blur and Blend see the array as
+    // `width` rows of `height` pixels; Translate as `height` rows of `width`, like the loaders.
+
+    /// Replaces the image by opaque black pixels.
+    bool Blank(int newWidth, int newHeight);
+    /// Every colour channel, and with `alpha` the alpha channel, becomes 1 less its value.
+    bool Invert(bool alpha);
+    /// Adds fractal value noise to red, then copies red to green and blue. Does not clamp.
+    bool Perlin(int octaves, float frequency, float amplitude, float frequencyFactor,
+                float amplitudeFactor);
+    /// Clamps red, green and blue to 0 to 1.
+    bool Clamp();
+    /// Rescales red to 0 to 1 over the image's range and copies it to green and blue. An image
+    /// of constant red stays as it is.
+    bool ScaleClamp();
+    /// Smooths all channels with an exponential kernel of `radius` pixels to either side.
+    bool Blur(int radius);
+    /// Shifts the image right by `dx` and away from row 0 by `dy`, without wrapping round.
+    bool Translate(int dx, int dy, const Vector& fill);
+    /// Replaces the image by the clamped sum of itself and `other`, scaled to its size, each
+    /// weighted by its mode (0 to 9).
+    bool Blend(int mode, int otherMode, const TextureData& other);
 
     int GetWidth() const { return width; }
     int GetHeight() const { return height; }
@@ -30,6 +63,9 @@ public:
     int GetBitsPerPixel() const { return 32; }
 
 private:
+    /// An uninitialised array for an image of that size.
+    static std::shared_ptr<float[]> NewPixels(std::int64_t width, std::int64_t height);
+
     std::int32_t width = 2;
     std::int32_t height = 2;
     std::shared_ptr<float[]> data;

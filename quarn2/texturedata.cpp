@@ -1,0 +1,45 @@
+#include "quarn2/texturedata.h"
+
+#include <cstddef>
+#include <iostream>
+#include <utility>
+
+#include "quarn2/trace.h"
+#include "quarn2/unitbyte.h"
+
+TextureData::TextureData() : data(std::make_shared<float[]>(std::size_t{2} * 2 * 4)) {}
+
+std::shared_ptr<float[]> TextureData::NewPixels(std::int64_t width, std::int64_t height) {
+    return std::make_shared_for_overwrite<float[]>(static_cast<std::size_t>(width * height * 4));
+}
+
+bool TextureData::Load(const std::string& path) {
+    TraceFrame frame("Load", "TextureData");
+    // "tga" first: in a folder whose name holds it, every file is one.
+    if (path.find("tga") != std::string::npos)
+        return LoadTGA(path);
+    std::cerr << path << ": Unsupported texture format\n";
+    return false;
+}
+
+bool TextureData::Load(int newWidth, int newHeight, bool alpha, const std::uint8_t* bytes) {
+    TraceFrame frame("Load", "TextureData");
+    const std::int64_t pixels = std::int64_t{newWidth} * newHeight;
+    if (newWidth < 0 || newHeight < 0 || pixels > kMaxPixels) {
+        std::cerr << "An image of " << newWidth << " x " << newHeight
+                  << " pixels cannot be held: the limit is " << kMaxPixels << " pixels\n";
+        return false;
+    }
+    std::shared_ptr<float[]> loaded = NewPixels(newWidth, newHeight);
+    float* out = loaded.get();
+    for (std::int64_t pixel = 0; pixel < pixels; ++pixel) {
+        *out++ = kUnitOfByte[*bytes++];
+        *out++ = kUnitOfByte[*bytes++];
+        *out++ = kUnitOfByte[*bytes++];
+        *out++ = alpha ? kUnitOfByte[*bytes++] : 1.0f;
+    }
+    width = newWidth;
+    height = newHeight;
+    data = std::move(loaded);
+    return true;
+}
