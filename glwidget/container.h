@@ -1,0 +1,49 @@
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include "quarn2/vector.h"
+
+class Button;
+class GLWidget;
+class Theme;
+
+/// What all widgets that hold others do alike.
+namespace container {
+
+using Children = std::span<GLWidget* const>;
+
+/// Hands a click to every child in order. When a unique child was clicked, the last such one,
+/// every other child is told, whatever its sort: containers among them tell theirs, so that a
+/// group of options reaches into nested containers.
+void Click(Children children, bool left, bool middle, bool right);
+
+/// Hands a mouse position, in the children's coordinates, to every child in order.
+void MoveMouse(Children children, float x, float y);
+
+/// Tells every child that `other` became the active one.
+void PassFocussed(Children children, GLWidget* other);
+
+bool AnyHasFocus(Children children);
+
+/// Draws the children around the model-view origin in two layers, so that what is opened over
+/// its neighbours lies on top: depth above -0.5 first, below -0.5 last.
+void Render(Children children);
+
+/// The margin between a container's corner and its inner origin.
+float InnerMargin(const Theme& theme);
+
+/// The area that a window's children may be dragged in, from the window's box.
+Vector ValidArea(const Vector& position, const Vector& size, const Theme& theme);
+
+}  // namespace container
+
+/// Deletes a widget whose owner is another widget and clears the registry entry that still
+/// leads to it.
+struct UnregisterAndDelete {
+    void operator()(GLWidget* widget) const;
+};
+
+/// A button that is a part of another widget.
+using OwnedButton = std::unique_ptr<Button, UnregisterAndDelete>;

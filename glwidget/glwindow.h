@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "glwidget/glwidget.h"
+
+/// A titled panel, which the user drags by its title bar when it is movable. A window with a
+/// parent stays inside the parent's valid area.
+class GLWindow : public GLWidget {
+public:
+    GLWindow(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+             const std::string& title, bool movable);
+
+    /// @return false while a child has the focus
+    bool MouseClick(bool left, bool middle, bool right) override;
+    using GLWidget::MouseMove;
+    bool MouseMove(float x, float y) override;
+    void Render() override;
+    std::string GetType() override { return "GLWindow"; }
+    /// Widens the window to its title.
+    bool AddChild(GLWidget* child) override;
+    Vector GetValidArea() override;
+    bool Solidify() override;
+    void SetFocussed(GLWidget* other) override;
+    /// Over the title bar of a movable window.
+    bool Within() override;
+
+protected:
+    /// Fills the panel and draws its outline, around the model-view origin.
+    void DrawPanel();
+    /// Draws a line across the panel, `y` above its middle.
+    void DrawSeparator(float y) const;
+    void DrawChildren() const;
+
+private:
+    float TitleWidth() const;
+    void DragTo(const Vector& point);
+
+    bool movable;
+    bool textured = false;
+    Vector grab{0.0f, 0.0f};  // mouse at the last move
+};

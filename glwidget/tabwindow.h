@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "glwidget/container.h"
+#include "glwidget/glwindow.h"
+
+/// A window whose content is switched by a row of buttons. While it is built all tabs' widgets
+/// are its children; from Solidify on only the shown tab's are.
+class TabWindow : public GLWindow {
+public:
+    TabWindow(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme);
+    ~TabWindow() override;
+
+    /// Renames a tab; an unknown index does nothing.
+    void SetTabText(int index, const std::string& newText) override;
+    bool MouseClick(bool left, bool middle, bool right) override;
+    using GLWidget::MouseMove;
+    bool MouseMove(float x, float y) override;
+    bool Update(int milliseconds) override;
+    void Render() override;
+    /// Moves the row of buttons too.
+    Vector operator+=(const Vector& offset) override;
+    std::string GetType() override { return "TabWindow"; }
+    /// Shows the first tab and lays the row of buttons along the top.
+    bool Solidify() override;
+    /// Makes tab `index` an empty one of this title and rebuilds all buttons. An index that no
+    /// tab can have is one line on standard error.
+    bool AddTab(int index, const std::string& title) override;
+    /// Puts a widget on tab `index`, which need not have been added. An index that no tab can
+    /// have is one line on standard error, and the widget stays outside.
+    bool AddToTab(int index, GLWidget* widget) override;
+
+    /// Tabs that one window may have.
+    static constexpr int kMostTabs = 64;
+
+private:
+    struct Tab {
+        std::string name;
+        std::vector<GLWidget*> widgets;  // not owned
+        OwnedButton button;              // null while only AddToTab knows the tab
+    };
+
+    /// Extends the list to hold the index. @return whether a tab may have it
+    bool EnsureTab(int index);
+    void RebuildButtons();
+    /// Widens the window to its row of buttons.
+    void FitButtons();
+    void Show(const Tab& tab) { children = tab.widgets; }
+
+    std::vector<Tab> tabs;
+    std::uint32_t current = 0;  // the shown tab; the base's own counts item texts
+};
