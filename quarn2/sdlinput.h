@@ -1,14 +1,13 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "quarn2/event.h"
 #include "quarn2/eventcatcher.h"
 #include "quarn2/kernel.h"
 #include "quarn2/memory.h"
-
-union SDL_Event;
 
 /// Turns the window system's input into key and mouse events. While it handles an update event
 /// it sends one key event, changed or not, and one mouse event if the mouse did anything.
@@ -38,7 +37,9 @@ private:
     };
 
     bool DrainQueue();
-    bool TakeEvent(const SDL_Event& event);
+    void TakeKey(std::size_t index, bool down);
+    void TakeButton(int button, bool down);
+    static bool Advance(Key& key, std::uint32_t milliseconds);
     bool SendKeys(std::uint32_t milliseconds);
     bool SendMouse();
     void HoldPointer();

@@ -1,0 +1,12 @@
+#include "quarn2/eventcatcher.h"
+
+#include "quarn2/kernel.h"
+#include "quarn2/trace.h"
+
+EventCatcher::EventCatcher(const Pointer<Kernel>& newKernel) : kernel(newKernel) {
+    TraceFrame frame("EventCatcher", "EventCatcher");
+}
+
+EventCatcher::~EventCatcher() {
+    TraceFrame frame("~EventCatcher", "EventCatcher");
+}

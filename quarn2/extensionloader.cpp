@@ -1,0 +1,17 @@
+#include "quarn2/extensionloader.h"
+
+#include <GL/glew.h>
+
+#include <iostream>
+
+#include "quarn2/trace.h"
+
+bool InitExtensionLoader() {
+    TraceFrame frame("InitExtensionLoader", "");
+    const GLenum result = glewInit();
+    // A context without GLX has its functions loaded all the same.
+    if (result == GLEW_OK || result == GLEW_ERROR_NO_GLX_DISPLAY)
+        return true;
+    std::cerr << "error initialising GLee\n";
+    return false;
+}
