@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
+#include <iosfwd>
 #include <list>
 #include <map>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,9 +29,9 @@ public:
 
     // The order of the virtual operations is the toolkit's own and is kept.
     virtual ~GLWidget();
-    virtual void SetTabText(int index, const std::string& newText);
-    virtual void SetText(const std::string& newText);
-    virtual bool AddText(const std::string& newText);
+    virtual void SetTabText(int index, std::string_view newText);
+    virtual void SetText(std::string_view newText);
+    virtual bool AddText(std::string_view newText);
     /// Moves `child`, which sits at the inner origin, to this widget's centre.
     virtual bool Centre(GLWidget* child, bool inX, bool inY);
     /// @return whether this widget was clicked
@@ -53,7 +54,7 @@ public:
     virtual bool Solidify();
     /// Tells a unique widget that `other` became the active one.
     virtual void SetFocussed(GLWidget* other) = 0;
-    virtual bool AddTab(int index, const std::string& title);
+    virtual bool AddTab(int index, std::string_view title);
     virtual bool AddToTab(int index, GLWidget* widget);
     /// Whether the mouse is over this widget.
     virtual bool Within();
@@ -78,7 +79,7 @@ public:
     void SetLevel(float newLevel);
     bool Dragging() const { return dragging; }
     /// The selected item's text, or the empty string.
-    std::string GetCurrentText() const;
+    const std::string& GetCurrentText() const;
     const std::string& GetText() const { return text; }
     const std::string& GetName() const { return name; }
 
@@ -98,16 +99,27 @@ public:
     /// @param buttons  1 OK; 3 OK, Cancel; 12 Yes, No; 14 Yes, No, Cancel
     static bool MessageBox(const std::string& message, int buttons);
 
-    /// Reads the toolkit configuration: font, sheet rectangles, fade rate.
+    /// Reads the toolkit configuration: font, sheet rectangles, fade rate. A value that is
+    /// missing or malformed stays as it was.
     static bool Init(const std::string& path);
+    static bool Init(std::istream& file);
     /// Builds the widgets of a layout file.
     static bool StartGUI(const std::string& path);
     static bool Quit();
 
+    /// Registers a new theme of the built-in values, without a texture, under `themeName`. An
+    /// earlier one of that name stays alive for the widgets that draw with it.
+    static Theme* NewTheme(std::string_view themeName);
+    /// The theme of that name; on first use it is made and read from `file`.
+    static Theme* ThemeNamed(std::string_view themeName, const std::string& file);
+
+    /// Deletes a widget and, unless another took it over, clears its tag. Its children stay.
+    static void Destroy(GLWidget* widget);
+
     // Shared by all widgets. The containers are never destroyed, so that what they hold stays
     // reachable until the process is gone.
     using TagMap = std::map<std::string, GLWidget*, std::less<>>;
-    using ThemeMap = std::map<std::string, std::unique_ptr<Theme>, std::less<>>;
+    using ThemeMap = std::map<std::string, Theme*, std::less<>>;  ///< never freed
     static TagMap& tags;
     static ThemeMap& themes;
     static std::list<GLWidget*>& widgets;  ///< top level, in order of creation
@@ -129,6 +141,9 @@ public:
 
     /// Where the viewport is read from: OpenGL, unless a test answers instead.
     static void (*readViewport)(std::int32_t (&viewport)[4]);
+
+    /// Half the screen's width in GUI units; half its height is `guiScale`.
+    static float HalfWidth();
 
 protected:
     struct Buttons {
@@ -158,4 +173,16 @@ protected:
     std::string name;
     bool dragging = false;
     std::vector<GLWidget*> children;  // not owned; the order of every traversal
+
+private:
+    /// Ends the open message box once one of its buttons was clicked.
+    static void CompleteMessageBox();
+    /// Takes `gone` out of every living widget's children and parent link.
+    static void Forget(const GLWidget* gone);
+
+    // What the toolkit made and did not free, in or out of the tree, can be reached from here.
+    static std::list<GLWidget*>& living;
+    static std::deque<Theme>& ownedThemes;
+
+    std::list<GLWidget*>::iterator livingPlace;  ///< in `living`
 };

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "glwidget/glwidget.h"
+
+/// A push button with a caption or, with an empty one, an image. `clicked` is raised by the
+/// press, `active` holds while the button is held down.
+class Button : public GLWidget {
+public:
+    Button(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+           const std::string& caption);
+    /// Shows the whole of the theme's image.
+    Button(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+           const Vector& size);
+
+    /// @return false
+    bool MouseClick(bool left, bool middle, bool right) override;
+    void Render() override;
+    std::string GetType() override { return "Button"; }
+    void SetFocussed(GLWidget*) override {}
+
+private:
+    void DrawBox();
+    void DrawCaption();
+
+    Texture image;
+};

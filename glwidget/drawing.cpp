@@ -1,0 +1,128 @@
+#include "glwidget/drawing.h"
+
+#include <GL/gl.h>
+
+#include "glwidget/glwidget.h"
+
+namespace {
+
+void AppendEscaped(std::string& result, const std::string& text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        result += text[i];
+        if (text[i] != '%')
+            continue;
+        result += '%';
+        if (i + 1 < text.size() && text[i + 1] == '%')
+            ++i;
+    }
+}
+
+/// The text as a format, valid until the next call. One buffer for all, which grows to the
+/// longest text with a "%" and is then never allocated again.
+const char* AsFormat(const std::string& text) {
+    if (text.find('%') == std::string::npos)
+        return text.c_str();
+    static std::string& buffer = *new std::string;
+    buffer.clear();
+    AppendEscaped(buffer, text);
+    return buffer.c_str();
+}
+
+void UseFontOf(const Theme& theme) {
+    GLWidget::font.SetSize(theme.fontSize.x, theme.fontSize.y);
+}
+
+}  // namespace
+
+MatrixScope::MatrixScope() {
+    glPushMatrix();
+}
+
+MatrixScope::~MatrixScope() {
+    glPopMatrix();
+}
+
+void EnableBlending() {
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+}
+
+void SetTexturing(bool on) {
+    if (on)
+        glEnable(GL_TEXTURE_2D);
+    else
+        glDisable(GL_TEXTURE_2D);
+}
+
+void SetDepthTest(bool on) {
+    if (on)
+        glEnable(GL_DEPTH_TEST);
+    else
+        glDisable(GL_DEPTH_TEST);
+}
+
+void Translate(float x, float y) {
+    glTranslatef(x, y, 0.0f);
+}
+
+float Brightness(const Theme& theme, float highlight) {
+    return (1.0f - highlight) * theme.dim + highlight * theme.bright;
+}
+
+void SetColour(const Vector& colour, float brightness, float alpha) {
+    glColor4f(brightness * colour.x, brightness * colour.y, brightness * colour.z, alpha);
+}
+
+void SetPolygonMode(PolygonMode mode) {
+    glPolygonMode(GL_FRONT_AND_BACK, mode == PolygonMode::Fill ? GL_FILL : GL_LINE);
+}
+
+void DrawOutline(float width, float height, float cut) {
+    const float right = width / 2.0f;
+    const float left = -right;
+    const float top = height / 2.0f;
+    const float bottom = -top;
+    const float side = cut * height;
+    const auto corner = [](float s, float t, float x, float y) {
+        glTexCoord2f(s, t);
+        glVertex2f(x, y);
+    };
+    glBegin(GL_POLYGON);
+    corner(0.0f, 0.0f, left, bottom);
+    corner(0.0f, 1.0f - cut, left, top - side);
+    corner(cut, 1.0f, left + side, top);
+    corner(1.0f, 1.0f, right, top);
+    corner(1.0f, cut, right, bottom + side);
+    corner(1.0f, 0.0f, right - side, bottom);
+    corner(0.0f, 0.0f, left, bottom);
+    glEnd();
+}
+
+void DrawSheetQuad(const Vector& corner, float side, const Vector& rect) {
+    glBegin(GL_QUADS);
+    glTexCoord2f(rect.x, rect.y);
+    glVertex2f(corner.x, corner.y);
+    glTexCoord2f(rect.x, rect.w);
+    glVertex2f(corner.x, corner.y + side);
+    glTexCoord2f(rect.z, rect.w);
+    glVertex2f(corner.x + side, corner.y + side);
+    glTexCoord2f(rect.z, rect.y);
+    glVertex2f(corner.x + side, corner.y);
+    glEnd();
+}
+
+float MeasureText(const Theme& theme, const std::string& text) {
+    UseFontOf(theme);
+    return GLWidget::font.Length(AsFormat(text));
+}
+
+void PrintText(const Theme& theme, const std::string& text) {
+    UseFontOf(theme);
+    GLWidget::font.Print(AsFormat(text));
+}
+
+std::string EscapeFormat(const std::string& text) {
+    std::string result;
+    AppendEscaped(result, text);
+    return result;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+
+#include "glwidget/theme.h"
+#include "quarn2/vector.h"
+
+// What the widgets share in drawing and in measuring their texts.
+
+/// Saves the current matrix and brings it back on every way out.
+class MatrixScope {
+public:
+    MatrixScope();
+    ~MatrixScope();
+    MatrixScope(const MatrixScope&) = delete;
+    MatrixScope& operator=(const MatrixScope&) = delete;
+};
+
+/// Source alpha over one minus source alpha.
+void EnableBlending();
+void SetTexturing(bool on);
+void SetDepthTest(bool on);
+
+void Translate(float x, float y);
+
+/// Brightness between the theme's `dim` and, at full highlight, its `bright`.
+float Brightness(const Theme& theme, float highlight);
+
+/// The colour's red, green and blue times `brightness`.
+void SetColour(const Vector& colour, float brightness = 1.0f, float alpha = 1.0f);
+
+/// Whether outlines are drawn filled or as their edges. Leave it at Fill.
+enum class PolygonMode { Fill, Line };
+void SetPolygonMode(PolygonMode mode);
+
+/// A box centred at the origin with the top left and the bottom right corner cut.
+/// @param cut  as a fraction of the height, in both directions: the cut stays square
+void DrawOutline(float width, float height, float cut);
+
+/// A square of the GUI sheet.
+/// @param corner  lower left
+/// @param rect    texture coordinates (s1, t1, s2, t2)
+void DrawSheetQuad(const Vector& corner, float side, const Vector& rect);
+
+// A widget's own text is shown as it is: "%%" and a lone "%" both as "%", where the font reads
+// a format. Both set the shared font's size from the theme first, whoever used it last.
+
+/// Width of the widest line.
+float MeasureText(const Theme& theme, const std::string& text);
+/// Draws at the current model-view position in the current colour.
+void PrintText(const Theme& theme, const std::string& text);
+
+/// `text` with each "%" doubled that is not half of a "%%" pair; nothing else changes.
+std::string EscapeFormat(const std::string& text);

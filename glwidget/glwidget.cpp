@@ -1,0 +1,350 @@
+#include "glwidget/glwidget.h"
+
+#include <GL/gl.h>
+
+#include <algorithm>
+#include <iostream>
+
+#include "quarn2/trace.h"
+
+namespace {
+
+/// At or below this a highlight or a flash has faded out.
+constexpr float kFaded = 0.0001f;
+
+/// A position beyond this, far outside the screen, asks for the screen's edge on that side.
+constexpr float kEdgeThreshold = 90.0f;
+
+void ReadViewportFromGL(std::int32_t (&viewport)[4]) {
+    static_assert(sizeof(GLint) == sizeof(std::int32_t));
+    glGetIntegerv(GL_VIEWPORT, viewport);
+}
+
+}  // namespace
+
+GLWidget::TagMap& GLWidget::tags = *new TagMap;
+GLWidget::ThemeMap& GLWidget::themes = *new ThemeMap;
+std::list<GLWidget*>& GLWidget::widgets = *new std::list<GLWidget*>;
+FontRender& GLWidget::font = *new FontRender;
+std::int32_t GLWidget::viewport[4] = {};
+std::uint32_t GLWidget::msgboxResult = 0;
+bool GLWidget::rendering = false;
+float GLWidget::fadeRate = 0.005f;
+float GLWidget::guiScale = 1.3f;
+Theme* GLWidget::currentTheme = nullptr;
+Vector GLWidget::optionRect;
+Vector GLWidget::optionMarkRect;
+Vector GLWidget::checkRect;
+Vector GLWidget::checkMarkRect;
+Vector GLWidget::sliderRect;
+void (*GLWidget::readViewport)(std::int32_t (&)[4]) = ReadViewportFromGL;
+std::list<GLWidget*>& GLWidget::living = *new std::list<GLWidget*>;
+std::deque<Theme>& GLWidget::ownedThemes = *new std::deque<Theme>;
+
+GLWidget::GLWidget(const std::string& widgetName, GLWidget* widgetParent,
+                   const Vector& widgetPosition, Theme* widgetTheme)
+    : parent(widgetParent),
+      position(widgetPosition),
+      theme(widgetTheme != nullptr ? widgetTheme : themes["default"]),
+      name(widgetName),
+      livingPlace(living.insert(living.end(), this)) {
+    TraceFrame frame("GLWidget", "GLWidget");
+    Assert("glwidget", __LINE__, "theme != NULL", theme != nullptr);
+    tags[name] = this;
+    font.SetSize(theme->fontSize.x, theme->fontSize.y);
+    // kept: any widget's construction clears the answer, which is read before widgets are made
+    msgboxResult = 0;
+    rendering = false;
+    readViewport(viewport);
+}
+
+GLWidget::~GLWidget() {
+    living.erase(livingPlace);
+}
+
+void GLWidget::SetTabText(int, std::string_view) {}
+
+void GLWidget::SetText(std::string_view newText) {
+    TraceFrame frame("SetText", "GLWidget");
+    text = newText;
+}
+
+bool GLWidget::AddText(std::string_view newText) {
+    TraceFrame frame("AddText", "GLWidget");
+    texts.emplace_back(newText);
+    return true;
+}
+
+bool GLWidget::Centre(GLWidget* child, bool inX, bool inY) {
+    TraceFrame frame("Centre", "GLWidget");
+    Assert("glwidget/glwidget", 679, "child != 0", child != nullptr);
+    const Vector outer = Getbbox();
+    const Vector inner = child->Getbbox();
+    const float margins = 6.0f * theme->border;
+    const float title = 2.0f * theme->fontSize.y;
+    const float dx = (outer.z - outer.x - margins) / 2.0f - (inner.z - inner.x) / 2.0f;
+    const float dy = (outer.w - outer.y - title - margins) / 2.0f - (inner.w - inner.y) / 2.0f;
+    if (inX)
+        *child += Vector(dx, 0.0f);
+    if (inY)
+        *child += Vector(0.0f, dy);
+    return true;
+}
+
+bool GLWidget::MouseMove(const Vector& screen) {
+    TraceFrame frame("MouseMove", "GLWidget");
+    const auto width = static_cast<float>(viewport[2]);
+    const auto height = static_cast<float>(viewport[3]);
+    mouse = Vector((2.0f * screen.x / width - 1.0f) * guiScale * width / height,
+                   (1.0f - 2.0f * screen.y / height) * guiScale);
+    return MouseMove(mouse.x, mouse.y);
+}
+
+bool GLWidget::TextKeyPress(const KeyFlags& keys) {
+    TraceFrame frame("TextKeyPress", "GLWidget");
+    for (GLWidget* child : children)
+        child->TextKeyPress(keys);
+    return true;
+}
+
+bool GLWidget::MouseMove(float x, float y) {
+    TraceFrame frame("MouseMove", "GLWidget");
+    mouse = Vector(x, y);
+    focus = Within();
+    for (GLWidget* child : children)
+        child->MouseMove(x, y);
+    return true;
+}
+
+bool GLWidget::Update(int milliseconds) {
+    TraceFrame frame("Update", "GLWidget");
+    // Unsigned, so that an age of 24 days wraps instead of overflowing.
+    age = static_cast<std::int32_t>(static_cast<std::uint32_t>(age)
+                                    + static_cast<std::uint32_t>(milliseconds));
+    const float step = static_cast<float>(milliseconds) * fadeRate;
+    if (!theme->fade)
+        highlight = 1.0f;
+    else if (focus)
+        highlight = highlight < 1.0f ? highlight + step : 1.0f;
+    else
+        highlight = highlight > kFaded ? highlight - step : 0.0f;
+    flash = flash > kFaded ? flash - step : 0.0f;
+    for (GLWidget* child : children)
+        child->Update(milliseconds);
+    return true;
+}
+
+Vector GLWidget::operator+=(const Vector& offset) {
+    TraceFrame frame("operator+=", "GLWidget");
+    position += offset;
+    return position;
+}
+
+bool GLWidget::Unique() {
+    return false;
+}
+
+std::string GLWidget::GetType() {
+    return "GLWidget";
+}
+
+bool GLWidget::AddChild(GLWidget* a) {
+    TraceFrame frame("AddChild", "GLWidget");
+    Assert("glwidget/glwidget", 763, "a != 0", a != nullptr);
+    children.push_back(a);
+    const auto first = std::find_if(children.begin(), children.end(),
+                                    [](GLWidget* child) { return child->Unique(); });
+    if (first == children.end())
+        return true;
+    // kept: every addition sets the group back to its first member
+    (*first)->Enable();
+    for (auto other = first + 1; other != children.end(); ++other) {
+        if ((*other)->Unique())
+            (*other)->SetFocussed(*first);
+    }
+    return true;
+}
+
+Vector GLWidget::Getbbox() {
+    return {position.x, position.y, position.x + size.x, position.y + size.y};
+}
+
+Vector GLWidget::GetValidArea() {
+    return {0.0f, 0.0f, 0.0f, 0.0f};
+}
+
+bool GLWidget::Solidify() {
+    TraceFrame frame("Solidify", "GLWidget");
+    for (GLWidget* child : children)
+        child->Solidify();
+    const float margin = theme->border;
+    for (GLWidget* child : children) {
+        const Vector box = child->Getbbox();
+        size.x = std::max(size.x, box.z + 6.0f * margin);
+        size.y = std::max(size.y, box.w + 6.0f * margin);
+    }
+    if (position.x > kEdgeThreshold)
+        position.x = HalfWidth() - size.x - 3.0f * margin;
+    if (position.x < -kEdgeThreshold)
+        position.x = -HalfWidth() + 3.0f * margin;
+    if (position.y > kEdgeThreshold)
+        position.y = guiScale - size.y - 3.0f * margin;
+    if (position.y < -kEdgeThreshold)
+        position.y = -guiScale + 3.0f * margin;
+    return true;
+}
+
+bool GLWidget::AddTab(int, std::string_view) {
+    return true;
+}
+
+bool GLWidget::AddToTab(int, GLWidget*) {
+    return true;
+}
+
+bool GLWidget::Within() {
+    const Vector box = Getbbox();
+    return mouse.x >= box.x && mouse.x <= box.z && mouse.y >= box.y && mouse.y <= box.w;
+}
+
+bool GLWidget::Enable() {
+    active = true;
+    flash = 0.0f;
+    return true;
+}
+
+bool GLWidget::Focus() {
+    focus = true;
+    highlight = 1.0f;
+    return true;
+}
+
+bool GLWidget::BeenClicked() {
+    const bool was = clicked;
+    clicked = false;
+    return was;
+}
+
+bool GLWidget::BeenChanged() {
+    const bool was = changed;
+    changed = false;
+    return was;
+}
+
+void GLWidget::SetLevel(float newLevel) {
+    level = std::clamp(newLevel, 0.0f, 1.0f);
+}
+
+const std::string& GLWidget::GetCurrentText() const {
+    static const std::string& none = *new std::string;
+    const auto index = static_cast<std::size_t>(current);
+    return current >= 0 && index < texts.size() ? texts[index] : none;
+}
+
+bool GLWidget::MouseMoveWidgets(const Vector& screen) {
+    TraceFrame frame("MouseMoveWidgets", "GLWidget");
+    for (GLWidget* widget : widgets)
+        widget->MouseMove(screen);
+    return true;
+}
+
+bool GLWidget::MouseClickWidgets(bool left, bool middle, bool right) {
+    TraceFrame frame("MouseClickWidgets", "GLWidget");
+    for (GLWidget* widget : widgets)
+        widget->MouseClick(left, middle, right);
+    return true;
+}
+
+bool GLWidget::TextKeyPressWidgets(const KeyFlags& keys) {
+    TraceFrame frame("TextKeyPressWidgets", "GLWidget");
+    for (GLWidget* widget : widgets)
+        widget->TextKeyPress(keys);
+    return true;
+}
+
+bool GLWidget::UpdateWidgets(int milliseconds) {
+    TraceFrame frame("UpdateWidgets", "GLWidget");
+    for (GLWidget* widget : widgets)
+        widget->Update(milliseconds);
+    CompleteMessageBox();
+    return true;
+}
+
+bool GLWidget::RenderWidgets() {
+    TraceFrame frame("RenderWidgets", "GLWidget");
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    const double halfWidth = HalfWidth();
+    const double halfHeight = guiScale;
+    glOrtho(-halfWidth, halfWidth, -halfHeight, halfHeight, -1.0, 1.0);
+    glMatrixMode(GL_MODELVIEW);
+
+    glPushAttrib(GL_ENABLE_BIT);
+    glDisable(GL_LIGHTING);
+    glDisable(GL_COLOR_MATERIAL);
+    glEnable(GL_TEXTURE_2D);
+    glDisable(GL_BLEND);
+    glEnable(GL_DEPTH_TEST);
+
+    rendering = true;
+    for (GLWidget* widget : widgets)
+        widget->Render();
+    rendering = false;
+
+    glPopAttrib();
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    return true;
+}
+
+GLWidget* GLWidget::GetByTag(std::string_view tag, bool complain) {
+    TraceFrame frame("GetByTag", "GLWidget");
+    auto entry = tags.find(tag);
+    // kept: asking for an unknown tag gives it an empty entry
+    if (entry == tags.end())
+        entry = tags.emplace(tag, nullptr).first;
+    if (complain && entry->second == nullptr) {
+        std::cerr << "Invalid Tag Widget: '" << tag << "'\n";
+        Assert("glwidget/glwidget", 539, "tags[Tag] != NULL", false);
+    }
+    return entry->second;
+}
+
+Theme* GLWidget::NewTheme(std::string_view themeName) {
+    Theme* const theme = &ownedThemes.emplace_back();
+    themes.insert_or_assign(std::string(themeName), theme);
+    return theme;
+}
+
+Theme* GLWidget::ThemeNamed(std::string_view themeName, const std::string& file) {
+    TraceFrame frame("ThemeNamed", "GLWidget");
+    const auto known = themes.find(themeName);
+    if (known != themes.end() && known->second != nullptr)
+        return known->second;
+    Theme* const theme = NewTheme(themeName);
+    Theme::Read(*theme, file);
+    return theme;
+}
+
+void GLWidget::Destroy(GLWidget* widget) {
+    if (widget == nullptr)
+        return;
+    const auto entry = tags.find(widget->name);
+    if (entry != tags.end() && entry->second == widget)
+        entry->second = nullptr;
+    delete widget;
+}
+
+void GLWidget::Forget(const GLWidget* gone) {
+    for (GLWidget* widget : living) {
+        std::erase(widget->children, gone);
+        if (widget->parent == gone)
+            widget->parent = nullptr;
+    }
+}
+
+float GLWidget::HalfWidth() {
+    return static_cast<float>(viewport[2]) / static_cast<float>(viewport[3]) * guiScale;
+}
