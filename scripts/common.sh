@@ -1,0 +1,119 @@
+# What ./play and ./check share. Sourced by scripts that stand in the root of the tree and
+# have set -euo pipefail.
+# shellcheck shell=bash
+
+die() {
+    printf '%s: %s\n' "$(basename "$0")" "$1" >&2
+    exit 1
+}
+
+# packages SECTION...: the names listed in these sections of packages.txt.
+packages() {
+    local section
+    for section; do
+        awk -v wanted="[$section]" \
+            '/^\[/ { reading = $1 == wanted; next } reading && NF && !/^#/ { print $1 }' \
+            packages.txt
+    done
+}
+
+# missing_packages SECTION...: those of them that are not installed.
+missing_packages() {
+    local names installed name
+    mapfile -t names < <(packages "$@")
+    # dpkg-query fails when it does not know one of the names, and still reports the others.
+    installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "${names[@]}" 2>/dev/null) ||
+        true
+    for name in "${names[@]}"; do
+        grep -qFx "$name installed" <<<"$installed" || printf '%s\n' "$name"
+    done
+}
+
+# install_missing SECTION...: silent and quick when nothing is missing.
+install_missing() {
+    command -v dpkg-query >/dev/null || die "packages are installed with Debian's tools, which are not here"
+    local missing run=()
+    mapfile -t missing < <(missing_packages "$@")
+    ((${#missing[@]})) || return 0
+    echo "Installing: ${missing[*]}"
+    if ((EUID != 0)); then
+        command -v sudo >/dev/null || die "only root can install: ${missing[*]}"
+        run=(sudo)
+    fi
+    run+=(env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300)
+    "${run[@]}" update
+    "${run[@]}" install -y --no-install-recommends "${missing[@]}" </dev/null
+}
+
+# own_sources PATTERN...: the files of the tree with such a name, each ended by a NUL. What is
+# built or fetched lies in folders of its own.
+own_sources() {
+    local names=() pattern
+    for pattern; do
+        names+=(-o -name "$pattern")
+    done
+    find . \( -path ./build -o -path './.*' \) -prune -o \( "${names[@]:1}" \) -type f -print0
+}
+
+# start_display SIZE: a virtual display of SIZE (800x600x24), ended when the script ends. The
+# server chooses its own number and tells it once it accepts connections, so displays
+# started at the same time never meet and nothing has to wait. -noreset keeps it alive
+# between the programs that use it.
+start_display() {
+    local server_output number log=build/display.log
+    mkdir -p build
+    exec {server_output}< <(exec Xvfb -displayfd 1 -screen 0 "$1" -noreset -nolisten tcp 2>"$log")
+    display_pid=$!
+    trap end_display EXIT
+    read -r number <&"$server_output" || die "the virtual display did not start, see $log"
+    exec {server_output}<&-
+    export DISPLAY=":$number" SDL_VIDEODRIVER=x11 LIBGL_ALWAYS_SOFTWARE=1
+    unset WAYLAND_DISPLAY
+}
+
+end_display() {
+    kill "$display_pid" 2>/dev/null || true
+    wait "$display_pid" 2>/dev/null || true
+}
+
+# needed_data DIRECTORY: the files that the game reads from its data directory, one per
+# line. The layout names the themes and the configuration, these name pictures and the
+# font; the toolkit asks for four themes by itself.
+needed_data() (
+    cd "$1" || exit
+    local layout=my.gui.debug themes configurations theme configuration
+    echo "$layout"
+    [[ -r $layout ]] || return 0
+    mapfile -t configurations < <(awk '$1 == "CONF" && NF > 1 { print $2 }' "$layout")
+    mapfile -t themes < <(
+        printf '%s\n' default.theme messagebox.theme tabwin_button.theme combo_button.theme
+        # The name "default" is taken by the file above.
+        awk '$1 == "THEM" && NF > 1 && $2 != "default" { print $2 }' "$layout"
+    )
+    for configuration in "${configurations[@]}"; do
+        echo "$configuration"
+        first_words "$configuration" | sed -n 1p
+    done
+    for theme in "${themes[@]}"; do
+        echo "$theme"
+        first_words "$theme" | sed -n 15p | grep -vx NULL || true
+    done
+)
+
+# first_words FILE: the first word of each line that holds a value.
+first_words() {
+    [[ ! -r $1 ]] || awk 'NF && substr($1, 1, 2) != "//" { print $1 }' "$1"
+}
+
+# unreadable_data DIRECTORY: the needed files that cannot be read, in one line.
+unreadable_data() {
+    local file missing=()
+    [[ -r $1 && -x $1 ]] || {
+        echo "$1"
+        return
+    }
+    while read -r file; do
+        [[ -f $1/$file && -r $1/$file ]] || missing+=("$1/$file")
+    done < <(needed_data "$1" | sort -u)
+    ((${#missing[@]} == 0)) || echo "${missing[*]}"
+}
