@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+/// A date and time of day of the game. The record owns the calendar: a leap year is every one
+/// that divides by 4.
+class Date {
+public:
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+
+    /// @param text  "1358/05/16 00:00:00", leading zeros optional; fields that cannot be read
+    ///              stay 0. The word "random" draws a date instead, whose day may be 0 and whose
+    ///              hour may be 24.
+    explicit Date(const std::string& text);
+
+    /// Adds one second `seconds` times, carrying after each.
+    void Advance(long seconds);
+
+    /// Unpadded: "1358/5/16 0:0:0".
+    std::string Text() const;
+
+    /// The time of day alone, padded: "09:05:00".
+    std::string TimeText() const;
+
+    bool operator==(const Date&) const = default;
+
+private:
+    void DrawRandom();
+    void CarryMinute();
+    int DaysInMonth() const;
+};

@@ -1,0 +1,9 @@
+#pragma once
+
+/// What the people earn in a year and how much of it the treasury takes.
+struct Economy {
+    float wealthFactor = 0.05f;
+    float taxRate = 0.025f;
+    float upperIncome = 25.0f;  ///< doubloons a year, of one fifth of the people
+    float lowerIncome = 0.5f;   ///< doubloons a year, of the other four fifths
+};

@@ -1,0 +1,7 @@
+#pragma once
+
+struct Education {
+    float firstValue = 0.0f;   ///< kept, read by nothing
+    float secondValue = 0.0f;  ///< kept, read by nothing
+    float educators = 0.0f;    ///< head-count of the profession
+};

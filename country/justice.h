@@ -1,0 +1,16 @@
+#pragma once
+
+/// Crime, which drifts on its own, and the justice that the player sets against it. Both levels
+/// are fractions.
+class Justice {
+public:
+    float crimeLevel = 0.6f;
+    float justiceLevel = 0.4f;
+
+    /// The distance between the two levels; it also moves the people's morale.
+    float Gap() const;
+
+    /// Lets crime drift. Far above the level of justice it tends to grow further, far below it to
+    /// shrink further; close to it, it creeps down.
+    void Process(float seconds);
+};

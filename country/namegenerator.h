@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Makes up names from fragments of letters. A pattern is a list of positions, ended by 0; each
+/// is a mask whose bit i lets row i of the fragments fill it.
+class NameGenerator {
+public:
+    static constexpr std::uint32_t kCountryPattern[] = {0x4230,   0x80000,   0x2020000,
+                                                        0x1C0000, 0x2000008, 0};
+    static constexpr std::uint32_t kFirstNamePattern[] = {0x4200, 0x80000, 0x20, 0x80000, 0x20, 0};
+    static constexpr std::uint32_t kSecondNamePattern[] = {0x20, 0x80000, 0x20, 0};
+    static constexpr std::uint32_t kTownPattern[] = {0x4020,   0x80000, 0x4220, 0x2000000,
+                                                     0x180000, 0x10120, 0};
+
+    /// @param patternToUse  not owned; stays alive as long as the generator is used
+    explicit NameGenerator(const std::uint32_t* patternToUse) : pattern(patternToUse) {}
+
+    /// Draws once for every row that a position allows and once more to choose among several.
+    std::string Generate() const;
+
+    /// Number `index`, from 0, of the alternatives in a text separated by "|"; the last one when
+    /// there are fewer.
+    static std::string_view Alternative(std::string_view text, std::uint32_t index);
+
+private:
+    const std::uint32_t* pattern;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+class Country;
+
+/// Prints one story per game day about a country's crime.
+class Newspaper {
+public:
+    /// @param countryToReportOn  not owned
+    explicit Newspaper(const Country* countryToReportOn);
+
+    /// Prints at most one edition, however many days have passed.
+    void Update(float seconds);
+
+    /// Replaces the story by a new one, chosen by the crime level.
+    void Print();
+
+    /// The day's story, or nothing before the first edition.
+    const std::vector<std::string>& Stories() const { return stories; }
+
+private:
+    const Country* country;  // not owned
+    std::vector<std::string> stories;
+    float sinceEdition = 180000.0f;  // more than a day, so that the first update prints
+};

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <iosfwd>
+
+#include "country/education.h"
+#include "country/grain.h"
+#include "country/justice.h"
+#include "country/livestock.h"
+#include "country/military.h"
+
+/// What a share of the people does; the rest is idle, and only the idle have children.
+enum class Profession { Farmers, Butchers, Educators, Warriors, Doctors };
+
+inline constexpr std::array kProfessions{Profession::Farmers, Profession::Butchers,
+                                         Profession::Educators, Profession::Warriors,
+                                         Profession::Doctors};
+
+/// The people of a country: how many there are, what they do, how well they eat, how content
+/// they are, and what strikes them.
+class Population {
+public:
+    Livestock livestock;
+    Grain grain;
+    Justice justice;
+    Education education;
+    Military military;
+    float morale = 0.5f;   ///< never below 0 after a tick's food state; no upper bound
+    float opinion = 0.5f;  ///< as morale
+    float population;      ///< a head-count; disasters may drive it below 0
+    float famineChance = 0.0f;
+    float famineTime = 0.0f;  ///< game seconds left; a famine is in progress while above 0
+    float plagueTime = 0.0f;  ///< game seconds left; a plague is in progress while above 0
+    bool rebellion = false;   ///< once true, never cleared
+    bool revolt = false;      ///< only shown
+    float elapsed = 0.0f;     ///< game seconds since the country was created
+
+    /// Famine, plague and rebellion spare a country for its first 48 weeks.
+    static constexpr float kGracePeriod = 29030400.0f;
+
+    explicit Population(int people);
+
+    float Share(Profession profession) const { return shares[Index(profession)]; }
+    /// To be followed by Normalise(profession), which lets the change take effect.
+    void SetShare(Profession profession, float share) { shares[Index(profession)] = share; }
+
+    float Count(Profession profession) const { return Share(profession) * population; }
+    /// Negative while the shares add up to more than 1.
+    float IdleCount() const;
+
+    /// Makes room for the share of `profession`, which was just set: when the shares add up to
+    /// more than 1, a quarter of the overshoot is taken from each of the other four, none of
+    /// which goes below 0. Then the head-counts are handed to the food stocks, the education and
+    /// the military.
+    void Normalise(Profession profession);
+
+    /// One tick. Writes what the people think of their food to the message stream.
+    void Process(float seconds);
+
+    /// Where the messages go, a line each, flushed: standard output at first; null for nowhere.
+    /// @param stream  not owned
+    void SetMessageStream(std::ostream* stream) { messages = stream; }
+
+private:
+    static constexpr std::size_t Index(Profession profession) {
+        return static_cast<std::size_t>(profession);
+    }
+
+    bool GraceIsOver() const { return elapsed > kGracePeriod; }
+    void FeelHunger(float seconds);
+    void ConsiderRebellion();
+    void SufferPlague(float seconds);
+    void SufferFamine(float seconds);
+    void DrawDisasters(float seconds);
+    void FeelInjustice(float seconds);
+    void Grow(float seconds);
+    void Eat(float seconds);
+    void FeelJustice(float seconds);
+    void Say(const char* message) const;
+
+    std::array<float, kProfessions.size()> shares{0.25f, 0.5f};
+    std::ostream* messages;  // not owned
+};

@@ -1,0 +1,39 @@
+#include "country/world.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "country/namegenerator.h"
+#include "country/random.h"
+#include "quarn2/trace.h"
+
+World::World() : date("1358/05/16 00:00:00"), player("Merovinska", 38685), newspaper(&player) {
+    TraceFrame frame("World", "World");
+    const NameGenerator names(NameGenerator::kCountryPattern);
+    for (std::unique_ptr<Country>& country : countries) {
+        const std::string name = names.Generate();
+        const double draw = UnitDraw();
+        const auto people = static_cast<int>(std::lround(draw * 50000.0f + 20000.0f));
+        country = std::make_unique<Country>(name, people);
+    }
+    for (const std::size_t seller : {0U, 2U, 5U})
+        player.tradePartners[countries[seller].get()] = true;
+
+    std::vector<Country*> continent;
+    for (const std::unique_ptr<Country>& country : countries)
+        continent.push_back(country.get());
+    continent.push_back(&player);
+    for (Country* country : continent)
+        country->continent = continent;
+}
+
+void World::Advance(float seconds) {
+    TraceFrame frame("Advance", "World");
+    player.Process(seconds);
+    newspaper.Update(seconds);
+    date.Advance(std::lround(seconds));
+}
+
+float World::DrawClockSeconds() {
+    return static_cast<float>(std::rand() % 60 + 300);
+}
