@@ -1,0 +1,261 @@
+"""The two commands and what they share."""
+
+import os
+import shutil
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+BUILD = Path(os.environ["MEROVINSKA_BUILD"])
+
+THEME = "\n".join(["0.5 0.5 0.5"] * 4 + ["1"] * 10 + ["{texture} the sheet", "1"]) + "\n"
+
+
+def run(*command, **options):
+    return subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                          timeout=60, **options)
+
+
+class Scripts(unittest.TestCase):
+    """Every test works in a copy of the scripts, where it may change what they find."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = Path(folder.name)
+        for name in ["play", "check", "packages.txt"]:
+            shutil.copy(ROOT / name, self.root)
+        shutil.copytree(ROOT / "scripts", self.root / "scripts")
+        self.environment = dict(os.environ)
+        self.commands = self.root / "commands"
+        self.commands.mkdir()
+        self.environment["PATH"] = f"{self.commands}:{os.environ['PATH']}"
+
+    def shared(self, text):
+        """Runs a piece of script that uses what the commands share."""
+        return run("bash", "-c", f"set -euo pipefail; . scripts/common.sh; {text}",
+                   cwd=self.root, env=self.environment)
+
+    def command(self, *words):
+        return run(*words, cwd=self.root, env=self.environment)
+
+    def stand_in(self, name, text):
+        """Puts a command of our own before the machine's."""
+        path = self.commands / name
+        path.write_text(f"#!/bin/sh\n{text}\n")
+        path.chmod(0o755)
+
+    def write_data(self):
+        data = self.root / "data"
+        data.mkdir()
+        (data / "my.gui.debug").write_text(
+            "// the game's widgets\nCONF toolkit.conf\nTHEM default NULL\nTHEM paper.theme NULL\n"
+            "CADD Label farmerslab NULL 0 0 Farmers\n")
+        (data / "toolkit.conf").write_text("serif.ttf the font\nignored\n0 0 1 1\n")
+        for name in ["default", "messagebox", "tabwin_button", "combo_button", "paper"]:
+            (data / f"{name}.theme").write_text(THEME.format(texture="gui.tga"))
+        (data / "combo_button.theme").write_text(THEME.format(texture="NULL"))
+        (data / "paper.theme").write_text("// parchment\n" + THEME.format(texture="paper.tga"))
+        for name in ["gui.tga", "paper.tga", "serif.ttf"]:
+            (data / name).touch()
+        return data
+
+    # The scripts as texts
+
+    def test_are_clean_for_shellcheck(self):
+        scripts = [ROOT / "play", ROOT / "check", ROOT / ".ci/run", *(ROOT / "scripts").iterdir()]
+        result = run("shellcheck", "-x", *map(str, scripts), cwd=ROOT)
+        self.assertEqual((result.returncode, result.stdout), (0, ""))
+
+    # Arguments
+
+    def test_play_refuses_an_unknown_option_in_one_line(self):
+        result = self.command("./play", "--loud")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr, "play: unknown option --loud; "
+                         "usage: ./play [--screenshot FILE [--seconds N]]\n")
+
+    def test_play_refuses_an_option_without_its_value(self):
+        result = self.command("./play", "--screenshot")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("--screenshot needs a value", result.stderr)
+
+    def test_play_refuses_seconds_that_are_no_number(self):
+        for seconds in ["0", "-1", "soon", "1.5", ""]:
+            result = self.command("./play", "--screenshot", "x.png", "--seconds", seconds)
+            self.assertEqual(result.returncode, 1)
+            self.assertIn("--seconds takes a whole number from 1", result.stderr)
+
+    def test_check_refuses_an_unknown_preset_in_one_line(self):
+        result = self.command("./check", "--preset", "fast")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr, "check: there is no preset fast; "
+                         "usage: ./check [--preset release|debug|sanitize]\n")
+
+    # Packages
+
+    def test_packages_are_read_by_section(self):
+        (self.root / "packages.txt").write_text(
+            "# a list\n[play]\nbash  runs\n\n[check]\nsed  edits\n# comment\ngrep  finds\n")
+        self.assertEqual(self.shared("packages play").stdout, "bash\n")
+        self.assertEqual(self.shared("packages play check").stdout, "bash\nsed\ngrep\n")
+
+    def test_only_packages_that_are_not_installed_are_missing(self):
+        (self.root / "packages.txt").write_text(
+            "[play]\nbash  runs\nno-such-package-one  a\n[check]\nno-such-package-two  b\n")
+        self.assertEqual(self.shared("missing_packages play").stdout, "no-such-package-one\n")
+
+    def test_nothing_is_said_or_done_when_nothing_is_missing(self):
+        (self.root / "packages.txt").write_text("[play]\nbash  runs\n")
+        self.stand_in("apt-get", "echo called")
+        self.stand_in("sudo", "echo called")
+        result = self.shared("install_missing play")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+
+    def test_what_is_missing_is_named_and_then_installed_without_questions(self):
+        (self.root / "packages.txt").write_text("[play]\nbash  runs\nno-such-package  is missing\n")
+        self.stand_in("apt-get", 'echo "$DEBIAN_FRONTEND: $*"')
+        self.stand_in("sudo", '"$@"')
+        lines = self.shared("install_missing play").stdout.splitlines()
+        self.assertEqual(lines[0], "Installing: no-such-package")
+        self.assertRegex(lines[1], "^noninteractive: .* update$")
+        self.assertRegex(lines[2], "^noninteractive: .* install -y --no-install-recommends "
+                         "no-such-package$")
+
+    def test_a_failed_installation_ends_the_command(self):
+        (self.root / "packages.txt").write_text("[play]\nno-such-package  is missing\n")
+        self.stand_in("apt-get", "exit 100")
+        self.stand_in("sudo", '"$@"')
+        self.assertEqual(self.shared("install_missing play; echo went on").stdout,
+                         "Installing: no-such-package\n")
+
+    # Data
+
+    def test_complete_data_is_not_complained_about(self):
+        self.write_data()
+        self.assertEqual(self.shared("unreadable_data data").stdout, "")
+
+    def test_every_file_that_the_game_reads_is_missed(self):
+        data = self.write_data()
+        for path in sorted(data.iterdir()):
+            content = path.read_bytes()
+            path.unlink()
+            with self.subTest(missing=path.name):
+                self.assertEqual(self.shared("unreadable_data data").stdout, f"data/{path.name}\n")
+            path.write_bytes(content)
+
+    def test_missing_files_are_named_in_one_line(self):
+        data = self.write_data()
+        (data / "paper.theme").unlink()
+        (data / "default.theme").unlink()
+        self.assertEqual(self.shared("unreadable_data data").stdout,
+                         "data/default.theme data/paper.theme\n")
+
+    def test_a_folder_in_a_files_place_cannot_be_read(self):
+        data = self.write_data()
+        (data / "gui.tga").unlink()
+        (data / "gui.tga").mkdir()
+        self.assertEqual(self.shared("unreadable_data data").stdout, "data/gui.tga\n")
+
+    def test_a_missing_data_directory_is_named(self):
+        self.assertEqual(self.shared("unreadable_data data").stdout, "data\n")
+
+    def test_the_games_own_data_is_complete(self):
+        (self.root / "data").symlink_to(ROOT / "data")
+        self.assertEqual(self.shared("unreadable_data data").stdout, "")
+
+    # The virtual display
+
+    def test_a_virtual_display_ends_with_its_script(self):
+        result = self.shared("start_display 640x480x24; xdotool getdisplaygeometry; echo $display_pid")
+        geometry, server = result.stdout.splitlines()
+        self.assertEqual(geometry, "640 480")
+        self.assertFalse(Path(f"/proc/{server}").exists())
+
+    def test_a_virtual_display_ends_with_a_script_that_fails(self):
+        result = self.shared("start_display 640x480x24; echo $display_pid; false")
+        self.assertEqual(result.returncode, 1)
+        self.assertFalse(Path(f"/proc/{result.stdout.strip()}").exists())
+
+    def test_two_virtual_displays_do_not_meet(self):
+        result = self.shared("start_display 640x480x24; echo $DISPLAY; first=$display_pid;"
+                             "start_display 640x480x24; echo $DISPLAY; kill $first")
+        first, second = result.stdout.splitlines()
+        self.assertNotEqual(first, second)
+
+    # ./play as a whole, with a game that is already built
+
+    def prepare_play(self, game):
+        """`game` takes the place of the built game."""
+        self.stand_in("cmake", "exit 0")
+        binary = self.root / "build/release/merovinska"
+        binary.parent.mkdir(parents=True)
+        if isinstance(game, Path):
+            binary.symlink_to(game)
+            (self.root / "data").symlink_to(ROOT / "data")
+        else:
+            binary.write_text(f"#!/bin/sh\n{game}\n")
+            binary.chmod(0o755)
+            self.write_data()
+
+    def test_play_leaves_a_picture_of_the_game_where_there_is_no_display(self):
+        self.prepare_play(BUILD / "merovinska")
+        self.environment.pop("DISPLAY", None)
+        result = self.command("./play")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        picture = self.root / "build/screenshot.png"
+        self.assertEqual(result.stdout.splitlines(), [
+            "There is no display: the game runs unseen for 10 seconds and leaves a picture in "
+            "build/screenshot.png.", f"The picture is in {picture}"])
+        size_and_colours = run("identify", "-format", "%w %h %k", str(picture)).stdout.split()
+        self.assertEqual(size_and_colours[:2], ["800", "600"])
+        self.assertGreater(int(size_and_colours[2]), 16)
+
+    def test_play_takes_the_picture_on_a_display_of_its_own(self):
+        self.prepare_play("echo $DISPLAY; exec sleep 60")
+        (self.root / "elsewhere").mkdir()
+        result = run("../play", "--screenshot", "new/x.png", "--seconds", "1",
+                     cwd=self.root / "elsewhere", env={**self.environment, "DISPLAY": ":12345"})
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertTrue((self.root / "elsewhere/new/x.png").exists())
+        self.assertNotEqual((self.root / "build/play.log").read_text(), ":12345\n")
+
+    def test_play_starts_the_game_in_its_data_directory(self):
+        self.prepare_play("pwd; echo to the other stream >&2")
+        self.environment["DISPLAY"] = ":12345"
+        result = self.command("./play")
+        self.assertEqual((result.returncode, result.stdout, result.stderr),
+                         (0, f"{self.root}/data\n", "to the other stream\n"))
+
+    def test_play_says_in_one_line_what_it_cannot_read_and_starts_nothing(self):
+        self.prepare_play("echo started")
+        self.environment["DISPLAY"] = ":12345"
+        (self.root / "data/gui.tga").unlink()
+        result = self.command("./play")
+        self.assertEqual((result.returncode, result.stdout, result.stderr),
+                         (1, "", "play: cannot be read: data/gui.tga\n"))
+
+    def test_play_fails_when_the_game_could_not_start(self):
+        self.prepare_play("echo 'Error sending openwindow event' >&2; exit 0")
+        self.environment["DISPLAY"] = ":12345"
+        result = self.command("./play")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("play: the game could not go on, see ", result.stderr)
+
+    def test_play_fails_with_the_games_status(self):
+        self.prepare_play("exit 3")
+        self.environment["DISPLAY"] = ":12345"
+        self.assertEqual(self.command("./play").returncode, 3)
+
+    def test_play_tells_when_the_game_ends_before_its_picture(self):
+        self.prepare_play("echo 'Assert failed on here'; exit 0")
+        result = self.command("./play", "--screenshot", "x.png", "--seconds", "30")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("Assert failed on here\nplay: the game ended before the picture was taken",
+                      result.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()
