@@ -26,6 +26,7 @@ GLWidget::TagMap& GLWidget::tags = *new TagMap;
 GLWidget::ThemeMap& GLWidget::themes = *new ThemeMap;
 std::list<GLWidget*>& GLWidget::widgets = *new std::list<GLWidget*>;
 FontRender& GLWidget::font = *new FontRender;
+std::uint32_t GLWidget::fontLoads = 0;
 std::int32_t GLWidget::viewport[4] = {};
 std::uint32_t GLWidget::msgboxResult = 0;
 bool GLWidget::rendering = false;

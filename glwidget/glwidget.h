@@ -82,6 +82,7 @@ public:
     const std::string& GetCurrentText() const;
     const std::string& GetText() const { return text; }
     const std::string& GetName() const { return name; }
+    GLWidget* GetParent() const { return parent; }
 
     // The entry points of the application, once per event or frame. Each returns true.
     static bool MouseMoveWidgets(const Vector& screen);
@@ -124,6 +125,7 @@ public:
     static ThemeMap& themes;
     static std::list<GLWidget*>& widgets;  ///< top level, in order of creation
     static FontRender& font;
+    static std::uint32_t fontLoads;   ///< counts them: what was measured before is out of date
     static std::int32_t viewport[4];  ///< x, y, width, height in pixels
     /// 0 none, 1 OK, 2 Cancel, 4 Yes, 8 No. Every widget's construction clears it.
     static std::uint32_t msgboxResult;

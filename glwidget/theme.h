@@ -1,5 +1,6 @@
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include "quarn2/texture.h"
@@ -31,7 +32,12 @@ public:
     /// Fills `theme` from a theme file, reporting every value on standard error. A value that
     /// is missing or malformed leaves the field as it was.
     static void Read(Theme& theme, const std::string& path);
+    /// @param path  as which the file is reported
+    static void Read(Theme& theme, std::istream& file, const std::string& path);
 
     /// Gives `theme` the built-in values and loads their texture.
     static void BuiltIn(Theme& theme);
+
+private:
+    void LoadImage();
 };

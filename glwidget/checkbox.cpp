@@ -1,0 +1,69 @@
+#include "glwidget/checkbox.h"
+
+#include <algorithm>
+
+#include "glwidget/drawing.h"
+#include "quarn2/trace.h"
+
+namespace {
+
+/// At or below this a flash has faded out.
+constexpr float kFaded = 0.0001f;
+
+}  // namespace
+
+Checkbox::Checkbox(const std::string& boxName, GLWidget* boxParent, const Vector& corner,
+                   Theme* boxTheme, const std::string& caption)
+    : GLWidget(boxName, boxParent, corner, boxTheme) {
+    TraceFrame frame("Checkbox", "Checkbox");
+    text = caption;
+    if (text.empty())
+        size = Vector(theme->boxSize, theme->boxSize);
+    else
+        size = Vector(MeasureText(*theme, text + " ") + theme->boxSize + theme->fontSize.x,
+                      std::max(theme->boxSize, 2.0f * theme->fontSize.y));
+}
+
+bool Checkbox::Pressed(bool left, bool middle, bool right) {
+    const bool pressed = focus && left && !buttons.left;
+    buttons = {left, middle, right};
+    return pressed;
+}
+
+bool Checkbox::MouseClick(bool left, bool middle, bool right) {
+    TraceFrame frame("MouseClick", "Checkbox");
+    if (!Pressed(left, middle, right))
+        return false;
+    active = !active;
+    flash = 1.0f;
+    return true;
+}
+
+void Checkbox::Render() {
+    TraceFrame frame("Render", "Checkbox");
+    Assert("glwidget/checkbox", 6, "rendering", rendering);
+    Draw(checkRect, checkMarkRect);
+}
+
+void Checkbox::Draw(const Vector& box, const Vector& mark) {
+    const MatrixScope matrix;
+    EnableBlending();
+    SetDepthTest(false);
+    SetTexturing(true);
+    theme->image.Bind();
+
+    const float side = theme->boxSize;
+    SetColour(theme->fillColour, Brightness(*theme, highlight));
+    DrawSheetQuad(position, side, box);
+    if (active || flash > kFaded) {
+        const float strength = theme->bright * (active ? 1.0f - flash : flash);
+        SetColour(theme->fillColour, strength, strength);
+        DrawSheetQuad(position, side, mark);
+    }
+
+    static std::string& caption = *new std::string;
+    caption.assign(1, ' ').append(text);
+    SetColour(theme->textColour);
+    Translate(position.x + side, position.y + side / 4.0f);
+    PrintText(*theme, caption);
+}

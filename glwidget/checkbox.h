@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "glwidget/glwidget.h"
+
+/// A tick box with a caption behind it.
+class Checkbox : public GLWidget {
+public:
+    Checkbox(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+             const std::string& caption);
+
+    /// Ticks or unticks.
+    bool MouseClick(bool left, bool middle, bool right) override;
+    void Render() override;
+    std::string GetType() override { return "Checkbox"; }
+    void SetFocussed(GLWidget*) override {}
+
+protected:
+    /// Remembers the buttons. @return whether the left one went down over the widget
+    bool Pressed(bool left, bool middle, bool right);
+    /// @param box   the sheet's rectangle of the empty box
+    /// @param mark  and of what lies in it when it is active
+    void Draw(const Vector& box, const Vector& mark);
+};
