@@ -1,0 +1,175 @@
+#include "tools/guisheet.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+namespace {
+
+// Pixels. Widgets draw a picture at 12 to 23 pixels, so cells are a good deal larger. Cells and
+// gaps are whole texels in the mipmaps down to a sixteenth, and neighbours stay apart there.
+constexpr int kSheet = 256;
+constexpr int kCell = 64;
+constexpr int kGap = 16;
+constexpr int kPitch = kCell + kGap;
+
+/// A point of a picture in pixels from the cell's centre, y upwards.
+struct Point {
+    float x, y;
+};
+
+float Length(Point p) {
+    return std::sqrt(p.x * p.x + p.y * p.y);
+}
+
+// Distances to a shape's edge in pixels, negative inside.
+
+float Disc(Point p, float radius) {
+    return Length(p) - radius;
+}
+
+float RoundedSquare(Point p, float halfSide, float cornerRadius) {
+    const float inner = halfSide - cornerRadius;
+    const Point beyond{std::fabs(p.x) - inner, std::fabs(p.y) - inner};
+    const Point outside{std::max(beyond.x, 0.0f), std::max(beyond.y, 0.0f)};
+    return Length(outside) + std::min(std::max(beyond.x, beyond.y), 0.0f) - cornerRadius;
+}
+
+float Stroke(Point p, Point from, Point to, float halfWidth) {
+    const Point along{to.x - from.x, to.y - from.y};
+    const Point offset{p.x - from.x, p.y - from.y};
+    const float position = std::clamp(
+        (offset.x * along.x + offset.y * along.y) / (along.x * along.x + along.y * along.y), 0.0f,
+        1.0f);
+    return Length({offset.x - position * along.x, offset.y - position * along.y}) - halfWidth;
+}
+
+/// The share of a pixel that lies inside, from its centre's distance to the edge.
+float Coverage(float distance) {
+    return std::clamp(0.5f - distance, 0.0f, 1.0f);
+}
+
+struct Colour {
+    float grey, alpha;
+};
+
+/// `top` laid over `bottom`; white where both are transparent, so that filtering never darkens
+/// an edge.
+Colour Over(Colour top, Colour bottom) {
+    const float alpha = top.alpha + bottom.alpha * (1.0f - top.alpha);
+    if (alpha == 0.0f)
+        return {1.0f, 0.0f};
+    const float rest = bottom.alpha * (1.0f - top.alpha);
+    return {(top.grey * top.alpha + bottom.grey * rest) / alpha, alpha};
+}
+
+constexpr Colour kTransparent{1.0f, 0.0f};
+constexpr Colour kOutline{0.1f, 0.75f};  // tells a light shape from a light panel
+constexpr Colour kHollow{0.05f, 0.45f};
+constexpr float kOutlineWidth = 2.0f;
+constexpr float kRimWidth = 7.0f;
+
+Colour Painted(float distance, Colour paint, Colour below) {
+    return Over({paint.grey, paint.alpha * Coverage(distance)}, below);
+}
+
+/// Lit from above: the top of the cell is white.
+Colour Lit(Point p, float darkest) {
+    const float height = std::clamp(p.y / static_cast<float>(kCell) + 0.5f, 0.0f, 1.0f);
+    return {darkest + (1.0f - darkest) * height, 1.0f};
+}
+
+/// A lit shape with a dark outline around it.
+Colour Raised(Point p, float distance, float darkest) {
+    const Colour outline = Painted(distance - kOutlineWidth, kOutline, kTransparent);
+    return Painted(distance, Lit(p, darkest), outline);
+}
+
+/// A rim around a dark hollow that lets the panel shine through.
+Colour Rimmed(Point p, float distance) {
+    const Colour outline = Painted(distance - kOutlineWidth, kOutline, kTransparent);
+    const float inner = distance + kRimWidth;
+    const Colour rim{Lit(p, 0.75f).grey, Coverage(distance) * (1.0f - Coverage(inner))};
+    const Colour hollow{kHollow.grey, kHollow.alpha * Coverage(inner)};
+    const Colour ground{outline.grey, outline.alpha * (1.0f - Coverage(distance))};
+    return Over(rim, Over(hollow, ground));
+}
+
+constexpr float kRadius = 29.0f;  // leaves room for the outline
+
+Colour OptionRing(Point p) {
+    return Rimmed(p, Disc(p, kRadius));
+}
+
+Colour OptionDot(Point p) {
+    return Raised(p, Disc(p, 13.0f), 0.8f);
+}
+
+Colour TickBox(Point p) {
+    return Rimmed(p, RoundedSquare(p, 27.0f, 6.0f));
+}
+
+Colour Tick(Point p) {
+    constexpr Point kLeft{-14.0f, 1.0f};
+    constexpr Point kLow{-4.0f, -12.0f};
+    constexpr Point kHigh{17.0f, 17.0f};
+    constexpr float kHalfWidth = 5.0f;
+    const float distance =
+        std::min(Stroke(p, kLeft, kLow, kHalfWidth), Stroke(p, kLow, kHigh, kHalfWidth));
+    return Raised(p, distance, 0.9f);
+}
+
+Colour Knob(Point p) {
+    const Colour stud = Raised(p, Disc(p, kRadius), 0.55f);
+    // A dimple is shaded the other way round.
+    const Colour dimple{Lit({p.x, -p.y}, 0.55f).grey, 1.0f};
+    const Colour groove = Painted(Disc(p, 12.0f), {0.35f, 1.0f}, stud);
+    return Painted(Disc(p, 9.5f), dimple, groove);
+}
+
+using Picture = Colour (*)(Point);
+constexpr Picture kPaint[] = {OptionRing, OptionDot, TickBox, Tick, Knob};
+static_assert(std::size(kPaint) == kSheetPictures.size());
+
+int Edge(int cell) {
+    return kGap + cell * kPitch;
+}
+
+float* PixelAt(TextureData& sheet, int x, int y) {
+    return sheet.GetData() + static_cast<std::ptrdiff_t>(y * kSheet + x) * 4;
+}
+
+void Paint(TextureData& sheet, const SheetPicture& picture, Picture paint) {
+    constexpr float kToCentre = 0.5f - static_cast<float>(kCell) / 2.0f;
+    for (int y = 0; y < kCell; ++y) {
+        for (int x = 0; x < kCell; ++x) {
+            const Colour colour =
+                paint({static_cast<float>(x) + kToCentre, static_cast<float>(y) + kToCentre});
+            float* pixel = PixelAt(sheet, Edge(picture.column) + x, Edge(picture.row) + y);
+            std::fill_n(pixel, 3, colour.grey);
+            pixel[3] = colour.alpha;
+        }
+    }
+}
+
+}  // namespace
+
+Vector SheetPicture::Rectangle() const {
+    const auto coordinate = [](int pixel) {
+        return static_cast<float>(pixel) / static_cast<float>(kSheet);
+    };
+    return {coordinate(Edge(column)), coordinate(Edge(row)), coordinate(Edge(column) + kCell),
+            coordinate(Edge(row) + kCell)};
+}
+
+TextureData DrawGuiSheet() {
+    std::vector<std::uint8_t> white(std::size_t{kSheet} * kSheet * 4, 255);
+    for (std::size_t alpha = 3; alpha < white.size(); alpha += 4)
+        white[alpha] = 0;
+    TextureData sheet;
+    sheet.Load(kSheet, kSheet, true, white.data());
+    for (std::size_t i = 0; i < kSheetPictures.size(); ++i)
+        Paint(sheet, kSheetPictures[i], kPaint[i]);
+    return sheet;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <array>
+
+#include "quarn2/texturedata.h"
+#include "quarn2/vector.h"
+
+/// One picture of the sheet that widgets draw with.
+struct SheetPicture {
+    const char* name;  ///< as the toolkit names its rectangle
+    int column, row;   ///< its cell, from the lower left
+
+    /// Texture coordinates (s1, t1, s2, t2).
+    Vector Rectangle() const;
+};
+
+// In the order of the toolkit configuration, whose rectangles are
+//   optionRect      0.0625  0.0625  0.3125  0.3125
+//   optionMarkRect  0.375   0.0625  0.625   0.3125
+//   checkRect       0.6875  0.0625  0.9375  0.3125
+//   checkMarkRect   0.0625  0.375   0.3125  0.625
+//   sliderRect      0.375   0.375   0.625   0.625
+inline constexpr std::array<SheetPicture, 5> kSheetPictures{{
+    {"optionRect", 0, 0},
+    {"optionMarkRect", 1, 0},
+    {"checkRect", 2, 0},
+    {"checkMarkRect", 0, 1},
+    {"sliderRect", 1, 1},
+}};
+
+/// Draws the sheet: light shapes, which widgets colour, on transparent white. The first row is
+/// the bottom one, so that pictures stand upright in a quad whose t grows upwards.
+TextureData DrawGuiSheet();

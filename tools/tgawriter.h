@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class TextureData;
+
+/// The image as a run-length-encoded TGA file (type 10) of 32 bits, rows in the array's order.
+/// Neither side may exceed 65535.
+std::vector<std::uint8_t> EncodeTGA(const TextureData& image);
+
+/// Writes EncodeTGA's bytes. On failure one line on standard error.
+[[nodiscard]] bool WriteTGA(const TextureData& image, const std::string& path);
