@@ -1,0 +1,7 @@
+#pragma once
+
+#include <cstddef>
+
+/// Number of calls of operator new in this process so far. Linking `test_allocations` replaces
+/// the process's operator new and delete.
+std::size_t AllocationCount();
