@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "glwidget/container.h"
 #include "glwidget/glwidget.h"
@@ -14,7 +16,7 @@ public:
     ~Combobox() override;
 
     /// Appends an item; the box grows to its text and never shrinks.
-    bool AddText(const std::string& newText) override;
+    bool AddText(std::string_view newText) override;
     bool MouseClick(bool left, bool middle, bool right) override;
     using GLWidget::MouseMove;
     bool MouseMove(float x, float y) override;
@@ -31,14 +33,18 @@ private:
     bool MouseInBox() const;
     bool MouseInList() const;
     void UseList(bool left);
-    void DrawPanel(float width, float height, float cut) const;
     void DrawBox() const;
     void DrawList() const;
-    /// Prints an item with its middle at `y`, in the widget's own coordinates.
+    /// Draws the box's or the list's panel; `bottom` as in DrawItem.
+    void DrawPanel(float bottom, float height) const;
+    void DrawMark() const;
+    /// Prints an item with its middle `y` above the box's lower edge.
     void DrawItem(const std::string& item, float y) const;
 
     bool open = false;
     bool edgeLatch = false;     // the press that toggled the list is not over yet
     std::int32_t hovered = -1;  // row under the mouse while open
     OwnedButton dropButton;
+    std::size_t measured = 0;        // texts that the box has made room for
+    std::uint32_t measuredWith = 0;  // the font, as `fontLoads` counts it
 };

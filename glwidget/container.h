@@ -31,6 +31,10 @@ bool AnyHasFocus(Children children);
 /// its neighbours lies on top: depth above -0.5 first, below -0.5 last.
 void Render(Children children);
 
+/// Fills an outline around the model-view origin, then draws its edges. Blending is on from
+/// the edges on: what is filled before anything of the picture blends is opaque.
+void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut);
+
 /// The margin between a container's corner and its inner origin.
 float InnerMargin(const Theme& theme);
 

@@ -21,7 +21,7 @@ public:
 private:
     /// Where the children's coordinates begin, in the parent's.
     Vector InnerOrigin() const;
-    void DrawOutline() const;
+    void DrawBorder() const;
 
     bool bordered;
 };

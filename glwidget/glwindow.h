@@ -34,7 +34,8 @@ protected:
 
 private:
     float TitleWidth() const;
-    void DragTo(const Vector& point);
+    void DragBy(const Vector& delta);
+    void DrawTitle() const;
 
     bool movable;
     bool textured = false;

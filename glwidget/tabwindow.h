@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "glwidget/container.h"
@@ -15,7 +16,7 @@ public:
     ~TabWindow() override;
 
     /// Renames a tab; an unknown index does nothing.
-    void SetTabText(int index, const std::string& newText) override;
+    void SetTabText(int index, std::string_view newText) override;
     bool MouseClick(bool left, bool middle, bool right) override;
     using GLWidget::MouseMove;
     bool MouseMove(float x, float y) override;
@@ -28,7 +29,7 @@ public:
     bool Solidify() override;
     /// Makes tab `index` an empty one of this title and rebuilds all buttons. An index that no
     /// tab can have is one line on standard error.
-    bool AddTab(int index, const std::string& title) override;
+    bool AddTab(int index, std::string_view title) override;
     /// Puts a widget on tab `index`, which need not have been added. An index that no tab can
     /// have is one line on standard error, and the widget stays outside.
     bool AddToTab(int index, GLWidget* widget) override;
@@ -48,7 +49,7 @@ private:
     void RebuildButtons();
     /// Widens the window to its row of buttons.
     void FitButtons();
-    void Show(const Tab& tab) { children = tab.widgets; }
+    void DrawButtons();
 
     std::vector<Tab> tabs;
     std::uint32_t current = 0;  // the shown tab; the base's own counts item texts

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "glwidget/glwidget.h"
 
@@ -9,8 +11,10 @@
 /// gives it, and only another unique widget of the same container takes it away.
 class Textbox : public GLWidget {
 public:
+    /// Columns or rows beyond the limits are one line on standard error and the nearest number
+    /// that can be had.
     /// @param columns  width, in letters "w"
-    /// @param rows  lines that the user can make
+    /// @param rows     lines that the user can make
     Textbox(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
             std::int32_t columns, std::int32_t rows);
 
@@ -23,12 +27,27 @@ public:
     std::string GetType() override { return "Textbox"; }
     void SetFocussed(GLWidget* other) override;
 
-    /// Columns and rows that a box may have; more, or less than none, is one line on standard
-    /// error and the nearest allowed number.
-    static constexpr std::int32_t kMostColumns = 1024;
-    static constexpr std::int32_t kMostRows = 1024;
+    static constexpr std::int32_t kMostColumns = 1000;
+    static constexpr std::int32_t kMostRows = 1000;
 
 private:
+    void PutCaret(std::size_t place);
+    void MoveUp();
+    void MoveDown();
+    void BreakLine();
+    void Type(const KeyFlags& keys);
+
+    /// The caret's line as far as the caret.
+    std::string_view LineBeforeCaret() const;
+    std::int32_t LineCount() const;
+    /// The place in a line whose distance from its start is nearest to `width`.
+    std::size_t NearestPlace(std::string_view line, float width) const;
+    float LineWidth(std::string_view line) const;
+
+    void DrawBox() const;
+    void DrawContent() const;
+    void DrawCaret(float x, float baseline) const;
+
     std::string before;  // left of the caret
     std::string after;   // right of the caret
     std::int32_t rows;

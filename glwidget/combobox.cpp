@@ -1,0 +1,161 @@
+#include "glwidget/combobox.h"
+
+#include <GL/gl.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "glwidget/button.h"
+#include "glwidget/drawing.h"
+#include "quarn2/trace.h"
+
+namespace {
+
+constexpr char kButtonTheme[] = "combo_button.theme";
+constexpr char kButtonCaption[] = " ";
+constexpr float kOpenDepth = -1.0f;
+
+}  // namespace
+
+Combobox::Combobox(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look)
+    : GLWidget(tag, owner, where, look) {
+    TraceFrame frame("Combobox", "Combobox");
+    Theme* const buttonTheme = ThemeNamed(kButtonTheme, kButtonTheme);
+    dropButton.reset(
+        new Button("__" + name + "dropbox", this, Vector(0.0f, 0.0f), buttonTheme, kButtonCaption));
+    children.push_back(dropButton.get());
+    const Vector button = dropButton->Getbbox();
+    size = Vector(6.0f * theme->border + button.z, 6.0f * theme->border + button.w);
+}
+
+Combobox::~Combobox() = default;
+
+bool Combobox::AddText(std::string_view newText) {
+    TraceFrame frame("AddText", "Combobox");
+    GLWidget::AddText(newText);
+    // The box never shrinks, so texts that it has made room for need not be measured again.
+    if (measuredWith != fontLoads)
+        measured = 0;
+    measuredWith = fontLoads;
+    for (; measured < texts.size(); ++measured) {
+        const float width = MeasureText(*theme, texts[measured]) + 2.0f * theme->fontSize.x;
+        size.x = std::max(size.x, 6.0f * theme->border + width + dropButton->Getbbox().z);
+    }
+    return true;
+}
+
+bool Combobox::SetCurrentText(std::int32_t index) {
+    TraceFrame frame("SetCurrentText", "Combobox");
+    if (index >= 0 && index < ItemCount())
+        current = index;
+    return true;
+}
+
+bool Combobox::MouseMove(float x, float y) {
+    TraceFrame frame("MouseMove", "Combobox");
+    mouse = Vector(x, y);
+    dropButton->MouseMove(x - position.x, y - position.y);
+    return true;
+}
+
+bool Combobox::MouseClick(bool left, bool middle, bool right) {
+    TraceFrame frame("MouseClick", "Combobox");
+    container::Click(children, left, middle, right);
+    const bool held = dropButton->Clicked() || (left && MouseInBox());
+    if (!edgeLatch && held && !buttons.left) {
+        edgeLatch = true;
+        open = !open;
+        left = false;  // this press is used up: the list must not take it for one of its own
+    } else if (!held) {
+        edgeLatch = false;
+    }
+    UseList(left);
+    depth = open ? kOpenDepth : 0.0f;
+    buttons = {left, middle, right};
+    return true;
+}
+
+void Combobox::UseList(bool left) {
+    if (!MouseInList()) {
+        hovered = -1;
+        return;
+    }
+    // kept: rounded, so that the rows' borders lie at half rows and the lowest half row is one
+    // past the last item
+    const float rowHeight = 2.0f * theme->fontSize.y;
+    const auto row = static_cast<std::int32_t>(std::lround((position.y - mouse.y) / rowHeight));
+    if (left == buttons.left) {
+        hovered = row;
+        return;
+    }
+    if (row != current)
+        changed = true;
+    SetCurrentText(row);
+    open = false;
+}
+
+float Combobox::ListHeight() const {
+    return 2.0f * static_cast<float>(texts.size()) * theme->fontSize.y;
+}
+
+bool Combobox::MouseInBox() const {
+    return position.x < mouse.x && mouse.x < position.x + size.x && position.y < mouse.y
+           && mouse.y < position.y + size.y;
+}
+
+bool Combobox::MouseInList() const {
+    return open && position.x < mouse.x && mouse.x < position.x + size.x
+           && position.y - ListHeight() < mouse.y && mouse.y < position.y;
+}
+
+void Combobox::Render() {
+    TraceFrame frame("Render", "Combobox");
+    SetDepthTest(false);
+    SetTexturing(false);
+    EnableBlending();
+    const MatrixScope matrix;
+    Translate(position.x, position.y);
+    DrawBox();
+    if (open)
+        DrawList();
+}
+
+void Combobox::DrawBox() const {
+    DrawPanel(0.0f, size.y);
+    dropButton->Render();
+    if (current >= 0 && current < ItemCount())
+        DrawItem(texts[static_cast<std::size_t>(current)], size.y / 2.0f);
+}
+
+void Combobox::DrawList() const {
+    DrawPanel(-ListHeight(), ListHeight());
+    if (hovered >= 0 && hovered < ItemCount())
+        DrawMark();
+    for (std::size_t row = 0; row < texts.size(); ++row)
+        DrawItem(texts[row], -2.0f * static_cast<float>(row) * theme->fontSize.y);
+}
+
+void Combobox::DrawPanel(float bottom, float height) const {
+    const MatrixScope matrix;
+    Translate(size.x / 2.0f, bottom + height / 2.0f);
+    glLineWidth(theme->lineWidth);
+    // The list's corners are cut no deeper than the box's, however long the list is.
+    const float cut = height > 0.0f ? theme->corner * size.y / height : 0.0f;
+    container::DrawPanel(*theme, Brightness(*theme, highlight), size.x, height, cut);
+}
+
+void Combobox::DrawMark() const {
+    const float middle = -2.0f * static_cast<float>(hovered) * theme->fontSize.y;
+    const float top = std::min(middle + theme->fontSize.y, 0.0f);
+    const float bottom = std::max(middle - theme->fontSize.y, -ListHeight());
+    SetColour(theme->lineColour, theme->dim, theme->opacity);
+    glRectf(0.0f, bottom, size.x, top);
+}
+
+void Combobox::DrawItem(const std::string& item, float y) const {
+    const MatrixScope matrix;
+    const float left = dropButton->Getbbox().z + 3.0f * theme->border + theme->fontSize.x;
+    Translate(left, y - theme->fontSize.y / 2.0f);
+    SetColour(theme->textColour);
+    PrintText(*theme, item);
+}

@@ -1,0 +1,95 @@
+#include "glwidget/container.h"
+
+#include <algorithm>
+
+#include "glwidget/button.h"
+#include "glwidget/drawing.h"
+#include "glwidget/glwidget.h"
+#include "glwidget/theme.h"
+
+namespace container {
+
+namespace {
+
+constexpr float kLayerDepth = -0.5f;
+
+void RenderChild(GLWidget& child) {
+    const MatrixScope matrix;
+    child.Render();
+}
+
+}  // namespace
+
+void Click(Children children, bool left, bool middle, bool right) {
+    GLWidget* clicked = nullptr;
+    std::size_t place = 0;
+    for (std::size_t i = 0; i < children.size(); ++i) {
+        const bool wasClicked = children[i]->MouseClick(left, middle, right);
+        if (wasClicked && children[i]->Unique()) {
+            clicked = children[i];
+            place = i;
+        }
+    }
+    if (clicked == nullptr)
+        return;
+    for (std::size_t i = 0; i < children.size(); ++i) {
+        if (i != place)
+            children[i]->SetFocussed(clicked);
+    }
+}
+
+void MoveMouse(Children children, float x, float y) {
+    for (GLWidget* child : children)
+        child->MouseMove(x, y);
+}
+
+void PassFocussed(Children children, GLWidget* other) {
+    for (GLWidget* child : children)
+        child->SetFocussed(other);
+}
+
+bool AnyHasFocus(Children children) {
+    return std::ranges::any_of(children, &GLWidget::HasFocus);
+}
+
+void Render(Children children) {
+    for (GLWidget* child : children) {
+        if (child->GetDepth() > kLayerDepth)
+            RenderChild(*child);
+    }
+    // kept: a child exactly at the border between the layers is in neither
+    for (GLWidget* child : children) {
+        if (child->GetDepth() < kLayerDepth)
+            RenderChild(*child);
+    }
+}
+
+void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut) {
+    SetPolygonMode(PolygonMode::Fill);
+    SetColour(theme.fillColour, brightness, theme.opacity);
+    DrawOutline(width, height, cut);
+    SetTexturing(false);
+    EnableBlending();
+    SetPolygonMode(PolygonMode::Line);
+    SetColour(theme.lineColour, brightness, theme.opacity);
+    DrawOutline(width, height, cut);
+    SetPolygonMode(PolygonMode::Fill);
+}
+
+float InnerMargin(const Theme& theme) {
+    return 3.0f * theme.border;
+}
+
+Vector ValidArea(const Vector& position, const Vector& size, const Theme& theme) {
+    // kept: every margin is a fraction of the width, the vertical ones too
+    const float margin = 0.01f * size.x;
+    const float titleHeight = 1.5f * theme.fontSize.y;
+    return {position.x + margin, position.y + margin, position.x + 0.99f * size.x,
+            position.y + size.y - margin - theme.lineWidth - titleHeight};
+}
+
+}  // namespace container
+
+void UnregisterAndDelete::operator()(GLWidget* widget) const {
+    GLWidget::Destroy(widget);
+}

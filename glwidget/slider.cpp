@@ -1,0 +1,117 @@
+#include "glwidget/slider.h"
+
+#include <GL/gl.h>
+
+#include "glwidget/container.h"
+#include "glwidget/drawing.h"
+#include "quarn2/trace.h"
+
+namespace {
+
+constexpr float kTrackOpacity = 0.5f;
+
+}  // namespace
+
+Slider::Slider(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look,
+               const Vector& track)
+    : GLWidget(tag, owner, where, look), extent(track) {
+    TraceFrame frame("Slider", "Slider");
+    position.y -= theme->boxSize / 2.0f;
+    level = 0.5f;
+    dragging = false;
+    size = IsVertical() ? Vector(theme->boxSize, extent.y) : Vector(extent.x, theme->boxSize);
+}
+
+bool Slider::MouseClick(bool left, bool middle, bool right) {
+    TraceFrame frame("MouseClick", "Slider");
+    container::Click(children, left, middle, right);
+    if (container::AnyHasFocus(children))
+        return false;
+    if (focus && !buttons.left) {
+        dragging = left;
+    } else {
+        dragging = dragging && left;
+        focus = dragging;
+    }
+    buttons = {left, middle, right};
+    return true;
+}
+
+bool Slider::MouseMove(float x, float y) {
+    TraceFrame frame("MouseMove", "Slider");
+    mouse = Vector(x, y);
+    const bool hasPrevious = previous.x > kNowhere.x && previous.y > kNowhere.y;
+    if (dragging && Within() && hasPrevious) {
+        // A step that would reach or pass an end is dropped whole.
+        const float moved = LevelAfterMove();
+        if (moved > 0.0f && moved < 1.0f)
+            level = moved;
+    }
+    previous = mouse;
+    container::MoveMouse(children, x, y);
+    if (!container::AnyHasFocus(children))
+        focus = Within() || dragging;
+    return true;
+}
+
+float Slider::LevelAfterMove() const {
+    return IsVertical() ? level + (mouse.y - previous.y) * (1.0f / extent.y)
+                        : level + (mouse.x - previous.x) * (1.0f / extent.x);
+}
+
+Vector Slider::Getbbox() {
+    TraceFrame frame("Getbbox", "Slider");
+    const float knob = theme->boxSize;
+    if (IsVertical()) {
+        return {position.x - knob / 2.0f, position.y, position.x + size.x + knob / 2.0f,
+                position.y + size.y + knob};
+    }
+    return {position.x, position.y - knob / 2.0f, position.x + size.x + knob,
+            position.y + size.y + knob / 2.0f};
+}
+
+bool Slider::Within() {
+    TraceFrame frame("Within", "Slider");
+    const float half = theme->boxSize / 2.0f;
+    return position.x - half <= mouse.x && mouse.x <= position.x + size.x + half
+           && position.y - half <= mouse.y && mouse.y <= position.y + size.y + half;
+}
+
+void Slider::Render() {
+    TraceFrame frame("Render", "Slider");
+    Assert("glwidget/slider", 97, "rendering", rendering);
+    const MatrixScope matrix;
+    EnableBlending();
+    SetTexturing(false);
+    SetDepthTest(false);
+    SetColour(theme->fillColour, Brightness(*theme, highlight), kTrackOpacity);
+    DrawTrack();
+    DrawKnob();
+}
+
+void Slider::DrawTrack() const {
+    const float half = theme->boxSize / 2.0f;
+    glLineWidth(theme->lineWidth);
+    glBegin(GL_LINES);
+    if (IsVertical()) {
+        glVertex2f(position.x + half, position.y);
+        glVertex2f(position.x + half, position.y + extent.y);
+    } else {
+        glVertex2f(position.x, position.y + half);
+        glVertex2f(position.x + extent.x, position.y + half);
+    }
+    glEnd();
+}
+
+void Slider::DrawKnob() const {
+    const float side = theme->boxSize;
+    theme->image.Bind();
+    SetTexturing(true);
+    if (IsVertical()) {
+        Translate(position.x, position.y + level * extent.y - side / 2.0f);
+        glRotatef(90.0f, 0.0f, 0.0f, 1.0f);
+    } else {
+        Translate(position.x + level * extent.x - side / 2.0f, position.y);
+    }
+    DrawSheetQuad(Vector(0.0f, 0.0f), side, sliderRect);
+}

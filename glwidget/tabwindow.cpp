@@ -1,0 +1,183 @@
+#include "glwidget/tabwindow.h"
+
+#include <GL/gl.h>
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+
+#include "glwidget/button.h"
+#include "glwidget/drawing.h"
+#include "quarn2/trace.h"
+
+namespace {
+
+constexpr char kButtonTheme[] = "tabwin_button.theme";
+constexpr char kUnnamed[] = "unnamed";
+
+}  // namespace
+
+TabWindow::TabWindow(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look)
+    : GLWindow(tag, owner, where, look, "", false) {
+    TraceFrame frame("TabWindow", "TabWindow");
+}
+
+TabWindow::~TabWindow() = default;
+
+void TabWindow::SetTabText(int index, std::string_view newText) {
+    TraceFrame frame("SetTabText", "TabWindow");
+    if (index < 0 || static_cast<std::size_t>(index) >= tabs.size())
+        return;
+    Tab& tab = tabs[static_cast<std::size_t>(index)];
+    tab.name = newText;
+    if (tab.button)
+        tab.button->SetText(newText);
+}
+
+bool TabWindow::MouseClick(bool left, bool middle, bool right) {
+    TraceFrame frame("MouseClick", "TabWindow");
+    GLWindow::MouseClick(left, middle, right);
+    for (const Tab& tab : tabs) {
+        if (tab.button)
+            tab.button->MouseClick(left, middle, right);
+    }
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+        if (tabs[i].button && tabs[i].button->Clicked()) {
+            children = tabs[i].widgets;
+            current = static_cast<std::uint32_t>(i);
+        }
+    }
+    return true;
+}
+
+bool TabWindow::MouseMove(float x, float y) {
+    TraceFrame frame("MouseMove", "TabWindow");
+    for (const Tab& tab : tabs) {
+        if (tab.button)
+            tab.button->MouseMove(x, y);
+    }
+    return GLWindow::MouseMove(x, y);
+}
+
+bool TabWindow::Update(int milliseconds) {
+    TraceFrame frame("Update", "TabWindow");
+    GLWindow::Update(milliseconds);
+    for (const Tab& tab : tabs) {
+        if (tab.button)
+            tab.button->Update(milliseconds);
+    }
+    return true;
+}
+
+Vector TabWindow::operator+=(const Vector& offset) {
+    TraceFrame frame("operator+=", "TabWindow");
+    GLWindow::operator+=(offset);
+    for (const Tab& tab : tabs) {
+        if (tab.button)
+            *tab.button += offset;
+    }
+    return position;
+}
+
+bool TabWindow::Solidify() {
+    TraceFrame frame("Solidify", "TabWindow");
+    GLWindow::Solidify();
+    if (!tabs.empty())
+        children = tabs.front().widgets;  // kept: the first tab is shown, whatever `current` says
+    const Vector row(position.x + size.y * theme->corner,
+                     position.y + size.y - 1.75f * theme->fontSize.y);
+    for (const Tab& tab : tabs) {
+        if (tab.button)
+            *tab.button += row;
+    }
+    FitButtons();
+    return true;
+}
+
+bool TabWindow::AddTab(int index, std::string_view title) {
+    TraceFrame frame("AddTab", "TabWindow");
+    if (!EnsureTab(index))
+        return false;
+    Tab& tab = tabs[static_cast<std::size_t>(index)];
+    tab.name = title;
+    tab.button.reset();
+    tab.widgets.clear();
+    RebuildButtons();
+    return true;
+}
+
+bool TabWindow::AddToTab(int index, GLWidget* widget) {
+    TraceFrame frame("AddToTab", "TabWindow");
+    if (!EnsureTab(index))
+        return false;
+    Tab& tab = tabs[static_cast<std::size_t>(index)];
+    if (tab.name.empty())
+        tab.name = kUnnamed;
+    tab.widgets.push_back(widget);
+    AddChild(widget);
+    FitButtons();
+    return true;
+}
+
+bool TabWindow::EnsureTab(int index) {
+    if (index < 0 || index >= kMostTabs) {
+        std::cerr << "tabwindow " << name << " cannot have a tab " << index << '\n';
+        return false;
+    }
+    const auto needed = static_cast<std::size_t>(index) + 1;
+    if (tabs.size() < needed)
+        tabs.resize(needed);
+    return true;
+}
+
+void TabWindow::RebuildButtons() {
+    Theme* const buttonTheme = ThemeNamed(kButtonTheme, kButtonTheme);
+    Vector offset(0.0f, 0.0f);
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+        Tab& tab = tabs[i];
+        tab.button.reset();
+        const std::string tag = "__" + name + "tab" + std::to_string(i) + tab.name;
+        tab.button.reset(new Button(tag, this, offset, buttonTheme, tab.name));
+        const Vector box = tab.button->Getbbox();
+        offset.x += box.z - box.x + 2.0f * theme->border;
+    }
+}
+
+void TabWindow::FitButtons() {
+    float total = size.y * theme->corner;
+    for (const Tab& tab : tabs) {
+        if (!tab.button)
+            continue;
+        const Vector box = tab.button->Getbbox();
+        total += box.z - box.x + 2.0f * theme->border;
+    }
+    size.x = std::max(size.x, total);
+}
+
+void TabWindow::Render() {
+    TraceFrame frame("Render", "TabWindow");
+    SetDepthTest(false);
+    SetTexturing(false);
+    EnableBlending();
+    {
+        const MatrixScope matrix;
+        Translate(position.x + size.x / 2.0f, position.y + size.y / 2.0f);
+        glLineWidth(theme->lineWidth);
+        DrawPanel();
+        DrawSeparator(size.y / 2.0f - 2.0f * theme->fontSize.y);
+    }
+    DrawButtons();
+    DrawChildren();
+}
+
+void TabWindow::DrawButtons() {
+    const MatrixScope matrix;
+    SetColour(theme->textColour);
+    // The shown tab always looks as if the mouse were over it.
+    if (current < tabs.size() && tabs[current].button)
+        tabs[current].button->Focus();
+    for (const Tab& tab : tabs) {
+        if (tab.button)
+            tab.button->Render();
+    }
+}
