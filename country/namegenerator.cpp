@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cctype>
 #include <cstdlib>
 #include <iterator>
@@ -12,22 +13,43 @@
 namespace {
 
 constexpr std::size_t kRowCount = std::size(kFragments);
+constexpr std::size_t kMostAlternatives = 25;  // in a row
 constexpr std::string_view kWordBreaks = kFragments[22];
 
-constexpr std::array<std::uint32_t, kRowCount> CountAlternatives() {
-    std::array<std::uint32_t, kRowCount> counts{};
-    for (std::size_t row = 0; row < kRowCount; ++row)
-        counts[row] = static_cast<std::uint32_t>(std::ranges::count(kFragments[row], '|')) + 1;
-    return counts;
+/// A row of fragments taken apart.
+struct Row {
+    std::array<std::string_view, kMostAlternatives> alternatives;
+    std::uint32_t count;
+};
+
+constexpr std::array<Row, kRowCount> SplitRows() {
+    std::array<Row, kRowCount> rows{};
+    for (std::size_t i = 0; i < kRowCount; ++i) {
+        rows[i].count = static_cast<std::uint32_t>(std::ranges::count(kFragments[i], '|')) + 1;
+        for (std::uint32_t index = 0; index < rows[i].count; ++index)
+            rows[i].alternatives[index] = NameGenerator::Alternative(kFragments[i], index);
+    }
+    return rows;
 }
 
-constexpr std::array<std::uint32_t, kRowCount> kAlternatives = CountAlternatives();
+constexpr std::array<Row, kRowCount> kRows = SplitRows();
+constexpr std::uint32_t kAllRows = (1U << kRowCount) - 1;
 
-/// Alternative `index` of row `row`.
-struct Candidate {
-    std::size_t row;
-    std::uint32_t index;
-};
+/// Fills one position: a draw for every row that it allows, then one to choose among several.
+std::string_view DrawFragment(std::uint32_t mask) {
+    std::array<std::string_view, kRowCount> candidates;
+    std::uint32_t count = 0;
+    for (std::uint32_t allowed = mask & kAllRows; allowed != 0; allowed &= allowed - 1) {
+        const Row& row = kRows[static_cast<std::size_t>(std::countr_zero(allowed))];
+        const auto draw = static_cast<std::uint32_t>(std::rand());
+        candidates[count] = row.alternatives[draw % row.count];
+        ++count;
+    }
+    if (count < 2)
+        return count == 0 ? std::string_view() : candidates[0];
+    const auto draw = static_cast<std::uint32_t>(std::rand());
+    return candidates[draw % count];
+}
 
 void CapitaliseWords(std::string& name) {
     bool startsWord = true;
@@ -43,34 +65,8 @@ void CapitaliseWords(std::string& name) {
 std::string NameGenerator::Generate() const {
     TraceFrame frame("Generate", "NameGenerator");
     std::string name;
-    for (const std::uint32_t* mask = pattern; *mask != 0; ++mask) {
-        std::array<Candidate, kRowCount> candidates;
-        std::size_t count = 0;
-        for (std::size_t row = 0; row < kRowCount; ++row) {
-            if ((*mask >> row & 1U) == 0)
-                continue;
-            const auto draw = static_cast<std::uint32_t>(std::rand());
-            candidates[count++] = {row, draw % kAlternatives[row]};
-        }
-        std::size_t pick = 0;
-        if (count > 1)
-            pick = static_cast<std::size_t>(std::rand()) % count;
-        if (count > 0) {
-            const Candidate& chosen = candidates[pick];
-            name += Alternative(kFragments[chosen.row], chosen.index);
-        }
-    }
+    for (const std::uint32_t* mask = pattern; *mask != 0; ++mask)
+        name += DrawFragment(*mask);
     CapitaliseWords(name);
     return name;
-}
-
-std::string_view NameGenerator::Alternative(std::string_view text, std::uint32_t index) {
-    TraceFrame frame("Alternative", "NameGenerator");
-    std::size_t begin = 0;
-    std::size_t end = text.find('|');
-    for (; index > 0 && end != std::string_view::npos; --index) {
-        begin = end + 1;
-        end = text.find('|', begin);
-    }
-    return text.substr(begin, end - begin);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -23,7 +24,15 @@ public:
 
     /// Number `index`, from 0, of the alternatives in a text separated by "|"; the last one when
     /// there are fewer.
-    static std::string_view Alternative(std::string_view text, std::uint32_t index);
+    static constexpr std::string_view Alternative(std::string_view text, std::uint32_t index) {
+        std::size_t begin = 0;
+        std::size_t end = text.find('|');
+        for (; index > 0 && end != std::string_view::npos; --index) {
+            begin = end + 1;
+            end = text.find('|', begin);
+        }
+        return text.substr(begin, end - begin);
+    }
 
 private:
     const std::uint32_t* pattern;

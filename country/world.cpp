@@ -7,7 +7,8 @@
 #include "country/random.h"
 #include "quarn2/trace.h"
 
-World::World() : date("1358/05/16 00:00:00"), player("Merovinska", 38685), newspaper(&player) {
+World::World()
+    : date("1358/05/16 00:00:00"), player(kPlayerName, kPlayerPeople), newspaper(&player) {
     TraceFrame frame("World", "World");
     const NameGenerator names(NameGenerator::kCountryPattern);
     for (std::unique_ptr<Country>& country : countries) {

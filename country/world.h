@@ -14,6 +14,8 @@
 class World {
 public:
     static constexpr std::size_t kCountryCount = 12;
+    static constexpr char kPlayerName[] = "Merovinska";
+    static constexpr int kPlayerPeople = 38685;
 
     Date date;
     Country player;

@@ -1,0 +1,158 @@
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+#include "country/date.h"
+#include "country/namegenerator.h"
+#include "country/newspaper.h"
+#include "country/rates.h"
+#include "country/world.h"
+
+namespace {
+
+constexpr long kWeek = 604800;
+
+/// A second that carries every field, as a reader of the calendar's rules would write it first.
+void AddSecondTheLongWay(Date& date) {
+    static constexpr int kMonthLengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    ++date.second;
+    if (date.second > 59) {
+        date.second = 0;
+        ++date.minute;
+    }
+    if (date.minute > 59) {
+        date.minute = 0;
+        ++date.hour;
+    }
+    if (date.hour > 23) {
+        date.hour = 0;
+        ++date.day;
+    }
+    const bool leapDay = date.month == 2 && date.year % 4 == 0;
+    if (date.day > kMonthLengths[date.month - 1] + (leapDay ? 1 : 0)) {
+        date.day = 1;
+        ++date.month;
+    }
+    if (date.month > 12) {
+        date.month = 1;
+        ++date.year;
+    }
+}
+
+void DateWeek(benchmark::State& state) {
+    Date date("1358/05/16 00:00:00");
+    for (auto _ : state) {
+        date.Advance(kWeek);
+        benchmark::DoNotOptimize(date);
+    }
+    state.SetItemsProcessed(state.iterations() * kWeek);
+}
+BENCHMARK(DateWeek)->Unit(benchmark::kMicrosecond);
+
+void DateWeekNormalisingEveryField(benchmark::State& state) {
+    Date date("1358/05/16 00:00:00");
+    for (auto _ : state) {
+        for (long second = 0; second < kWeek; ++second)
+            AddSecondTheLongWay(date);
+        benchmark::DoNotOptimize(date);
+    }
+    state.SetItemsProcessed(state.iterations() * kWeek);
+}
+BENCHMARK(DateWeekNormalisingEveryField)->Unit(benchmark::kMicrosecond);
+
+/// A country as the game's first frame leaves it, without its messages.
+void Govern(Country& country) {
+    country.SetMessageStream(nullptr);
+    country.justice.justiceLevel = 0.5f;
+    country.SetShare(Profession::Farmers, 0.251f);
+    country.SetShare(Profession::Butchers, 0.501f);
+    country.SetShare(Profession::Educators, 0.01f);
+    country.Normalise(Profession::Doctors);
+}
+
+/// Ticks of the seconds given in campaigns of 200 weeks.
+void Tick(benchmark::State& state) {
+    const auto seconds = static_cast<float>(state.range(0));
+    const int ticksOfCampaign = static_cast<int>(200.0f * kSecondsPerWeek / seconds);
+    unsigned seed = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        std::srand(++seed);
+        Country country(World::kPlayerName, World::kPlayerPeople);
+        Newspaper newspaper(&country);
+        Govern(country);
+        state.ResumeTiming();
+        for (int tick = 0; tick < ticksOfCampaign; ++tick) {
+            country.Process(seconds);
+            newspaper.Update(seconds);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * ticksOfCampaign);
+}
+BENCHMARK(Tick)->ArgName("seconds")->Arg(kWeek)->Arg(330);
+
+/// All that a click on the week button starts in the world.
+void WorldWeek(benchmark::State& state) {
+    std::srand(1);
+    World world;
+    Govern(world.player);
+    for (auto _ : state)
+        world.Advance(kSecondsPerWeek);
+}
+BENCHMARK(WorldWeek)->Unit(benchmark::kMicrosecond);
+
+void WorldCreation(benchmark::State& state) {
+    std::srand(1);
+    for (auto _ : state) {
+        World world;
+        benchmark::DoNotOptimize(world);
+    }
+}
+BENCHMARK(WorldCreation);
+
+/// An edition at a crime level in hundredths: the stories below 15 draw names.
+void Edition(benchmark::State& state) {
+    std::srand(1);
+    Country country(World::kPlayerName, World::kPlayerPeople);
+    Newspaper newspaper(&country);
+    country.justice.crimeLevel = static_cast<float>(state.range(0)) / 100.0f;
+    for (auto _ : state) {
+        newspaper.Print();
+        benchmark::DoNotOptimize(newspaper);
+    }
+}
+BENCHMARK(Edition)->ArgName("crime")->Arg(2)->Arg(7)->Arg(12)->Arg(50);
+
+void Name(benchmark::State& state) {
+    std::srand(1);
+    const NameGenerator names(NameGenerator::kCountryPattern);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(names.Generate());
+}
+BENCHMARK(Name);
+
+/// The sixteen draws of a country's name alone: the floor of the case above.
+void NameDraws(benchmark::State& state) {
+    std::srand(1);
+    for (auto _ : state) {
+        for (int draw = 0; draw < 16; ++draw)
+            benchmark::DoNotOptimize(std::rand());
+    }
+}
+BENCHMARK(NameDraws);
+
+/// Butchers on almost no ration: millions of steps of production are given up in one tick.
+void HerdWithHugeProduction(benchmark::State& state) {
+    Livestock livestock;
+    for (auto _ : state) {
+        livestock.amount = 15000.0f;
+        livestock.production = 2000000.0f;
+        livestock.Process(330.0f);
+    }
+    benchmark::DoNotOptimize(livestock);
+}
+BENCHMARK(HerdWithHugeProduction);
+
+}  // namespace
+
+BENCHMARK_MAIN();
