@@ -106,6 +106,8 @@ public:
     static bool Init(std::istream& file);
     /// Builds the widgets of a layout file.
     static bool StartGUI(const std::string& path);
+    /// @param path  as which the file is reported
+    static bool StartGUI(std::istream& file, const std::string& path);
     static bool Quit();
 
     /// Registers a new theme of the built-in values, without a texture, under `themeName`. An
