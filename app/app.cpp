@@ -1,0 +1,193 @@
+#include "app/app.h"
+
+#include <GL/gl.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <ctime>
+
+#include "app/controls.h"
+#include "app/tags.h"
+#include "country/rates.h"
+#include "glwidget/glwidget.h"
+#include "quarn2/glrender.h"
+#include "quarn2/sdlinput.h"
+#include "quarn2/trace.h"
+
+namespace {
+
+constexpr const char* kLayoutFile = "my.gui.debug";
+constexpr std::size_t kEscape = 27;
+
+constexpr std::uint32_t kChannels = 0x17e;  // 1 to 6 and 8
+constexpr std::uint32_t kPriority = 500;
+
+constexpr int kTickMs = 1000;
+constexpr int kFrameRateMs = 5000;
+
+struct FirstLevel {
+    std::string_view slider;
+    float level;
+};
+/// Rations at their base, and the people as the country is made: the little above 0.25 and 0.5
+/// keeps a step down from falling below them by rounding.
+constexpr FirstLevel kFirstLevels[] = {
+    {tag::kLivestockRation, 0.5f},
+    {tag::kGrainRation, 0.5f},
+    {"farmers", 0.251f},
+    {"butchers", 0.501f},
+    {"educators", 0.01f},
+    {"warriors", 0.0f},
+    {"doctors", 0.0f},
+};
+
+}  // namespace
+
+App::App() : EventCatcher(nullptr) {
+    TraceFrame frame("App", "App");
+}
+
+App::~App() {
+    TraceFrame frame("~App", "App");
+}
+
+bool App::Init() {
+    TraceFrame frame("Init", "App");
+    InstallSignalHandlers();
+    kernel = new Kernel;
+    // Whoever joins first is served first: input, then the window, then the game. The kernel's
+    // records keep the components alive.
+    new SDLInput(kernel, false);
+    new GLRender(kernel);
+    kernel->AddChild(Pointer<EventCatcher>(this), kChannels, kPriority);
+    kernel->MainLoop();
+    return true;
+}
+
+bool App::GotEvent(Event event) {
+    TraceFrame frame("GotEvent", "App");
+    switch (event.type) {
+    case LoadGraphicsResourcesEvent:
+        glClearColor(0.0f, 0.0f, 0.0f, 0.0f);
+        GLWidget::StartGUI(kLayoutFile);
+        return true;
+    case InitialSetupEvent:
+        std::srand(static_cast<unsigned>(std::time(nullptr)));
+        CreateWorld();
+        return true;
+    case UpdateEvent:
+        if (Update(event.time))
+            return true;
+        Assert("app", __LINE__, "kernel", !!kernel);
+        kernel->SendEvent(Pointer<EventCatcher>(this), Event(QuitEvent));
+        return false;
+    case RenderEvent:
+        Render(true);
+        Assert("app", __LINE__, "kernel", !!kernel);
+        return kernel->SendEvent(Pointer<EventCatcher>(this), Event(AfterRenderEvent));
+    case MouseEvent:
+        GLWidget::MouseMoveWidgets(
+            Vector(static_cast<float>(event.x), static_cast<float>(event.y)));
+        GLWidget::MouseClickWidgets(event.left, event.middle, event.right);
+        return true;
+    case KeyEvent:
+        keys = event.keyboard;
+        if (keys.down[kEscape])
+            return false;
+        GLWidget::TextKeyPressWidgets(keys.pressed);
+        return true;
+    case ReleaseResourcesEvent:
+        Release();
+        return true;
+    default:
+        return true;
+    }
+}
+
+void App::CreateWorld() {
+    TraceFrame frame("CreateWorld", "App");
+    world = std::make_unique<World>();
+    for (const auto& country : world->countries)
+        GLWidget::GetByTag(tag::kPartner)->AddText(country->name);
+    GLWidget::GetByTag(tag::kNewspaper)->SetText(world->player.name + " Newspaper");
+    controls::ClearOrder();
+    for (const FirstLevel& first : kFirstLevels)
+        GLWidget::GetByTag(first.slider)->SetLevel(first.level);
+}
+
+bool App::Update(std::uint32_t milliseconds) {
+    TraceFrame frame("Update", "App");
+    ++frames;
+    elapsedMs += static_cast<int>(milliseconds);
+    if (controls::ExitPressed())
+        return false;
+
+    if (elapsedMs > kTickMs) {
+        world->Advance(World::DrawClockSeconds());
+        elapsedMs = 0;
+    }
+    if (controls::WeekPressed()) {
+        ++weekPresses;
+        world->Advance(kSecondsPerWeek);
+    }
+
+    Country& player = world->player;
+    controls::StepRations();
+    controls::SetJustice(player);
+    controls::SetProfessions(player, firstFrame);
+    if (firstFrame)
+        partner = world->countries[0].get();
+    firstFrame = false;
+    display.ShowProfessions(player);
+    controls::SetRations(player);
+    display.ShowRations(player);
+
+    partner = controls::ChoosePartner(partner, *world);
+    const controls::Order order = controls::ReadOrder(player, *partner);
+    display.ShowOrder(order.livestock, order.grain, order.fineGoods);
+    controls::Trade(player, *partner);
+
+    display.ShowStore(player);
+    display.ShowPopulation(player);
+    display.ShowContinent(*world);
+    display.ShowFunds(player);
+    display.ShowDate(world->date);
+    controls::TurnPage(page, world->newspaper.Stories().size());
+    display.ShowPage(world->newspaper, page);
+    display.ShowFigures(player);
+    ReportFrameRate();
+
+    GLWidget::UpdateWidgets(static_cast<int>(milliseconds));
+    return true;
+}
+
+void App::ReportFrameRate() {
+    if (elapsedMs <= kFrameRateMs)
+        return;
+    // kept: the clock empties the accumulator every second, so this is not reached in play
+    display.ShowFrameRate(std::lround(frames * 1000.0 / elapsedMs));
+    frames = 0;
+    elapsedMs = 0;
+}
+
+bool App::Render(bool) {
+    TraceFrame frame("Render", "App");
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glLoadIdentity();
+    glClearColor(0.0f, 0.0f, 0.8f, 1.0f);
+    GLWidget::RenderWidgets();
+    return true;
+}
+
+bool App::Quit() {
+    TraceFrame frame("Quit", "App");
+    GLWidget::Quit();
+    return true;
+}
+
+void App::Release() {
+    Quit();
+    partner = nullptr;
+    world.reset();
+    buffers.clear();
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "app/display.h"
+#include "country/world.h"
+#include "quarn2/event.h"
+#include "quarn2/kernel.h"
+#include "quarn2/memory.h"
+
+/// The game: answers every kernel event, holds the world and runs it frame by frame.
+class App : public EventCatcher {
+public:
+    App();
+    ~App() override;
+
+    bool GotEvent(Event event) override;
+
+    /// Builds the engine and runs the game until it ends.
+    /// @return true
+    bool Init();
+
+    // What the events stand for; public, so that the rules can be driven without a window.
+
+    /// Makes the world, fills the list of trade partners and sets the controls' first levels.
+    /// Does not seed the random generator.
+    void CreateWorld();
+    /// One frame of the game.
+    /// @param milliseconds  since the previous one
+    /// @return false when the player asked to end the game
+    bool Update(std::uint32_t milliseconds);
+    bool Render(bool flag);
+    bool Quit();
+
+    World* GetWorld() { return world.get(); }
+    const Country* GetPartner() const { return partner; }
+
+private:
+    void Release();
+    void ReportFrameRate();
+
+    std::unique_ptr<World> world;
+    std::vector<std::unique_ptr<char[]>> buffers;
+    KeyboardEvent keys;
+    int frames = 0;
+    int elapsedMs = 0;
+    Pointer<Kernel> kernel;
+
+    bool firstFrame = true;
+    Country* partner = nullptr;  // not owned
+    unsigned page = 0;
+    unsigned weekPresses = 0;
+    Display display;
+};

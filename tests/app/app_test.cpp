@@ -1,0 +1,455 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <string>
+
+#include "app/app.h"
+#include "app/tags.h"
+#include "country/country.h"
+#include "country/date.h"
+#include "country/world.h"
+#include "glwidget/glwidget.h"
+#include "quarn2/strings.h"
+#include "tests/app/game_fixture.h"
+
+namespace {
+
+constexpr std::uint32_t kFrame = 16;
+
+/// The six numbers of the date as one count of seconds within its month.
+long SecondOfMonth(const World& world) {
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
+    std::sscanf(world.date.Text().c_str(), "%d/%d/%d %d:%d:%d", &year, &month, &day, &hour, &minute,
+                &second);
+    return ((day * 24L + hour) * 60 + minute) * 60 + second;
+}
+
+using AppTest = GameTest;
+
+TEST_F(AppTest, NewWorldIsMerovinskaWithTwelveNeighboursAndThreePartners) {
+    StartGame();
+    EXPECT_EQ(Player().name, "Merovinska");
+    EXPECT_EQ(Player().population, 38685.0f);
+    ASSERT_EQ(app->GetWorld()->countries.size(), 12u);
+    EXPECT_EQ(app->GetWorld()->date.Text(), "1358/5/16 0:0:0");
+    EXPECT_EQ(Text("newspaper"), "Merovinska Newspaper");
+    EXPECT_EQ(Widget("countrysel").GetCurrentText(), app->GetWorld()->countries[0]->name);
+}
+
+TEST_F(AppTest, NewGameStartsWithItsSlidersAtTheFirstLevels) {
+    StartGame();
+    const std::pair<const char*, float> levels[] = {
+        {"lration", 0.5f},    {"gration", 0.5f},  {"farmers", 0.251f},   {"butchers", 0.501f},
+        {"educators", 0.01f}, {"warriors", 0.0f}, {"doctors", 0.0f},     {"stockbuy", 0.0f},
+        {"grainbuy", 0.0f},   {"finebuy", 0.0f},  {"justiceslide", 0.5f}};
+    for (const auto& [slider, level] : levels)
+        EXPECT_EQ(Widget(slider).GetLevel(), level) << slider;
+}
+
+TEST_F(AppTest, TwoSeedsGiveTwoWorldsOfTheSamePlayer) {
+    StartGame(1);
+    const std::string firstNeighbour = app->GetWorld()->countries[0]->name;
+    const float firstPrice = app->GetWorld()->countries[0]->livestockBuyPrice;
+    Pointer<App> other = new App;
+    std::srand(2);
+    other->CreateWorld();
+    EXPECT_NE(other->GetWorld()->countries[0]->name, firstNeighbour);
+    EXPECT_NE(other->GetWorld()->countries[0]->livestockBuyPrice, firstPrice);
+    EXPECT_EQ(other->GetWorld()->player.name, "Merovinska");
+    EXPECT_EQ(other->GetWorld()->player.population, 38685.0f);
+}
+
+TEST_F(AppTest, InitialSetupSeedsFromTheTimeAndMakesTheWorld) {
+    StartLayout();
+    EXPECT_TRUE(app->GotEvent(Event(InitialSetupEvent)));
+    ASSERT_NE(app->GetWorld(), nullptr);
+    EXPECT_EQ(Player().name, "Merovinska");
+}
+
+TEST_F(AppTest, FirstFrameSharesFollowTheSlidersAndAreNormalised) {
+    StartGame();
+    ASSERT_TRUE(app->Update(0));
+    EXPECT_EQ(Player().Share(Profession::Farmers), 0.251f);
+    EXPECT_EQ(Player().Share(Profession::Butchers), 0.501f);
+    EXPECT_EQ(Player().Share(Profession::Educators), 0.01f);
+    EXPECT_EQ(Player().Share(Profession::Warriors), 0.0f);
+    EXPECT_EQ(Player().Share(Profession::Doctors), 0.0f);
+    EXPECT_GT(Player().grain.production, 0.0f);
+    EXPECT_GT(Player().livestock.production, 0.0f);
+}
+
+TEST_F(AppTest, JusticeFollowsItsSliderFromTheFirstFrame) {
+    StartGame();
+    EXPECT_EQ(Player().justice.justiceLevel, 0.4f);
+    app->Update(0);
+    EXPECT_EQ(Player().justice.justiceLevel, 0.5f);
+    SetLevel("justiceslide", 0.75f);
+    app->Update(0);
+    EXPECT_EQ(Player().justice.justiceLevel, 0.75f);
+}
+
+TEST_F(AppTest, RationSlidersInTheMiddleGiveTheBaseRations) {
+    StartGame();
+    app->Update(0);
+    EXPECT_EQ(Player().livestock.ration, Player().livestock.baseRation);
+    EXPECT_EQ(Player().grain.ration, Player().grain.baseRation);
+    EXPECT_EQ(Text("lrationlab"), "Livestock Ration: 0.100");
+    EXPECT_EQ(Text("grationlab"), "Grain Ration: 0.200");
+}
+
+TEST_F(AppTest, RationSliderAtItsEndGivesTwiceTheBase) {
+    StartGame();
+    SetLevel("lration", 1.0f);
+    SetLevel("gration", 0.0f);
+    app->Update(0);
+    EXPECT_EQ(Text("lrationlab"), "Livestock Ration: 0.200");
+    EXPECT_EQ(Text("grationlab"), "Grain Ration: 0.000");
+}
+
+TEST_F(AppTest, RationButtonsMoveTheirSlidersByOneHundredth) {
+    StartGame();
+    app->Update(0);
+    Click("lration--");
+    Click("gration++");
+    app->Update(0);
+    EXPECT_EQ(Widget("lration").GetLevel(), 0.5f - 0.01f);
+    EXPECT_EQ(Widget("gration").GetLevel(), 0.5f + 0.01f);
+    Click("lration++");
+    Click("gration--");
+    app->Update(0);
+    EXPECT_FLOAT_EQ(Widget("lration").GetLevel(), 0.5f);
+    EXPECT_FLOAT_EQ(Widget("gration").GetLevel(), 0.5f);
+}
+
+TEST_F(AppTest, RationDownToNothingKeepsTheGameAlive) {
+    StartGame();
+    app->Update(0);
+    for (int press = 0; press < 52; ++press) {
+        Click("lration--");
+        app->Update(0);
+    }
+    EXPECT_EQ(Widget("lration").GetLevel(), 0.0f);
+    EXPECT_EQ(Text("lrationlab"), "Livestock Ration: 0.000");
+    Click("butchers++");  // production is set anew, at a ration of nothing
+    app->Update(0);
+    Click("update");
+    EXPECT_TRUE(app->Update(0));
+}
+
+TEST_F(AppTest, RationWithoutItsLabelStaysAtItsBase) {
+    StartLayout({"lrationlab"});
+    GLWidget::tags["lrationlab"] = nullptr;
+    std::srand(kSeed);
+    app->CreateWorld();
+    SetLevel("lration", 1.0f);
+    SetLevel("gration", 1.0f);
+    app->Update(0);
+    EXPECT_EQ(Player().livestock.ration, 0.1f);
+    EXPECT_EQ(Player().grain.ration, 0.4f);
+}
+
+TEST_F(AppTest, MoreFarmersButtonSetsTheShareAndItsLabel) {
+    StartGame();
+    app->Update(0);
+    Click("farmers++");
+    app->Update(0);
+    EXPECT_FLOAT_EQ(Player().Share(Profession::Farmers), 0.261f);
+    EXPECT_EQ(Text("farmerslab"), "Farmers: 26%");
+}
+
+TEST_F(AppTest, FewerButchersButtonSetsTheShareAndItsLabel) {
+    StartGame();
+    app->Update(0);
+    Click("butchers--");
+    app->Update(0);
+    EXPECT_FLOAT_EQ(Player().Share(Profession::Butchers), 0.491f);
+    EXPECT_EQ(Text("butcherslab"), "Butchers: 49%");
+}
+
+TEST_F(AppTest, ProfessionLabelsShowWhatNormalisingLeft) {
+    StartGame();
+    app->Update(0);
+    SetLevel("farmers", 0.8f);
+    Click("farmers++");  // 0.81, with 0.511 others: 0.321 over
+    app->Update(0);
+    EXPECT_EQ(Text("farmerslab"), "Farmers: 81%");
+    EXPECT_EQ(Text("butcherslab"), "Butchers: 42%");
+    EXPECT_EQ(Text("educatorslab"), "Educators: 0%");
+    EXPECT_EQ(Widget("butchers").GetLevel(), 0.501f);  // the slider stays where it is
+}
+
+TEST_F(AppTest, SliderThatIsNotTouchedChangesNoShareAfterTheFirstFrame) {
+    StartGame();
+    app->Update(0);
+    SetLevel("doctors", 0.3f);
+    app->Update(0);
+    EXPECT_EQ(Player().Share(Profession::Doctors), 0.0f);
+}
+
+TEST_F(AppTest, DraggedSliderSetsTheShareEveryFrame) {
+    StartGame();
+    app->Update(0);
+    GLWidget& slider = Widget("doctors");
+    SetLevel("doctors", 0.1f);
+    const Vector box = slider.Getbbox();
+    slider.MouseMove(box.x + 0.5f, (box.y + box.w) / 2.0f);
+    slider.MouseClick(true, false, false);
+    slider.MouseMove(box.x + 0.6f, (box.y + box.w) / 2.0f);
+    app->Update(0);
+    EXPECT_TRUE(slider.Dragging());
+    EXPECT_NEAR(Player().Share(Profession::Doctors), 0.2f, 1e-5f);
+    EXPECT_EQ(Text("doctorslab"), "Doctors: 20%");
+}
+
+TEST_F(AppTest, OneSecondOfFramesAdvancesFiveToSixMinutes) {
+    StartGame();
+    const long before = SecondOfMonth(*app->GetWorld());
+    for (int frame = 0; frame < 10; ++frame)
+        app->Update(100);
+    EXPECT_EQ(SecondOfMonth(*app->GetWorld()), before);  // exactly a second is not yet over one
+    app->Update(1);
+    const long advanced = SecondOfMonth(*app->GetWorld()) - before;
+    EXPECT_GE(advanced, 300);
+    EXPECT_LE(advanced, 359);
+    EXPECT_EQ(Player().elapsed, static_cast<float>(advanced));
+}
+
+TEST_F(AppTest, WeekButtonAdvancesExactlyOneWeek) {
+    StartGame();
+    app->Update(0);
+    Click("update");
+    app->Update(0);
+    EXPECT_EQ(app->GetWorld()->date.Text(), "1358/5/23 0:0:0");
+    EXPECT_EQ(Text("date"), "The date is 1358/5/23 0:0:0");
+    EXPECT_EQ(Player().elapsed, 604800.0f);
+    app->Update(0);
+    EXPECT_EQ(Player().elapsed, 604800.0f);  // one press, one week
+}
+
+TEST_F(AppTest, ExitButtonEndsTheGameBeforeTheClockRuns) {
+    StartGame();
+    app->Update(0);
+    const std::string before = app->GetWorld()->date.Text();
+    Click("exitbut");
+    Click("update");
+    EXPECT_FALSE(app->Update(5000));
+    EXPECT_EQ(app->GetWorld()->date.Text(), before);
+    EXPECT_EQ(Player().elapsed, 0.0f);
+}
+
+TEST_F(AppTest, EscapeEndsTheGameAndReachesNoWidget) {
+    StartGame();
+    Event key(KeyEvent);
+    EXPECT_TRUE(app->GotEvent(key));
+    key.keyboard.down[27] = true;
+    EXPECT_FALSE(app->GotEvent(key));
+}
+
+TEST_F(AppTest, ReleaseWithoutAWorldDeletesNothing) {
+    EXPECT_TRUE(app->GotEvent(Event(ReleaseResourcesEvent)));
+    EXPECT_EQ(app->GetWorld(), nullptr);
+}
+
+TEST_F(AppTest, ReleaseEndsTheWorldAndMayComeTwice) {
+    StartGame();
+    EXPECT_TRUE(app->GotEvent(Event(ReleaseResourcesEvent)));
+    EXPECT_EQ(app->GetWorld(), nullptr);
+    EXPECT_TRUE(app->GotEvent(Event(ReleaseResourcesEvent)));
+}
+
+TEST_F(AppTest, EventsOfNoInterestGoOn) {
+    EXPECT_TRUE(app->GotEvent(Event(AfterRenderEvent)));
+    EXPECT_TRUE(app->GotEvent(Event(QuitEvent)));
+    EXPECT_TRUE(app->GotEvent(Event(LoadResourcesEvent)));
+}
+
+TEST_F(AppTest, MouseEventMovesThenClicks) {
+    StartGame();
+    GLWidget& button = Widget("exitbut");
+    // The layout's first button stands at (0, -10) in GUI units: far below the screen.
+    const Vector box = button.Getbbox();
+    const float halfHeight = GLWidget::guiScale;
+    const float x = (box.x + box.z) / 2.0f;
+    const float y = (box.y + box.w) / 2.0f;
+    Event mouse(MouseEvent);
+    mouse.x = static_cast<std::int32_t>(400.0f + x / halfHeight * 300.0f);
+    mouse.y = static_cast<std::int32_t>(300.0f - y / halfHeight * 300.0f);
+    mouse.left = true;
+    EXPECT_TRUE(app->GotEvent(mouse));
+    EXPECT_TRUE(button.Clicked());
+}
+
+TEST_F(AppTest, UpdateThatEndsTheGameWithoutAKernelFailsAnAssertion) {
+    StartGame();
+    Click("exitbut");
+    Said();
+    EXPECT_EXIT(app->GotEvent(Event(UpdateEvent)), testing::ExitedWithCode(0),
+                "Assert failed on app:[0-9]+ - \"kernel\"");
+}
+
+TEST_F(AppTest, LayoutWithoutAWidgetOfTheGameEndsWithItsName) {
+    StartLayout({"storelab"});
+    GLWidget::tags["storelab"] = nullptr;
+    std::srand(kSeed);
+    app->CreateWorld();
+    Said();
+    EXPECT_EXIT(app->Update(0), testing::ExitedWithCode(0),
+                "Invalid Tag Widget: 'storelab'\nAssert failed on glwidget/glwidget:539 - ");
+}
+
+TEST_F(AppTest, LayoutMayLackTheOptionalWidgets) {
+    const auto optional = {std::string_view("justiceslide"), std::string_view("lrationlab"),
+                           std::string_view("grationlab"), std::string_view("debuginfo"),
+                           std::string_view("fps")};
+    StartLayout(optional);
+    for (const std::string_view name : optional)
+        GLWidget::tags[std::string(name)] = nullptr;
+    std::srand(kSeed);
+    app->CreateWorld();
+    EXPECT_TRUE(app->Update(0));
+    EXPECT_EQ(Player().justice.justiceLevel, 0.4f);
+}
+
+TEST_F(AppTest, ChoiceInThePartnerListClearsTheOrderAndKeepsThePartner) {
+    StartGame();
+    app->Update(0);
+    const Country* const partner = app->GetPartner();
+    EXPECT_EQ(partner, app->GetWorld()->countries[0].get());
+    SetLevel("stockbuy", 0.5f);
+    SetLevel("grainbuy", 0.5f);
+    SetLevel("finebuy", 0.5f);
+    GLWidget& list = Widget("countrysel");
+    const Vector box = list.Getbbox();
+    list.MouseMove((box.x + box.z) / 2.0f, (box.y + box.w) / 2.0f);
+    list.MouseClick(true, false, false);
+    list.MouseClick(false, false, false);
+    list.MouseMove((box.x + box.z) / 2.0f, box.y - 0.2f);  // the third row, by rounding
+    list.MouseClick(true, false, false);
+    list.MouseClick(false, false, false);
+    ASSERT_EQ(list.GetCurrentText(), app->GetWorld()->countries[2]->name);
+    app->Update(0);
+    EXPECT_EQ(app->GetPartner(), partner);
+    EXPECT_EQ(Widget("stockbuy").GetLevel(), 0.0f);
+    EXPECT_EQ(Widget("grainbuy").GetLevel(), 0.0f);
+    EXPECT_EQ(Widget("finebuy").GetLevel(), 0.0f);
+}
+
+TEST_F(AppTest, TradeLabelsShowTheOrder) {
+    StartGame();
+    app->Update(0);
+    SetLevel("stockbuy", 0.5f);
+    SetLevel("grainbuy", 0.25f);
+    SetLevel("finebuy", 1.0f);
+    app->Update(0);
+    const Country& partner = *app->GetPartner();
+    const float funds = Player().funds;
+    char expected[64];
+    std::snprintf(expected, sizeof expected, "Livestock to Buy/Sell: %.0f",
+                  static_cast<double>(funds / partner.livestockSellPrice * 0.5f));
+    EXPECT_EQ(Text("stockbuylab"), expected);
+    std::snprintf(expected, sizeof expected, "Grain to Buy/Sell: %.0f",
+                  static_cast<double>(funds / partner.grainSellPrice * 0.25f));
+    EXPECT_EQ(Text("grainbuylab"), expected);
+    std::snprintf(expected, sizeof expected, "Fine Goods to Buy: %.0f", static_cast<double>(funds));
+    EXPECT_EQ(Text("finebuylab"), expected);
+}
+
+TEST_F(AppTest, PurchaseIsPaidStoredAndClearsTheOrder) {
+    StartGame();
+    app->Update(0);
+    const float funds = Player().funds;
+    const float herd = Player().livestock.amount;
+    SetLevel("stockbuy", 0.5f);
+    Click("buybut");
+    app->Update(0);
+    const Country& partner = *app->GetPartner();
+    const float bought = funds / partner.livestockSellPrice * 0.5f;
+    EXPECT_FLOAT_EQ(Player().livestock.amount, herd + bought);
+    EXPECT_FLOAT_EQ(Player().funds, funds - partner.livestockBuyPrice * bought);
+    EXPECT_EQ(Widget("stockbuy").GetLevel(), 0.0f);
+    EXPECT_EQ(GLWidget::GetByTag("__msgbox", false), nullptr);
+}
+
+TEST_F(AppTest, RefusedPurchaseSaysSoAndKeepsTheOrder) {
+    StartGame();
+    app->Update(0);
+    const float funds = Player().funds;
+    SetLevel("stockbuy", 0.75f);
+    SetLevel("grainbuy", 0.75f);
+    SetLevel("finebuy", 0.1f);
+    Click("buybut");
+    app->Update(0);
+    EXPECT_EQ(Player().funds, funds);
+    EXPECT_EQ(Widget("stockbuy").GetLevel(), 0.75f);
+    EXPECT_EQ(Widget("grainbuy").GetLevel(), 0.75f);
+    EXPECT_EQ(Widget("finebuy").GetLevel(), 0.1f);
+    ASSERT_NE(GLWidget::GetByTag("__msgbox", false), nullptr);
+    EXPECT_EQ(Text("__msgbox_message"), "You cannot buy this much from this country.");
+    Click("__msgbox_ok");
+    app->Update(0);
+    EXPECT_EQ(GLWidget::GetByTag("__msgbox", false), nullptr);
+    EXPECT_EQ(GLWidget::msgboxResult, 1u);
+}
+
+TEST_F(AppTest, SaleIsPaidInFullAndClearsTheOrder) {
+    StartGame();
+    app->Update(0);
+    const float funds = Player().funds;
+    const float store = Player().grain.amount;
+    SetLevel("grainbuy", 1.0f);
+    Click("sellbut");
+    app->Update(0);
+    EXPECT_FLOAT_EQ(Player().funds, funds + funds);
+    EXPECT_LT(Player().grain.amount, store);
+    EXPECT_EQ(Widget("grainbuy").GetLevel(), 0.0f);
+}
+
+TEST_F(AppTest, NewspaperShowsPageOneAndTheStory) {
+    StartGame();
+    app->Update(0);
+    EXPECT_EQ(Text("paperlab"), "Page 1\n");
+    Click("update");
+    app->Update(0);
+    const Newspaper& paper = app->GetWorld()->newspaper;
+    ASSERT_EQ(paper.Stories().size(), 1u);
+    EXPECT_EQ(Text("paperlab"), "Page 1\n" + paper.Stories()[0]);
+    Click("PrevPage");
+    app->Update(0);
+    EXPECT_EQ(Text("paperlab"), "Page 1\n" + paper.Stories()[0]);
+}
+
+TEST_F(AppTest, FrameRateIsNeverReportedBecauseTheClockEmptiesItsAccumulator) {
+    StartGame();
+    for (int frame = 0; frame < 100; ++frame)
+        app->Update(999);
+    app->Update(100000);
+    EXPECT_EQ(Text("fps"), "-");
+}
+
+TEST_F(AppTest, SameSeedAndSamePressesGiveTheSameCountry) {
+    StartGame();
+    app->Update(0);
+    for (int week = 0; week < 60; ++week) {
+        Click("update");
+        app->Update(0);
+    }
+    const float people = Player().population;
+    const float grain = Player().grain.amount;
+
+    std::srand(kSeed);
+    World plain;
+    Country& country = plain.player;
+    country.justice.justiceLevel = 0.5f;
+    const float levels[] = {0.251f, 0.501f, 0.01f, 0.0f, 0.0f};
+    for (const Profession profession : kProfessions) {
+        country.SetShare(profession, levels[static_cast<std::size_t>(profession)]);
+        country.Normalise(profession);
+    }
+    for (int week = 0; week < 60; ++week)
+        plain.Advance(604800.0f);
+    EXPECT_EQ(country.population, people);
+    EXPECT_EQ(country.grain.amount, grain);
+}
+
+}  // namespace

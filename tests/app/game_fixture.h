@@ -1,0 +1,44 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "app/app.h"
+#include "glwidget/glwidget.h"
+
+/// The game without a window: a layout with every widget of the game, made in a folder of its
+/// own that holds nothing else, so that no theme, font or picture is loaded and no OpenGL is
+/// called. The world is the one of `kSeed`.
+class GameTest : public ::testing::Test {
+protected:
+    static constexpr unsigned kSeed = 1358;
+
+    void SetUp() override;
+    void TearDown() override;
+
+    /// What was written on standard error so far; from then on it is not held back any more.
+    std::string Said();
+
+    /// Starts the toolkit from a layout that lacks the widgets in `leftOut`.
+    void StartLayout(std::initializer_list<std::string_view> leftOut = {});
+    /// StartLayout, and the world of `seed`.
+    void StartGame(unsigned seed = kSeed);
+
+    GLWidget& Widget(std::string_view tag);
+    std::string Text(std::string_view tag);
+    /// Presses and releases the left button over the widget.
+    void Click(std::string_view tag);
+    void SetLevel(std::string_view slider, float level);
+    Country& Player() { return app->GetWorld()->player; }
+
+    Pointer<App> app;
+
+private:
+    bool listening = false;
+    std::filesystem::path home;
+    std::filesystem::path folder;
+};
