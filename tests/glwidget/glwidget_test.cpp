@@ -1,0 +1,542 @@
+#include "glwidget/glwidget.h"
+
+#include <cstring>
+
+#include "glwidget/optionbox.h"
+#include "tests/glwidget/widget_test.h"
+
+namespace {
+
+class GLWidgetTest : public WidgetTest {
+protected:
+    PlainWidget* Make(const std::string& name, const Vector& position = Vector(0.0f, 0.0f),
+                      const Vector& size = Vector(1.0f, 1.0f)) {
+        auto* const widget = new PlainWidget(name, nullptr, position, nullptr);
+        widget->size = size;
+        return widget;
+    }
+    PlainWidget* MakeTop(const std::string& name) {
+        PlainWidget* const widget = Make(name);
+        GLWidget::widgets.push_back(widget);
+        return widget;
+    }
+};
+
+TEST_F(GLWidgetTest, ConstructionStoresWhatItIsGiven) {
+    PlainWidget parent("parent", nullptr, Vector(0.0f, 0.0f), nullptr);
+    Theme look;
+    PlainWidget widget("child", &parent, Vector(0.25f, -0.5f), &look);
+    EXPECT_EQ(widget.GetName(), "child");
+    EXPECT_EQ(widget.parent, &parent);
+    EXPECT_EQ(widget.GetParent(), &parent);
+    EXPECT_EQ(widget.position.x, 0.25f);
+    EXPECT_EQ(widget.position.y, -0.5f);
+    EXPECT_EQ(widget.theme, &look);
+    EXPECT_TRUE(widget.children.empty());
+    EXPECT_TRUE(widget.texts.empty());
+    EXPECT_EQ(widget.GetText(), "");
+    EXPECT_EQ(widget.mouse.x, 0.0f);
+    EXPECT_EQ(widget.mouse.y, 0.0f);
+}
+
+TEST_F(GLWidgetTest, ConstructionClearsEveryState) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    EXPECT_FALSE(widget.focus);
+    EXPECT_FALSE(widget.active);
+    EXPECT_FALSE(widget.clicked);
+    EXPECT_FALSE(widget.changed);
+    EXPECT_FALSE(widget.dragging);
+    EXPECT_FALSE(widget.buttons.left || widget.buttons.middle || widget.buttons.right);
+    EXPECT_EQ(widget.age, 0);
+    EXPECT_EQ(widget.highlight, 0.0f);
+    EXPECT_EQ(widget.flash, 0.0f);
+    EXPECT_EQ(widget.current, 0);
+    EXPECT_EQ(widget.GetDepth(), 0.0f);
+}
+
+TEST_F(GLWidgetTest, ConstructionWithoutAThemeTakesTheDefault) {
+    EXPECT_EQ(PlainWidget("w", nullptr, Vector(0.0f, 0.0f), nullptr).theme, theme);
+}
+
+using GLWidgetDeathTest = GLWidgetTest;
+
+TEST_F(GLWidgetDeathTest, ConstructionWithoutAnyThemeFailsTheAssertion) {
+    GLWidget::themes.clear();
+    EXPECT_EXIT(PlainWidget("w", nullptr, Vector(0.0f, 0.0f), nullptr), testing::ExitedWithCode(0),
+                "Assert failed on glwidget:[0-9]+ - \"theme != NULL\"");
+}
+
+TEST_F(GLWidgetTest, ConstructionSetsTheFontToTheThemesSize) {
+    Theme look;
+    look.fontSize = Vector(0.25f, 0.5f);
+    const PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), &look);
+    EXPECT_EQ(FontAccess::SizeX(GLWidget::font), 0.25f);
+    EXPECT_EQ(FontAccess::SizeY(GLWidget::font), 0.5f);
+}
+
+TEST_F(GLWidgetTest, ConstructionClearsTheMessageBoxAnswerAndTheRenderingFlag) {
+    GLWidget::msgboxResult = 2;
+    GLWidget::rendering = true;
+    const PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    EXPECT_EQ(GLWidget::msgboxResult, 0u);
+    EXPECT_FALSE(GLWidget::rendering);
+}
+
+TEST_F(GLWidgetTest, ConstructionReadsTheViewportAnew) {
+    GLWidget::viewport[2] = 0;
+    const PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    EXPECT_EQ(GLWidget::viewport[2], 800);
+    EXPECT_EQ(GLWidget::viewport[3], 600);
+}
+
+TEST_F(GLWidgetTest, SecondWidgetOfATagReplacesTheFirstInTheRegistry) {
+    const PlainWidget first("twin", nullptr, Vector(0.0f, 0.0f), nullptr);
+    EXPECT_EQ(GLWidget::GetByTag("twin"), &first);
+    const PlainWidget second("twin", nullptr, Vector(0.0f, 0.0f), nullptr);
+    EXPECT_EQ(GLWidget::GetByTag("twin"), &second);
+}
+
+TEST_F(GLWidgetTest, DeletingAWidgetLeavesItsChildrenAndItsTag) {
+    auto* const child = Make("child");
+    auto* const widget = Make("w");
+    widget->AddChild(child);
+    delete widget;
+    EXPECT_EQ(child->GetName(), "child");
+    EXPECT_EQ(GLWidget::tags.count("w"), 1u);
+    EXPECT_NE(GLWidget::tags["w"], nullptr);
+}
+
+TEST_F(GLWidgetTest, DestroyClearsTheTagUnlessAnotherWidgetTookIt) {
+    auto* const first = Make("twin");
+    auto* const second = Make("twin");
+    GLWidget::Destroy(first);
+    EXPECT_EQ(GLWidget::tags["twin"], second);
+    GLWidget::Destroy(second);
+    EXPECT_EQ(GLWidget::tags["twin"], nullptr);
+    GLWidget::Destroy(nullptr);
+}
+
+TEST_F(GLWidgetTest, UnknownTagWithoutComplaintIsNullAndSilentAndGetsAnEmptyEntry) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(GLWidget::GetByTag("nowhere", false), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    ASSERT_EQ(GLWidget::tags.count("nowhere"), 1u);
+    EXPECT_EQ(GLWidget::tags["nowhere"], nullptr);
+}
+
+TEST_F(GLWidgetDeathTest, UnknownTagWithComplaintIsNamedAndFailsTheAssertion) {
+    EXPECT_EXIT(GLWidget::GetByTag("nowhere", true), testing::ExitedWithCode(0),
+                "Invalid Tag Widget: 'nowhere'\n"
+                "Assert failed on glwidget/glwidget:539 - \"tags\\[Tag\\] != NULL\"\n");
+}
+
+TEST_F(GLWidgetTest, VirtualOperationsStandInTheToolkitsOrder) {
+    // A pointer to a virtual member holds 1 plus its offset in the class's table, whose first
+    // two places are the destructor's.
+    const auto slot = [](auto member) {
+        std::ptrdiff_t bits = 0;
+        std::memcpy(&bits, &member, sizeof bits);
+        return (bits - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
+    };
+    using MoveOnScreen = bool (GLWidget::*)(const Vector&);
+    using MoveInGui = bool (GLWidget::*)(float, float);
+    const std::ptrdiff_t slots[] = {
+        slot(&GLWidget::SetTabText),   slot(&GLWidget::SetText),
+        slot(&GLWidget::AddText),      slot(&GLWidget::Centre),
+        slot(&GLWidget::MouseClick),   slot(static_cast<MoveOnScreen>(&GLWidget::MouseMove)),
+        slot(&GLWidget::TextKeyPress), slot(static_cast<MoveInGui>(&GLWidget::MouseMove)),
+        slot(&GLWidget::Update),       slot(&GLWidget::Render),
+        slot(&GLWidget::operator+=),   slot(&GLWidget::Unique),
+        slot(&GLWidget::GetType),      slot(&GLWidget::AddChild),
+        slot(&GLWidget::Getbbox),      slot(&GLWidget::GetValidArea),
+        slot(&GLWidget::Solidify),     slot(&GLWidget::SetFocussed),
+        slot(&GLWidget::AddTab),       slot(&GLWidget::AddToTab),
+        slot(&GLWidget::Within),
+    };
+    std::ptrdiff_t expected = 2;
+    for (const std::ptrdiff_t actual : slots)
+        EXPECT_EQ(actual, expected++);
+}
+
+TEST_F(GLWidgetTest, BaseOperationsDoWhatMostWidgetsNeed) {
+    PlainWidget widget("w", nullptr, Vector(0.5f, 1.0f), nullptr);
+    widget.size = Vector(2.0f, 3.0f);
+    widget.SetTabText(0, "tab");
+    EXPECT_TRUE(widget.AddTab(0, "tab"));
+    EXPECT_TRUE(widget.AddToTab(0, nullptr));
+    EXPECT_FALSE(widget.GLWidget::Unique());
+    EXPECT_EQ(widget.GetType(), "GLWidget");
+    widget.SetText("caption");
+    EXPECT_EQ(widget.GetText(), "caption");
+    EXPECT_TRUE(widget.AddText("item"));
+    EXPECT_EQ(widget.texts, std::vector<std::string>{"item"});
+    const Vector box = widget.Getbbox();
+    EXPECT_EQ(box.x, 0.5f);
+    EXPECT_EQ(box.y, 1.0f);
+    EXPECT_EQ(box.z, 2.5f);
+    EXPECT_EQ(box.w, 4.0f);
+    const Vector area = widget.GetValidArea();
+    EXPECT_EQ(area.x, 0.0f);
+    EXPECT_EQ(area.y, 0.0f);
+    EXPECT_EQ(area.z, 0.0f);
+    EXPECT_EQ(area.w, 0.0f);
+}
+
+TEST_F(GLWidgetTest, AddingAnOffsetMovesTheWidgetAndReturnsItsNewPlace) {
+    PlainWidget widget("w", nullptr, Vector(0.5f, 1.0f), nullptr);
+    const Vector moved = widget += Vector(0.25f, -2.0f);
+    EXPECT_EQ(moved.x, 0.75f);
+    EXPECT_EQ(moved.y, -1.0f);
+    EXPECT_EQ(widget.position.x, 0.75f);
+    EXPECT_EQ(widget.position.y, -1.0f);
+}
+
+TEST_F(GLWidgetTest, EnableActivatesAndEndsTheFlash) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    widget.flash = 0.5f;
+    EXPECT_TRUE(widget.Enable());
+    EXPECT_TRUE(widget.active);
+    EXPECT_EQ(widget.flash, 0.0f);
+}
+
+TEST_F(GLWidgetTest, FocusGivesFullHighlight) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    EXPECT_TRUE(widget.Focus());
+    EXPECT_TRUE(widget.HasFocus());
+    EXPECT_EQ(widget.highlight, 1.0f);
+}
+
+TEST_F(GLWidgetTest, ScreenCornersAreTheCornersOfGuiSpace) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    const float right = 1.3f * 800.0f / 600.0f;
+    widget.GLWidget::MouseMove(Vector(0.0f, 0.0f));
+    EXPECT_FLOAT_EQ(widget.mouse.x, -right);
+    EXPECT_FLOAT_EQ(widget.mouse.y, 1.3f);
+    widget.GLWidget::MouseMove(Vector(800.0f, 600.0f));
+    EXPECT_FLOAT_EQ(widget.mouse.x, right);
+    EXPECT_FLOAT_EQ(widget.mouse.y, -1.3f);
+    widget.GLWidget::MouseMove(Vector(400.0f, 300.0f));
+    EXPECT_FLOAT_EQ(widget.mouse.x, 0.0f);
+    EXPECT_FLOAT_EQ(widget.mouse.y, 0.0f);
+}
+
+TEST_F(GLWidgetTest, ScreenMoveReachesTheOverrideInGuiSpace) {
+    class Recorder : public PlainWidget {
+    public:
+        using GLWidget::MouseMove;
+        using PlainWidget::PlainWidget;
+        bool MouseMove(float x, float y) override {
+            seen = Vector(x, y);
+            return true;
+        }
+        Vector seen;
+    };
+    Recorder widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    GLWidget::widgets.push_back(&widget);
+    EXPECT_TRUE(GLWidget::MouseMoveWidgets(Vector(800.0f, 0.0f)));
+    EXPECT_FLOAT_EQ(widget.seen.x, 1.3f * 4.0f / 3.0f);
+    EXPECT_FLOAT_EQ(widget.seen.y, 1.3f);
+}
+
+TEST_F(GLWidgetTest, MouseMoveGivesFocusWithinTheBoxBordersIncluded) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    widget.size = Vector(1.0f, 0.5f);
+    widget.MouseMove(1.0f, 0.5f);
+    EXPECT_TRUE(widget.HasFocus());
+    widget.MouseMove(0.0f, 0.0f);
+    EXPECT_TRUE(widget.HasFocus());
+    widget.MouseMove(1.001f, 0.5f);
+    EXPECT_FALSE(widget.HasFocus());
+    widget.MouseMove(0.5f, -0.001f);
+    EXPECT_FALSE(widget.HasFocus());
+}
+
+TEST_F(GLWidgetTest, MouseMovePassesTheSamePlaceToEveryChild) {
+    PlainWidget* const parent = Make("parent", Vector(5.0f, 5.0f));
+    PlainWidget* const child = Make("child");
+    PlainWidget* const grandchild = Make("grandchild");
+    parent->children = {child};
+    child->children = {grandchild};
+    parent->MouseMove(0.5f, 0.25f);
+    EXPECT_FALSE(parent->HasFocus());
+    EXPECT_TRUE(child->HasFocus());
+    EXPECT_TRUE(grandchild->HasFocus());
+    EXPECT_EQ(grandchild->mouse.x, 0.5f);
+    EXPECT_EQ(grandchild->mouse.y, 0.25f);
+}
+
+TEST_F(GLWidgetTest, OverlappingTopLevelWidgetsBothGetFocusAndTheClick) {
+    PlainWidget* const lower = MakeTop("lower");
+    PlainWidget* const upper = MakeTop("upper");
+    GLWidget::MouseMoveWidgets(Vector(410.0f, 290.0f));
+    EXPECT_TRUE(lower->HasFocus());
+    EXPECT_TRUE(upper->HasFocus());
+    EXPECT_TRUE(GLWidget::MouseClickWidgets(true, false, false));
+    EXPECT_EQ(lower->clicks, 1);
+    EXPECT_EQ(upper->clicks, 1);
+}
+
+TEST_F(GLWidgetTest, DispatchersReturnAtOnceWithoutWidgets) {
+    EXPECT_TRUE(GLWidget::MouseMoveWidgets(Vector(1.0f, 1.0f)));
+    EXPECT_TRUE(GLWidget::MouseClickWidgets(true, true, true));
+    EXPECT_TRUE(GLWidget::TextKeyPressWidgets(KeyFlags{}));
+    EXPECT_TRUE(GLWidget::UpdateWidgets(16));
+}
+
+TEST_F(GLWidgetTest, KeyPressesReachEveryWidgetOfTheTree) {
+    class Typist : public PlainWidget {
+    public:
+        using PlainWidget::PlainWidget;
+        bool TextKeyPress(const KeyFlags& keys) override {
+            sawA = keys['a'];
+            return GLWidget::TextKeyPress(keys);
+        }
+        bool sawA = false;
+    };
+    PlainWidget* const top = MakeTop("top");
+    Typist child("child", top, Vector(0.0f, 0.0f), nullptr);
+    Typist grandchild("grandchild", &child, Vector(0.0f, 0.0f), nullptr);
+    top->children = {&child};
+    child.children = {&grandchild};
+    KeyFlags keys{};
+    keys['a'] = true;
+    EXPECT_TRUE(GLWidget::TextKeyPressWidgets(keys));
+    EXPECT_TRUE(child.sawA);
+    EXPECT_TRUE(grandchild.sawA);
+}
+
+TEST_F(GLWidgetTest, UpdateAgesTheWholeTree) {
+    PlainWidget* const top = MakeTop("top");
+    PlainWidget* const child = Make("child");
+    top->children = {child};
+    GLWidget::UpdateWidgets(16);
+    EXPECT_TRUE(GLWidget::UpdateWidgets(20));
+    EXPECT_EQ(top->age, 36);
+    EXPECT_EQ(child->age, 36);
+}
+
+TEST_F(GLWidgetTest, AgeWrapsInsteadOfOverflowing) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    widget.age = 2147483647;
+    widget.Update(1);
+    EXPECT_EQ(widget.age, -2147483647 - 1);
+}
+
+TEST_F(GLWidgetTest, HighlightRampsUpUnderTheMouseMayOvershootAndThenIsOne) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    widget.focus = true;
+    widget.Update(100);
+    EXPECT_FLOAT_EQ(widget.highlight, 0.5f);
+    widget.Update(150);
+    EXPECT_FLOAT_EQ(widget.highlight, 1.25f);
+    widget.Update(10);
+    EXPECT_EQ(widget.highlight, 1.0f);
+}
+
+TEST_F(GLWidgetTest, HighlightRampsDownAwayFromTheMouseMayUndershootAndThenIsZero) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    widget.highlight = 1.0f;
+    widget.Update(100);
+    EXPECT_FLOAT_EQ(widget.highlight, 0.5f);
+    widget.Update(150);
+    EXPECT_FLOAT_EQ(widget.highlight, -0.25f);
+    widget.Update(10);
+    EXPECT_EQ(widget.highlight, 0.0f);
+    widget.highlight = 0.0001f;
+    widget.Update(1);
+    EXPECT_EQ(widget.highlight, 0.0f);
+}
+
+TEST_F(GLWidgetTest, WithoutFadeHighlightIsFullWhereverTheMouseIs) {
+    Theme steady;
+    steady.fade = false;
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), &steady);
+    widget.Update(1);
+    EXPECT_EQ(widget.highlight, 1.0f);
+    widget.focus = true;
+    widget.Update(1);
+    EXPECT_EQ(widget.highlight, 1.0f);
+}
+
+TEST_F(GLWidgetTest, FlashDecaysToZero) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    widget.flash = 1.0f;
+    widget.Update(50);
+    EXPECT_FLOAT_EQ(widget.flash, 0.75f);
+    widget.flash = 0.0001f;
+    widget.Update(50);
+    EXPECT_EQ(widget.flash, 0.0f);
+}
+
+TEST_F(GLWidgetDeathTest, AddingNoChildFailsTheAssertion) {
+    PlainWidget* const widget = Make("w");
+    EXPECT_EXIT(widget->AddChild(nullptr), testing::ExitedWithCode(0),
+                "Assert failed on glwidget/glwidget:763 - \"a != 0\"");
+}
+
+TEST_F(GLWidgetDeathTest, CentringNoChildFailsTheAssertion) {
+    PlainWidget* const widget = Make("w");
+    EXPECT_EXIT(widget->Centre(nullptr, true, true), testing::ExitedWithCode(0),
+                "Assert failed on glwidget/glwidget:679 - \"child != 0\"");
+}
+
+TEST_F(GLWidgetTest, AddingAChildKeepsItsOwnParent) {
+    PlainWidget* const widget = Make("w");
+    PlainWidget* const child = Make("child");
+    EXPECT_TRUE(widget->AddChild(child));
+    EXPECT_EQ(widget->children, std::vector<GLWidget*>{child});
+    EXPECT_EQ(child->GetParent(), nullptr);
+}
+
+TEST_F(GLWidgetTest, EveryAdditionEnablesTheFirstUniqueChildAndTellsTheOtherUniqueOnes) {
+    PlainWidget* const parent = Make("parent");
+    PlainWidget* const plain = Make("plain");
+    PlainWidget* const first = Make("first");
+    PlainWidget* const second = Make("second");
+    first->unique = true;
+    second->unique = true;
+    parent->AddChild(plain);
+    EXPECT_FALSE(plain->active);
+    parent->AddChild(first);
+    EXPECT_TRUE(first->active);
+    EXPECT_TRUE(first->told.empty());
+    parent->AddChild(second);
+    EXPECT_EQ(second->told, std::vector<GLWidget*>{first});
+    EXPECT_FALSE(second->active);
+    first->active = false;
+    parent->AddChild(Make("later"));
+    EXPECT_TRUE(first->active);
+    EXPECT_EQ(second->told.size(), 2u);
+    EXPECT_TRUE(plain->told.empty());
+}
+
+TEST_F(GLWidgetTest, SecondOptionAddedMakesTheFirstActiveEvenIfItWasActiveItself) {
+    PlainWidget* const parent = Make("parent");
+    Optionbox first("first", parent, Vector(0.0f, 0.0f), nullptr, "");
+    Optionbox second("second", parent, Vector(0.0f, 0.0f), nullptr, "");
+    second.Enable();
+    parent->AddChild(&first);
+    parent->AddChild(&second);
+    EXPECT_TRUE(first.Clicked());
+    EXPECT_FALSE(second.Clicked());
+}
+
+TEST_F(GLWidgetTest, SolidifyGrowsAroundTheChildrenAndNeverShrinks) {
+    Theme look;
+    look.border = 0.125f;
+    PlainWidget parent("parent", nullptr, Vector(0.0f, 0.0f), &look);
+    parent.size = Vector(1.0f, 10.0f);
+    PlainWidget* const child = Make("child", Vector(1.0f, 1.0f), Vector(2.0f, 3.0f));
+    parent.AddChild(child);
+    EXPECT_TRUE(parent.Solidify());
+    EXPECT_FLOAT_EQ(parent.size.x, 3.0f + 6.0f * 0.125f);
+    EXPECT_FLOAT_EQ(parent.size.y, 10.0f);
+}
+
+TEST_F(GLWidgetTest, SolidifyStartsWithTheInnermostWidgets) {
+    Theme look;
+    look.border = 0.125f;
+    PlainWidget outer("outer", nullptr, Vector(0.0f, 0.0f), &look);
+    PlainWidget inner("inner", &outer, Vector(0.0f, 0.0f), &look);
+    PlainWidget* const leaf = Make("leaf", Vector(0.0f, 0.0f), Vector(2.0f, 2.0f));
+    outer.AddChild(&inner);
+    inner.AddChild(leaf);
+    outer.Solidify();
+    EXPECT_FLOAT_EQ(inner.size.x, 2.75f);
+    EXPECT_FLOAT_EQ(outer.size.x, 3.5f);
+}
+
+TEST_F(GLWidgetTest, PositionBeyondNinetyIsAnchoredToTheScreensEdge) {
+    const float halfWidth = 1.3f * 4.0f / 3.0f;
+    const float margin = 3.0f * theme->border;
+    PlainWidget* const topRight = Make("a", Vector(90.001f, 90.001f), Vector(0.5f, 0.25f));
+    topRight->Solidify();
+    EXPECT_FLOAT_EQ(topRight->position.x, halfWidth - 0.5f - margin);
+    EXPECT_FLOAT_EQ(topRight->position.y, 1.3f - 0.25f - margin);
+    PlainWidget* const bottomLeft = Make("b", Vector(-90.001f, -90.001f), Vector(0.5f, 0.25f));
+    bottomLeft->Solidify();
+    EXPECT_FLOAT_EQ(bottomLeft->position.x, -halfWidth + margin);
+    EXPECT_FLOAT_EQ(bottomLeft->position.y, -1.3f + margin);
+}
+
+TEST_F(GLWidgetTest, PositionOfExactlyNinetyIsNotAnchored) {
+    PlainWidget* const right = Make("a", Vector(90.0f, 90.0f));
+    right->Solidify();
+    EXPECT_EQ(right->position.x, 90.0f);
+    EXPECT_EQ(right->position.y, 90.0f);
+    PlainWidget* const left = Make("b", Vector(-90.0f, -90.0f));
+    left->Solidify();
+    EXPECT_EQ(left->position.x, -90.0f);
+    EXPECT_EQ(left->position.y, -90.0f);
+}
+
+TEST_F(GLWidgetTest, CentreLeavesRoomForMarginsAndATitle) {
+    theme->border = 0.125f;
+    theme->fontSize = Vector(0.25f, 0.5f);
+    PlainWidget* const parent = Make("parent", Vector(1.0f, 1.0f), Vector(4.75f, 5.75f));
+    PlainWidget* const child = Make("child", Vector(0.0f, 0.0f), Vector(2.0f, 1.0f));
+    EXPECT_TRUE(parent->Centre(child, true, false));
+    EXPECT_FLOAT_EQ(child->position.x, 1.0f);
+    EXPECT_FLOAT_EQ(child->position.y, 0.0f);
+    EXPECT_TRUE(parent->Centre(child, false, true));
+    EXPECT_FLOAT_EQ(child->position.x, 1.0f);
+    EXPECT_FLOAT_EQ(child->position.y, 1.5f);
+}
+
+TEST_F(GLWidgetTest, LatchesAreReportedOnce) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    EXPECT_FALSE(widget.BeenClicked());
+    EXPECT_FALSE(widget.BeenChanged());
+    widget.clicked = true;
+    EXPECT_TRUE(widget.BeenClicked());
+    EXPECT_FALSE(widget.BeenClicked());
+    widget.changed = true;
+    EXPECT_TRUE(widget.BeenChanged());
+    EXPECT_FALSE(widget.BeenChanged());
+}
+
+TEST_F(GLWidgetTest, ClickedIsTheActiveFlagAndIsNotCleared) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    EXPECT_FALSE(widget.Clicked());
+    widget.active = true;
+    EXPECT_TRUE(widget.Clicked());
+    EXPECT_TRUE(widget.Clicked());
+}
+
+TEST_F(GLWidgetTest, LevelIsClampedAndLeavesTheDragAlone) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    widget.dragging = true;
+    widget.SetLevel(0.25f);
+    EXPECT_EQ(widget.GetLevel(), 0.25f);
+    widget.SetLevel(-1.0f);
+    EXPECT_EQ(widget.GetLevel(), 0.0f);
+    widget.SetLevel(7.0f);
+    EXPECT_EQ(widget.GetLevel(), 1.0f);
+    EXPECT_TRUE(widget.Dragging());
+}
+
+TEST_F(GLWidgetTest, CurrentTextIsEmptyWithoutTextsAndOutsideTheList) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    EXPECT_EQ(widget.GetCurrentText(), "");
+    widget.AddText("first");
+    widget.AddText("second");
+    EXPECT_EQ(widget.GetCurrentText(), "first");
+    widget.current = 1;
+    EXPECT_EQ(widget.GetCurrentText(), "second");
+    widget.current = 2;
+    EXPECT_EQ(widget.GetCurrentText(), "");
+    widget.current = -1;
+    EXPECT_EQ(widget.GetCurrentText(), "");
+}
+
+TEST_F(GLWidgetTest, NewThemeOfATakenNameLeavesTheEarlierOneToItsWidgets) {
+    PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
+    theme->border = 0.5f;
+    Theme* const later = GLWidget::NewTheme("default");
+    EXPECT_NE(later, theme);
+    EXPECT_EQ(GLWidget::themes["default"], later);
+    EXPECT_EQ(widget.theme, theme);
+    EXPECT_EQ(widget.theme->border, 0.5f);
+}
+
+}  // namespace

@@ -1,0 +1,237 @@
+#include "glwidget/label.h"
+
+#include <cstdlib>
+
+#include "glwidget/drawing.h"
+#include "glwidget/wordwrap.h"
+#include "tests/glwidget/widget_test.h"
+
+namespace {
+
+class LabelTest : public WidgetTest {
+protected:
+    /// A label of a given width in glyphs.
+    class Narrow : public Label {
+    public:
+        using Label::Label;
+        using Label::size;
+    };
+
+    std::unique_ptr<Narrow> Make(const std::string& text) {
+        testing::internal::CaptureStderr();
+        auto label = std::make_unique<Narrow>("l", nullptr, Vector(0.0f, 0.0f), theme, text);
+        trace = testing::internal::GetCapturedStderr();
+        return label;
+    }
+    std::unique_ptr<Narrow> MakeWide(int glyphs, const std::string& text) {
+        auto label = Make(text);
+        label->size.x = (static_cast<float>(glyphs) + 0.5f) * theme->fontSize.x;
+        return label;
+    }
+
+    std::string trace;
+};
+
+TEST_F(LabelTest, SizeHoldsTheWholeText) {
+    const auto label = Make("four");
+    EXPECT_FLOAT_EQ(label->size.x, 5.0f * 0.04f);
+    EXPECT_FLOAT_EQ(label->size.y, 0.05f * 1.3f);
+}
+
+TEST_F(LabelTest, HeightCountsTheLines) {
+    EXPECT_FLOAT_EQ(Make("one\ntwo\nthree")->size.y, 3.0f * 0.05f * 1.3f);
+    EXPECT_FLOAT_EQ(Make("")->size.y, 0.05f * 1.3f);
+}
+
+TEST_F(LabelTest, ConstructionTracesLinesHeightAndText) {
+    theme->fontSize = Vector(0.25f, 0.5f);
+    Make("one\ntwo");
+    EXPECT_EQ(trace, "label - 2 - 1.3\none\ntwo\n");
+}
+
+TEST_F(LabelTest, IsOneOfMany) {
+    const auto label = Make("x");
+    EXPECT_EQ(label->GetType(), "Label");
+    EXPECT_FALSE(label->Unique());
+}
+
+TEST_F(LabelTest, ClickIsTrueAndDoesNotStoreTheButtons) {
+    class Opened : public Label {
+    public:
+        using Label::buttons;
+        using Label::Label;
+    };
+    testing::internal::CaptureStderr();
+    Opened label("l", nullptr, Vector(0.0f, 0.0f), theme, "x");
+    testing::internal::GetCapturedStderr();
+    EXPECT_TRUE(label.MouseClick(true, true, true));
+    EXPECT_FALSE(label.buttons.left);
+    EXPECT_FALSE(label.Clicked());
+}
+
+TEST_F(LabelTest, ConstructorKeepsPairsOfPercentSigns) {
+    EXPECT_EQ(Make("25%%")->GetText(), "25%%");
+}
+
+TEST_F(LabelTest, SetTextReplacesPairsOfPercentSigns) {
+    const auto label = Make("25%%");
+    label->SetText("25%%");
+    EXPECT_EQ(label->GetText(), "25%");
+    label->SetText("Farmers: 25%%");
+    EXPECT_EQ(label->GetText(), "Farmers: 25%");
+    label->SetText("plain");
+    EXPECT_EQ(label->GetText(), "plain");
+    label->SetText("5%");
+    EXPECT_EQ(label->GetText(), "5%");
+}
+
+TEST_F(LabelTest, SetTextKeepsTheSize) {
+    const auto label = Make("x");
+    const Vector before = label->size;
+    label->SetText("a longer text\nof two lines");
+    EXPECT_EQ(label->size.x, before.x);
+    EXPECT_EQ(label->size.y, before.y);
+}
+
+TEST_F(LabelTest, EmptyTextCanBeSetAtOnce) {
+    const auto label = Make("x");
+    label->SetText("");
+    EXPECT_EQ(label->GetText(), "");
+    EXPECT_EQ(label->Wrapped(), "");
+}
+
+TEST_F(LabelTest, LineThatFitsStaysWhole) {
+    EXPECT_EQ(MakeWide(11, "hello world")->Wrapped(), "hello world");
+}
+
+TEST_F(LabelTest, LineBreaksAtTheLastBlankOrTabBeforeTheWidth) {
+    EXPECT_EQ(MakeWide(8, "hello world")->Wrapped(), "hello\nworld");
+    EXPECT_EQ(MakeWide(8, "hello\tworld")->Wrapped(), "hello\nworld");
+    EXPECT_EQ(MakeWide(9, "ab cd ef gh")->Wrapped(), "ab cd ef\ngh");
+}
+
+TEST_F(LabelTest, CharactersBetweenBreakAndOverflowAreNotCountedInTheNextLine) {
+    // The first line overflows at the "o" of "world"; "rld hi" is what the second measures.
+    EXPECT_EQ(MakeWide(7, "hello world hi ho")->Wrapped(), "hello\nworld hi\nho");
+}
+
+TEST_F(LabelTest, TextsOwnBreaksDoNotStartANewMeasureButTheWidestLineCounts) {
+    EXPECT_EQ(MakeWide(4, "a b\nc d\ne f")->Wrapped(), "a b\nc d\ne f");
+    EXPECT_EQ(MakeWide(4, "a b\ncc dd")->Wrapped(), "a b\ncc\ndd");
+}
+
+TEST_F(LabelTest, TextWithoutABlankStaysUnbroken) {
+    EXPECT_EQ(MakeWide(3, "abcdefgh")->Wrapped(), "abcdefgh");
+    EXPECT_EQ(MakeWide(3, "abcdefgh ij")->Wrapped(), "abcdefgh\nij");
+}
+
+TEST_F(LabelTest, BreaksAreFoundAgainWhenTextWidthOrFontSizeChange) {
+    const auto label = MakeWide(8, "hello world");
+    EXPECT_EQ(label->Wrapped(), "hello\nworld");
+    label->SetText("other words");
+    EXPECT_EQ(label->Wrapped(), "other\nwords");
+    label->size.x = 1.0f;
+    EXPECT_EQ(label->Wrapped(), "other words");
+    theme->fontSize.x = 0.125f;
+    EXPECT_EQ(label->Wrapped(), "other\nwords");
+}
+
+TEST_F(LabelTest, BreaksAreFoundAgainAfterAnotherFontWasLoaded) {
+    const auto label = MakeWide(8, "hello world");
+    label->Wrapped();
+    FontAccess::SetAdvances(GLWidget::font, 0.5f);
+    EXPECT_EQ(label->Wrapped(), "hello\nworld");
+    ++GLWidget::fontLoads;
+    EXPECT_EQ(label->Wrapped(), "hello world");
+}
+
+TEST_F(LabelTest, BreaksAreFoundOnceWhileNothingChanges) {
+    const auto label = MakeWide(8, "hello world");
+    label->Wrapped();
+    FontAccess::SetAdvances(GLWidget::font, 0.5f);
+    label->SetText("hello world");
+    label->Wrapped();  // the first SetText is new, whatever it says
+    FontAccess::SetAdvances(GLWidget::font, 1.0f);
+    label->SetText("hello world");
+    EXPECT_EQ(label->Wrapped(), "hello world");
+}
+
+/// The rule as it reads: the whole line is measured for every character.
+std::string WrapByTheRule(const Theme& theme, const std::string& text, float width) {
+    std::string line;
+    std::string output;
+    for (const char character : text) {
+        line += character;
+        if (MeasureText(theme, line) > width) {
+            const std::size_t blank = output.find_last_of(" \t");
+            if (blank != std::string::npos) {
+                output[blank] = '\n';
+                line.clear();
+            }
+        }
+        output += character;
+    }
+    return output;
+}
+
+TEST_F(LabelTest, WrappingEqualsMeasuringEveryPrefixAnew) {
+    constexpr char kAlphabet[] = "abW  \t\n%%i\x80";
+    for (int glyph = 0; glyph < 128; ++glyph) {
+        FontAccess::SetAdvance(GLWidget::font, static_cast<char>(glyph),
+                               0.1f + 0.013f * static_cast<float>(glyph));
+    }
+    std::srand(7);
+    std::string wrapped;
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        for (int length = std::rand() % 90; length > 0; --length)
+            text += kAlphabet[static_cast<std::size_t>(std::rand()) % (sizeof kAlphabet - 1)];
+        const float width = 0.05f * static_cast<float>(1 + std::rand() % 30);
+        WrapWords(*theme, text, width, wrapped);
+        ASSERT_EQ(wrapped, WrapByTheRule(*theme, text, width)) << testing::PrintToString(text);
+    }
+}
+
+TEST_F(LabelTest, GrowingTextMeasuresLikeTheFontToTheLastBit) {
+    constexpr char kAlphabet[] = "aW \n%\xff";
+    FontAccess::SetAdvance(GLWidget::font, 'a', 0.3f);
+    FontAccess::SetAdvance(GLWidget::font, '%', 0.7f);
+    std::srand(11);
+    for (int round = 0; round < 500; ++round) {
+        GrowingText growing(*theme);
+        std::string text;
+        for (int length = std::rand() % 60; length > 0; --length) {
+            const char next = kAlphabet[static_cast<std::size_t>(std::rand()) % 6];
+            text += next;
+            growing.Append(next);
+            ASSERT_EQ(growing.Width(), MeasureText(*theme, text)) << testing::PrintToString(text);
+        }
+    }
+}
+
+TEST_F(LabelTest, ZeroByteEndsTheMeasure) {
+    GrowingText growing(*theme);
+    growing.Append('a');
+    growing.Append('\0');
+    growing.Append('b');
+    EXPECT_EQ(growing.Width(), MeasureText(*theme, std::string("a\0b", 3)));
+    growing.Clear();
+    growing.Append('b');
+    EXPECT_EQ(growing.Width(), MeasureText(*theme, "b"));
+}
+
+TEST_F(LabelTest, EscapingDoublesEveryPercentSignThatIsNotHalfOfAPair) {
+    EXPECT_EQ(EscapeFormat(""), "");
+    EXPECT_EQ(EscapeFormat("plain"), "plain");
+    EXPECT_EQ(EscapeFormat("5%"), "5%%");
+    EXPECT_EQ(EscapeFormat("5%%"), "5%%");
+    EXPECT_EQ(EscapeFormat("5%%%"), "5%%%%");
+    EXPECT_EQ(EscapeFormat("%n%s%%d"), "%%n%%s%%d");
+}
+
+TEST_F(LabelTest, TextThatLooksLikeAFormatReadsNoArguments) {
+    EXPECT_FLOAT_EQ(MeasureText(*theme, "%s%n"), 4.0f * 0.04f);
+    EXPECT_FLOAT_EQ(MeasureText(*theme, "%%s"), 2.0f * 0.04f);
+}
+
+}  // namespace
