@@ -13,6 +13,14 @@ std::shared_ptr<float[]> TextureData::NewPixels(std::int64_t width, std::int64_t
     return std::make_shared_for_overwrite<float[]>(static_cast<std::size_t>(width * height * 4));
 }
 
+bool TextureData::SizeFits(const std::string& path, std::int64_t width, std::int64_t height) {
+    if (width >= 1 && height >= 1 && height <= kMaxPixels / width)
+        return true;
+    std::cerr << path << ": an image of " << width << " x " << height
+              << " pixels cannot be loaded; it must have from 1 to " << kMaxPixels << " pixels\n";
+    return false;
+}
+
 bool TextureData::Load(const std::string& path) {
     TraceFrame frame("Load", "TextureData");
     // "tga" first: in a folder whose name holds it, every file is one.
@@ -27,7 +35,7 @@ bool TextureData::Load(int newWidth, int newHeight, bool alpha, const std::uint8
     const std::int64_t pixels = std::int64_t{newWidth} * newHeight;
     if (newWidth < 0 || newHeight < 0 || pixels > kMaxPixels) {
         std::cerr << "An image of " << newWidth << " x " << newHeight
-                  << " pixels cannot be held: the limit is " << kMaxPixels << " pixels\n";
+                  << " pixels cannot be held; it may have up to " << kMaxPixels << " pixels\n";
         return false;
     }
     std::shared_ptr<float[]> loaded = NewPixels(newWidth, newHeight);

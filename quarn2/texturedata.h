@@ -63,6 +63,10 @@ public:
     int GetBitsPerPixel() const { return 32; }
 
 private:
+    /// Whether a decoder may allocate such an image: it has pixels, and not above kMaxPixels.
+    /// If not, one line on standard error names the file and the limit.
+    [[nodiscard]] static bool SizeFits(const std::string& path, std::int64_t width,
+                                       std::int64_t height);
     /// An uninitialised array for an image of that size.
     static std::shared_ptr<float[]> NewPixels(std::int64_t width, std::int64_t height);
 

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A folder of its own for a test's files, gone with it. Its path holds no "tga" and no "png".
+class TemporaryFolder {
+public:
+    TemporaryFolder() : folder(std::filesystem::temp_directory_path() / UniqueName()) {
+        std::filesystem::create_directories(folder);
+    }
+    ~TemporaryFolder() { std::filesystem::remove_all(folder); }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::string Path(std::string_view name) const { return (folder / name).string(); }
+
+    /// Writes a file, making the folders of its name.
+    /// @return its path
+    std::string Write(std::string_view name, std::span<const std::uint8_t> bytes) const {
+        std::filesystem::create_directories((folder / name).parent_path());
+        std::ofstream file(folder / name, std::ios::binary);
+        for (const std::uint8_t byte : bytes)
+            file.put(static_cast<char>(byte));
+        return Path(name);
+    }
+    std::string Write(std::string_view name, std::string_view text) const {
+        return Write(name, std::vector<std::uint8_t>(text.begin(), text.end()));
+    }
+
+private:
+    static std::string UniqueName() {
+        static int count = 0;
+        return "merovinska_" + std::to_string(getpid()) + "_" + std::to_string(++count);
+    }
+
+    std::filesystem::path folder;
+};
+
+/// A file's bytes; none when it cannot be read.
+inline std::vector<std::uint8_t> FileBytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
