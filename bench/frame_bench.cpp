@@ -1,0 +1,93 @@
+// A frame of the game without its OpenGL calls: the mouse and the keys handed to the widgets,
+// the controls read, every label written. The layout is the game's own, read in an empty folder,
+// so that no picture and no font is loaded.
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "app/app.h"
+#include "country/rates.h"
+#include "glwidget/glwidget.h"
+#include "quarn2/trace.h"
+#include "tests/support/font_access.h"
+
+namespace {
+
+constexpr std::uint32_t kFrameMs = 16;
+
+App& Game() {
+    static Pointer<App> app;
+    if (!app) {
+        trace::Start();
+        std::string folder = (std::filesystem::temp_directory_path() / "frame-XXXXXX").string();
+        if (mkdtemp(folder.data()) == nullptr)
+            std::abort();
+        std::filesystem::current_path(folder);
+        GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
+            viewport[0] = viewport[1] = 0;
+            viewport[2] = 800;
+            viewport[3] = 600;
+        };
+        FontAccess::SetAdvances(GLWidget::font, 0.6f);
+        const std::ostringstream quiet;
+        std::streambuf* const errors = std::cerr.rdbuf(quiet.rdbuf());
+        GLWidget::StartGUI(LAYOUT_FILE);
+        std::cerr.rdbuf(errors);
+        std::srand(1358);
+        app = new App;
+        app->CreateWorld();
+        app->GetWorld()->player.SetMessageStream(nullptr);
+        std::filesystem::current_path("/");
+        std::filesystem::remove_all(folder);
+    }
+    return *static_cast<App*>(app);
+}
+
+void MovePointer(int step) {
+    GLWidget::MouseMoveWidgets(
+        Vector(static_cast<float>(step % 800), static_cast<float>(step % 600)));
+    GLWidget::MouseClickWidgets(false, false, false);
+}
+
+/// What most frames are: the mouse moves, nothing in the country changes.
+void BM_FrameWithoutATick(benchmark::State& state) {
+    App& app = Game();
+    const KeyFlags keys{};
+    int step = 0;
+    for (auto _ : state) {
+        MovePointer(++step);
+        GLWidget::TextKeyPressWidgets(keys);
+        app.Update(0);
+    }
+}
+BENCHMARK(BM_FrameWithoutATick)->Unit(benchmark::kMicrosecond);
+
+/// Sixty frames a second, one of which advances the country and changes its labels.
+void BM_FrameOfTheRunningClock(benchmark::State& state) {
+    App& app = Game();
+    const KeyFlags keys{};
+    int step = 0;
+    for (auto _ : state) {
+        MovePointer(++step);
+        GLWidget::TextKeyPressWidgets(keys);
+        app.Update(kFrameMs);
+    }
+}
+BENCHMARK(BM_FrameOfTheRunningClock)->Unit(benchmark::kMicrosecond);
+
+/// A press of the week button: 604800 one-second steps of the date, a tick, an edition.
+void BM_Week(benchmark::State& state) {
+    World& world = *Game().GetWorld();
+    for (auto _ : state)
+        world.Advance(kSecondsPerWeek);
+}
+BENCHMARK(BM_Week)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();
