@@ -1,0 +1,71 @@
+#pragma once
+
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <vector>
+
+/// The window system's event queue without a window system: it holds what a test puts there.
+class EventQueue {
+public:
+    EventQueue() {
+        setenv("SDL_VIDEODRIVER", "dummy", 1);
+        EXPECT_EQ(SDL_InitSubSystem(SDL_INIT_VIDEO | SDL_INIT_NOPARACHUTE), 0) << SDL_GetError();
+        unsetenv("SDL_VIDEODRIVER");
+        Take();
+    }
+    ~EventQueue() { SDL_QuitSubSystem(SDL_INIT_VIDEO); }
+    EventQueue(const EventQueue&) = delete;
+    EventQueue& operator=(const EventQueue&) = delete;
+
+    static void Push(SDL_Event event) { EXPECT_EQ(SDL_PushEvent(&event), 0); }
+
+    static void Push(SDL_EventType type) {
+        SDL_Event event{};
+        event.type = type;
+        Push(event);
+    }
+
+    static void PushUser(int code) {
+        SDL_Event event{};
+        event.type = SDL_USEREVENT;
+        event.user.code = code;
+        Push(event);
+    }
+
+    static void PushKey(bool down, int symbol, int character = 0) {
+        SDL_Event event{};
+        event.type = down ? SDL_KEYDOWN : SDL_KEYUP;
+        event.key.state = down ? SDL_PRESSED : SDL_RELEASED;
+        event.key.keysym.sym = static_cast<SDLKey>(symbol);
+        event.key.keysym.unicode = static_cast<Uint16>(character);
+        Push(event);
+    }
+
+    static void PushMotion(int x, int y) {
+        SDL_Event event{};
+        event.type = SDL_MOUSEMOTION;
+        event.motion.x = static_cast<Uint16>(x);
+        event.motion.y = static_cast<Uint16>(y);
+        Push(event);
+    }
+
+    static void PushButton(bool down, int button, int x, int y) {
+        SDL_Event event{};
+        event.type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
+        event.button.state = down ? SDL_PRESSED : SDL_RELEASED;
+        event.button.button = static_cast<Uint8>(button);
+        event.button.x = static_cast<Uint16>(x);
+        event.button.y = static_cast<Uint16>(y);
+        Push(event);
+    }
+
+    /// Empties the queue: the codes of user events, the negative types of others.
+    static std::vector<int> Take() {
+        std::vector<int> taken;
+        for (SDL_Event event; SDL_PollEvent(&event) != 0;)
+            taken.push_back(event.type == SDL_USEREVENT ? event.user.code : -event.type);
+        return taken;
+    }
+};
