@@ -1,0 +1,317 @@
+// countrysim is run as its users run it, and its rows are compared with the library's figures.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "country/world.h"
+
+namespace {
+
+constexpr char kHeader[] =
+    "tick,elapsed,population,funds,livestock,grain,livestock_production,grain_production,"
+    "morale,opinion,crime,justice,famineChance,famineTime,plagueTime,rebellion\n";
+constexpr float kWeek = 604800.0f;
+
+struct Result {
+    int status;
+    std::string out;
+    std::string error;
+};
+
+std::string Slurp(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+/// @param sink  where the rows go instead of into the result
+Result RunTool(const std::string& arguments, const std::string& sink = "") {
+    // The tests of this file may run side by side, each in a process of its own.
+    const std::string base = testing::TempDir() + "countrysim_test." + std::to_string(getpid());
+    const std::string out = sink.empty() ? base + ".out" : sink;
+    const std::string error = base + ".err";
+    const std::string command =
+        std::string(COUNTRYSIM) + ' ' + arguments + " >" + out + " 2>" + error;
+    const int status = std::system(command.c_str());
+    Result result{WIFEXITED(status) ? WEXITSTATUS(status) : -1, "", Slurp(error)};
+    if (sink.empty()) {
+        result.out = Slurp(out);
+        std::remove(out.c_str());
+    }
+    std::remove(error.c_str());
+    return result;
+}
+
+std::string Rows(const std::string& arguments) {
+    const Result result = RunTool(arguments);
+    EXPECT_EQ(result.status, 0) << result.error;
+    return result.out;
+}
+
+std::string Row(int tick, const Country& country) {
+    char buffer[400];
+    std::snprintf(buffer, sizeof buffer,
+                  "%d,%.9g,%.9g,%.9g,%.9g,%.9g,%.9g,%.9g,%.9g,%.9g,%.9g,%.9g,%.9g,%.9g,%.9g,%d\n",
+                  tick, country.elapsed, country.population, country.funds,
+                  country.livestock.amount, country.grain.amount, country.livestock.production,
+                  country.grain.production, country.morale, country.opinion,
+                  country.justice.crimeLevel, country.justice.justiceLevel, country.famineChance,
+                  country.famineTime, country.plagueTime, country.rebellion ? 1 : 0);
+    return buffer;
+}
+
+void SetShares(Country& country, const std::vector<float>& shares) {
+    for (std::size_t i = 0; i < shares.size(); ++i) {
+        const auto profession = static_cast<Profession>(i);
+        country.SetShare(profession, shares[i]);
+        country.Normalise(profession);
+    }
+}
+
+/// What the first frame of the game does, with the sliders where the game puts them.
+void GovernAsTheGame(Country& country) {
+    country.SetMessageStream(nullptr);
+    country.justice.justiceLevel = 0.5f;
+    SetShares(country, {0.251f, 0.501f, 0.01f, 0.0f, 0.0f});
+}
+
+int LinesOf(const std::string& text) {
+    int lines = 0;
+    for (const char letter : text)
+        lines += letter == '\n' ? 1 : 0;
+    return lines;
+}
+
+/// Column `index` of the last row.
+std::string Last(const std::string& rows, int index) {
+    const std::size_t end = rows.size() - 1;
+    std::istringstream row(rows.substr(rows.rfind('\n', end - 1) + 1));
+    std::string field;
+    for (int i = 0; i <= index; ++i)
+        std::getline(row, field, ',');
+    return field;
+}
+
+TEST(CountrysimTest, EqualsTheWeekButtonOfTheGameStartedWithThatSeed) {
+    for (const int seed : {1, 7, 1358}) {
+        std::srand(static_cast<unsigned>(seed));
+        World world;
+        GovernAsTheGame(world.player);
+        std::string expected = kHeader;
+        for (int tick = 1; tick <= 150; ++tick) {
+            world.Advance(kWeek);
+            expected += Row(tick, world.player);
+        }
+        EXPECT_EQ(Rows("--weeks 150 --seed " + std::to_string(seed)), expected);
+    }
+}
+
+TEST(CountrysimTest, SeedOneMakesTheFirstWeekOfMerovinska) {
+    EXPECT_EQ(Rows("--seed 1 --weeks 1"),
+              std::string(kHeader)
+                  + "1,604800,38754.0547,641.737976,15000.8311,24017.1387,0.00640912121,"
+                    "0.0128438296,0.499000013,0.5,0.604301929,0.5,0,0,0,0\n");
+}
+
+TEST(CountrysimTest, DefaultIsAYearOfSeedOneInWeeks) {
+    const std::string rows = Rows("");
+    EXPECT_EQ(LinesOf(rows), 1 + 52);
+    EXPECT_EQ(rows, Rows("--seed 1 --weeks 52 --step 604800"));
+}
+
+TEST(CountrysimTest, SameSeedGivesTheSameRowsAndAnotherSeedOthers) {
+    const std::string rows = Rows("--seed 5");
+    EXPECT_TRUE(rows == Rows("--seed 5"));
+    EXPECT_TRUE(rows != Rows("--seed 6"));
+}
+
+TEST(CountrysimTest, LastTickReachesTheWeeksOrPassesThem) {
+    EXPECT_EQ(LinesOf(Rows("--weeks 0")), 1);
+    EXPECT_EQ(LinesOf(Rows("--weeks 0.1")), 1 + 1);
+    EXPECT_EQ(LinesOf(Rows("--weeks 2.5")), 1 + 3);
+    EXPECT_EQ(LinesOf(Rows("--weeks 0.5 --step 302400")), 1 + 1);
+    EXPECT_EQ(LinesOf(Rows("--weeks 0.5 --step 302399")), 1 + 2);
+}
+
+TEST(CountrysimTest, StepSetsTheSecondsOfATick) {
+    std::srand(3);
+    World world;
+    GovernAsTheGame(world.player);
+    std::string expected = kHeader;
+    for (int tick = 1; tick <= 7; ++tick) {
+        world.Advance(86400.0f);
+        expected += Row(tick, world.player);
+    }
+    EXPECT_EQ(Rows("--seed 3 --weeks 1 --step 86400"), expected);
+}
+
+TEST(CountrysimTest, RealStepDrawsTheSecondsBeforeEachTick) {
+    std::srand(3);
+    World world;
+    GovernAsTheGame(world.player);
+    std::string expected = kHeader;
+    double spent = 0.0;
+    for (int tick = 1; spent < 0.1 * 604800.0; ++tick) {
+        const float seconds = World::DrawClockSeconds();
+        world.Advance(seconds);
+        spent += static_cast<double>(seconds);
+        expected += Row(tick, world.player);
+    }
+    EXPECT_EQ(Rows("--seed 3 --weeks 0.1 --step real"), expected);
+}
+
+TEST(CountrysimTest, LevelsAreThoseOfTheSliders) {
+    std::srand(2);
+    World world;
+    Country& player = world.player;
+    player.SetMessageStream(nullptr);
+    player.justice.justiceLevel = 0.7f;
+    SetShares(player, {0.3f, 0.6f, 0.2f, 0.1f, 0.05f});  // more than all, normalised in order
+    player.livestock.ration = 0.75f * 2.0f * 0.1f;
+    player.grain.ration = 0.4f * 2.0f * 0.2f;
+    std::string expected = kHeader;
+    for (int tick = 1; tick <= 20; ++tick) {
+        world.Advance(kWeek);
+        expected += Row(tick, player);
+    }
+    EXPECT_EQ(Rows("--seed 2 --weeks 20 --farmers 0.3 --butchers 0.6 --educators 0.2 "
+                   "--warriors 0.1 --doctors 0.05 --lration 0.75 --gration 0.4 --justice 0.7"),
+              expected);
+}
+
+TEST(CountrysimTest, MissingLevelsAreTheGames) {
+    const std::string explicitly = Rows(
+        "--farmers 0.251 --butchers 0.501 --educators 0.01 --warriors 0 --doctors 0.1 "
+        "--lration 0.5 --gration 0.5 --justice 0.5");
+    EXPECT_EQ(Rows("--doctors 0.1"), explicitly);
+}
+
+TEST(CountrysimTest, WithoutNewspaperItsDrawsAreMissingAndTheWorldIsNot) {
+    // A well-fed people under perfect justice, so that crime falls until the stories name people.
+    std::srand(4);
+    World world;
+    Country& player = world.player;
+    player.SetMessageStream(nullptr);
+    player.justice.justiceLevel = 1.0f;
+    SetShares(player, {0.46f, 0.52f, 0.0f, 0.0f, 0.0f});
+    player.grain.ration = 0.67f * 2.0f * 0.2f;
+    std::string expected = kHeader;
+    for (int tick = 1; tick <= 400; ++tick) {
+        player.Process(kWeek);
+        expected += Row(tick, player);
+    }
+    const std::string arguments =
+        "--seed 4 --weeks 400 --farmers 0.46 --butchers 0.52 --educators 0 --gration 0.67 "
+        "--justice 1";
+    const std::string without = Rows(arguments + " --no-newspaper");
+    EXPECT_TRUE(without == expected);
+    EXPECT_TRUE(without != Rows(arguments));
+}
+
+TEST(CountrysimTest, BareCountryHasNoWorldAroundIt) {
+    std::srand(6);
+    Country player("Merovinska", 38685);
+    player.SetMessageStream(nullptr);
+    player.Normalise(Profession::Farmers);
+    std::string expected = kHeader;
+    for (int tick = 1; tick <= 100; ++tick) {
+        player.Process(kWeek);
+        expected += Row(tick, player);
+    }
+    const std::string bare = Rows("--bare --seed 6 --weeks 100");
+    EXPECT_EQ(bare, expected);
+    EXPECT_EQ(Last(bare, 11), "0.400000006");
+    EXPECT_EQ(Rows("--bare --no-newspaper --seed 6 --weeks 100"), expected);
+}
+
+TEST(CountrysimTest, BareCountryTakesOnlyTheSharesGiven) {
+    std::srand(6);
+    Country player("Merovinska", 38685);
+    player.SetMessageStream(nullptr);
+    player.justice.justiceLevel = 0.55f;
+    player.SetShare(Profession::Educators, 0.1f);
+    player.Normalise(Profession::Educators);
+    player.SetShare(Profession::Doctors, 0.3f);
+    player.Normalise(Profession::Doctors);
+    player.grain.ration = 0.6f * 2.0f * 0.2f;
+    std::string expected = kHeader;
+    for (int tick = 1; tick <= 30; ++tick) {
+        player.Process(kWeek);
+        expected += Row(tick, player);
+    }
+    EXPECT_EQ(Rows("--bare --seed 6 --weeks 30 --educators 0.1 --doctors 0.3 --gration 0.6 "
+                   "--justice 0.55"),
+              expected);
+}
+
+TEST(CountrysimTest, MessagesOfTheCountryGoToTheErrorStream) {
+    const Result result = RunTool("--weeks 2 --gration 0.25");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.error,
+              "the people are starving slowly!\n"
+              "the people are starving slowly!\n");
+    EXPECT_EQ(LinesOf(result.out), 1 + 2);
+    EXPECT_THAT(result.out, testing::StartsWith(kHeader));
+    EXPECT_THAT(result.out, testing::Not(testing::HasSubstr("people")));
+}
+
+TEST(CountrysimTest, RebellionIsADigit) {
+    const std::string rows = Rows("--weeks 600 --gration 0.1 --lration 0.1");
+    EXPECT_EQ(Last(rows.substr(0, rows.find('\n', sizeof kHeader) + 1), 15), "0\n");
+    EXPECT_EQ(Last(rows, 15), "1\n");
+}
+
+TEST(CountrysimTest, RationOfZeroEnds) {
+    EXPECT_EQ(LinesOf(Rows("--weeks 60 --lration 0 --gration 0")), 1 + 60);
+    EXPECT_EQ(LinesOf(Rows("--weeks 60 --lration 0.0000001 --gration 0.0000001")), 1 + 60);
+}
+
+class BadOptionTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(BadOptionTest, GivesOneLineAndStatusTwo) {
+    const Result result = RunTool(GetParam());
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.error, testing::StartsWith("countrysim: "));
+    EXPECT_EQ(LinesOf(result.error), 1);
+    EXPECT_EQ(result.error.back(), '\n');
+}
+
+INSTANTIATE_TEST_SUITE_P(CountrysimTest, BadOptionTest,
+                         testing::Values("--unknown", "surplus", "--seed", "--seed x", "--seed=-1",
+                                         "--seed 1.5", "--seed 4294967296", "--seed 1 --seed 2",
+                                         "--weeks x", "--weeks=-1", "--weeks nan", "--weeks inf",
+                                         "--weeks 1e10", "--step 0", "--step=-5", "--step unreal",
+                                         "--step nan", "--step 1e9", "--step ''", "--farmers 1.1",
+                                         "--butchers=-0.1", "--educators x", "--warriors nan",
+                                         "--doctors 2", "--lration 1.01", "--gration x",
+                                         "--justice 7", "--bare=perhaps",
+                                         "\"$(printf 'two\\nlines')\""));
+
+TEST(CountrysimTest, HelpIsNoFailure) {
+    const Result result = RunTool("--help");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.error, "");
+    for (const char* option :
+         {"--seed", "--weeks", "--step", "--farmers", "--butchers", "--educators", "--warriors",
+          "--doctors", "--lration", "--gration", "--justice", "--bare", "--no-newspaper"})
+        EXPECT_THAT(result.out, testing::HasSubstr(option));
+}
+
+TEST(CountrysimTest, RowsThatCannotBeWrittenAreAFailure) {
+    const Result result = RunTool("--weeks 1", "/dev/full");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.error, "countrysim: cannot write the rows\n");
+}
+
+}  // namespace
