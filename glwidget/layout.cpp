@@ -45,11 +45,11 @@ void RegisterDefaultTheme() {
         GLWidget::currentTheme = theme;
 }
 
-int CountAncestors(const GLWidget* widget) {
-    int count = 0;
-    for (widget = widget->GetParent(); widget != nullptr; widget = widget->GetParent())
-        ++count;
-    return count;
+/// Looks no further than needed: a layout may nest as deep as it is long.
+bool HasMoreAncestors(const GLWidget* widget, int count) {
+    for (; widget != nullptr && count >= 0; --count)
+        widget = widget->GetParent();
+    return widget != nullptr;
 }
 
 bool IsTabWindow(GLWidget& widget) {
@@ -177,7 +177,7 @@ bool Layout::Fits(const Attachment& attachment) const {
     const std::string& tag = attachment.child->GetName();
     GLWidget& parent = *attachment.parent;
     const std::string parentIs = "'" + parent.GetName() + "' is a " + parent.GetType();
-    if (CountAncestors(attachment.child) > kMostAncestors) {
+    if (HasMoreAncestors(attachment.child, kMostAncestors)) {
         Report("'" + tag + "' is nested deeper than " + std::to_string(kMostAncestors)
                + " containers and is left out");
         return false;
