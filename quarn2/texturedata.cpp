@@ -26,6 +26,8 @@ bool TextureData::Load(const std::string& path) {
     // "tga" first: in a folder whose name holds it, every file is one.
     if (path.find("tga") != std::string::npos)
         return LoadTGA(path);
+    if (path.find("png") != std::string::npos)
+        return LoadPNG(path);
     std::cerr << path << ": Unsupported texture format\n";
     return false;
 }
