@@ -9,6 +9,7 @@
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <iostream>
 #include <memory>
@@ -32,7 +33,7 @@ constexpr float kPixelsPerUnit = 64.0f;
 constexpr std::int32_t kGlyphFlags = 38;  // clamped both ways, mipmapped
 constexpr float kLineStep = -1.3f;        // glyph heights
 constexpr std::size_t kPrintBytes = 8192;
-constexpr std::size_t kStackBytes = 2048;  // Length allocates nothing for texts up to here
+constexpr std::size_t kStackBytes = 8192;  // above these, Length takes memory from the heap
 
 struct FreeTypeDeleter {
     void operator()(FT_Library library) const { FT_Done_FreeType(library); }
@@ -46,7 +47,7 @@ struct OpenFont {
     Face face;
 };
 
-/// Fonts in use stay open until the process ends.
+/// A font in use stays open until the process ends.
 std::vector<OpenFont>& OpenFonts() {
     static std::vector<OpenFont>& fonts = *new std::vector<OpenFont>;
     return fonts;
@@ -134,22 +135,31 @@ void DrawGlyph(const FT_GlyphSlotRec& glyph, const TextureData& image) {
 
 /// Formats into `buffer`, which cuts what is longer.
 std::string_view Format(std::span<char> buffer, const char* format, std::va_list arguments) {
-    buffer.front() = '\0';
-    std::vsnprintf(buffer.data(), buffer.size(), format, arguments);
+    if (std::vsnprintf(buffer.data(), buffer.size(), format, arguments) < 0)
+        buffer.front() = '\0';
     return buffer.data();
 }
 
-/// Takes the first line off `rest`.
-/// @return whether there was one; a text of n line breaks has n + 1 lines
-bool NextLine(std::string_view& rest, bool& more, std::string_view& line) {
-    if (!more)
-        return false;
-    const std::size_t end = rest.find('\n');
-    more = end != std::string_view::npos;
-    line = rest.substr(0, end);
-    rest.remove_prefix(more ? end + 1 : rest.size());
-    return true;
-}
+/// The lines of a text, one more than it has line breaks.
+class Lines {
+public:
+    explicit Lines(std::string_view text) : rest(text) {}
+
+    bool Any() const { return any; }
+
+    /// Takes the next line; call while there are Any.
+    std::string_view Take() {
+        const std::size_t end = rest.find('\n');
+        any = end != std::string_view::npos;
+        const std::string_view line = rest.substr(0, end);
+        rest.remove_prefix(any ? end + 1 : rest.size());
+        return line;
+    }
+
+private:
+    std::string_view rest;
+    bool any = true;
+};
 
 }  // namespace
 
@@ -159,7 +169,6 @@ bool FontRender::Init(const std::string& path) {
     if (!Open(path, font))
         return false;
     const FT_Face face = font.face.get();
-    OpenFonts().push_back(std::move(font));
 
     listBase = glGenLists(kGlyphCount);
     for (int code = 0; code < kGlyphCount; ++code) {
@@ -180,6 +189,7 @@ bool FontRender::Init(const std::string& path) {
         glEndList();
         advances[code] = advance;
     }
+    OpenFonts().push_back(std::move(font));
     return true;
 }
 
@@ -199,12 +209,12 @@ float FontRender::LineLength(std::string_view line) const {
 
 float FontRender::LongestLine(std::string_view text, char* scratch) const {
     float longest = 0.0f;
-    bool more = true;
-    std::string_view line;
-    while (NextLine(text, more, line)) {
-        if (more) {
-            // kept: the line goes over the earlier ones without an end of its own, so what a
-            // longer one left behind is measured with it.
+    Lines lines(text);
+    while (lines.Any()) {
+        std::string_view line = lines.Take();
+        if (lines.Any()) {
+            // kept: a line but the last goes over the earlier ones without an end of its own,
+            // so what a longer one left behind is measured with it.
             line.copy(scratch, line.size());
             line = scratch;
         }
@@ -241,7 +251,7 @@ bool FontRender::Print(const char* format, ...) {
     std::array<char, kPrintBytes> buffer;
     std::va_list arguments;
     va_start(arguments, format);
-    std::string_view text = Format(buffer, format, arguments);
+    Lines lines(Format(buffer, format, arguments));
     va_end(arguments);
 
     glDisable(GL_DEPTH_TEST);
@@ -253,10 +263,9 @@ bool FontRender::Print(const char* format, ...) {
 
     Matrix modelView;
     modelView.GetModelView();
-    bool more = true;
-    Assert("font", 200, "lines.size()", more);
-    std::string_view line;
-    for (int index = 0; NextLine(text, more, line); ++index) {
+    Assert("font", 200, "lines.size()", lines.Any());
+    for (int index = 0; lines.Any(); ++index) {
+        const std::string_view line = lines.Take();
         glPushMatrix();
         glLoadIdentity();
         glTranslatef(0.0f, static_cast<float>(index) * kLineStep * sizeY, 0.0f);

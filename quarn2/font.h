@@ -11,13 +11,17 @@ public:
     /// Loads the font file and builds the glyph lists. A failure is one line on standard error.
     [[nodiscard]] bool Init(const std::string& path);
 
+    /// Scales what Print draws and Length measures; 1 and 1 at first.
     /// @return true
     bool SetSize(float x, float y);
 
-    /// Width of the widest line of the printf-style text.
+    /// Width of the widest line of the printf-style text, of which twice the format's length
+    /// and 511 characters count. Characters of code 128 and above have no width.
     float Length(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
-    /// Draws the printf-style text, at most 8 KiB, at the current model-view position.
+    /// Draws the printf-style text, at most 8191 characters, at the current model-view position
+    /// in the current colour. Lines go downwards by 1.3 times the vertical size, in the
+    /// coordinates into which the model-view matrix leads.
     /// @return true
     bool Print(const char* format, ...) __attribute__((format(printf, 2, 3)));
 

@@ -146,6 +146,9 @@ bool Texture::Load(const TextureData& data, const TextureDetails& details) {
 
 bool Texture::Bind() {
     TraceFrame frame("Bind", "Texture");
+    // Volatile, for a compiler takes it for granted that there is an object.
+    const Texture* const volatile self = this;
+    Assert("quarn2/texture", 387, "this", self != nullptr);
     glBindTexture(GL_TEXTURE_2D, name);
     return true;
 }

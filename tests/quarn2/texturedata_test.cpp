@@ -4,9 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <iostream>
 #include <limits>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +12,7 @@
 #include "quarn2/unitbyte.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/trace_fixture.h"
+#include "tests/support/trace_noter.h"
 
 namespace {
 
@@ -157,27 +156,6 @@ TEST(TextureDataTest, APngInAFolderOfTgasGoesToTheTgaDecoder) {
 }
 
 class TextureDataTraceTest : public TracedTest {};
-
-/// Takes the place of standard error and notes the call trace of the first write.
-class TraceNoter : public std::stringbuf {
-public:
-    TraceNoter() : before(std::cerr.rdbuf(this)) {}
-    ~TraceNoter() override { std::cerr.rdbuf(before); }
-
-    std::vector<std::string> calls;  ///< innermost first
-
-protected:
-    std::streamsize xsputn(const char*, std::streamsize count) override {
-        if (calls.empty()) {
-            for (const trace::Frame& frame : trace::Frames())
-                calls.insert(calls.begin(), std::string(frame.className) + "::" + frame.function);
-        }
-        return count;
-    }
-
-private:
-    std::streambuf* before;
-};
 
 TEST_F(TextureDataTraceTest, LoadersAreTraced) {
     TextureData image;

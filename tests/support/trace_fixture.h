@@ -4,14 +4,21 @@
 
 #include "quarn2/trace.h"
 
-/// A test with the call trace on, which the program can switch on but never off.
-class TracedTest : public testing::Test {
-protected:
-    TracedTest() { trace::Start(); }
-    ~TracedTest() override {
+/// Has the call trace on for as long as it lives; the program can switch it on but never off.
+class TraceSwitch {
+public:
+    TraceSwitch() { trace::Start(); }
+    ~TraceSwitch() {
         trace::tracing = false;
         trace::Frames().clear();
     }
+    TraceSwitch(const TraceSwitch&) = delete;
+    TraceSwitch& operator=(const TraceSwitch&) = delete;
+};
+
+/// A test with the call trace on.
+class TracedTest : public testing::Test {
+    TraceSwitch on;
 };
 
 /// What PrintStackTrace writes now.

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <GL/gl.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/gl_window.h"
+
+/// A test that draws into one window, which all tests of the program share: textures and lists
+/// live as long as its context. Begins with the matrices at the identity, in the model-view
+/// mode, and expects OpenGL to have no complaint at the end.
+class GLTest : public testing::Test {
+protected:
+    GLTest() : window(SharedWindow()) {
+        glPushAttrib(GL_ALL_ATTRIB_BITS);
+        glMatrixMode(GL_PROJECTION);
+        glLoadIdentity();
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    }
+
+    void TearDown() override {
+        EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+        glPopAttrib();
+    }
+
+    static GLint Integer(GLenum parameter) {
+        GLint value = 0;
+        glGetIntegerv(parameter, &value);
+        return value;
+    }
+
+    static constexpr int kWide = 320;
+    static constexpr int kHigh = 200;
+    GLWindowForTests& window;
+
+private:
+    static GLWindowForTests& SharedWindow() {
+        static GLWindowForTests& shared = *new GLWindowForTests(kWide, kHigh);
+        return shared;
+    }
+};

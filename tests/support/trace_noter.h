@@ -1,0 +1,37 @@
+#pragma once
+
+#include <iostream>
+#include <sstream>
+#include <streambuf>
+#include <string>
+#include <vector>
+
+#include "quarn2/trace.h"
+
+/// The call trace as it stands, innermost first, such as "Texture::Load".
+inline std::vector<std::string> CurrentCalls() {
+    std::vector<std::string> calls;
+    for (const trace::Frame& frame : trace::Frames())
+        calls.insert(calls.begin(), std::string(frame.className) + "::" + frame.function);
+    return calls;
+}
+
+/// Takes the place of standard error and notes the call trace of the first write.
+class TraceNoter : public std::streambuf {
+public:
+    TraceNoter() : before(std::cerr.rdbuf(this)) {}
+    ~TraceNoter() override { std::cerr.rdbuf(before); }
+
+    std::vector<std::string> calls;
+
+protected:
+    std::streamsize xsputn(const char*, std::streamsize count) override {
+        if (calls.empty())
+            calls = CurrentCalls();
+        return count;
+    }
+    int overflow(int character) override { return character; }
+
+private:
+    std::streambuf* before;  // not owned
+};
