@@ -15,6 +15,9 @@ constexpr char kButtonTheme[] = "combo_button.theme";
 constexpr char kButtonCaption[] = " ";
 constexpr float kOpenDepth = -1.0f;
 
+/// Half of the drop button's arrow, as a share of the button's shorter side.
+constexpr float kArrowShare = 0.25f;
+
 }  // namespace
 
 Combobox::Combobox(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look)
@@ -123,16 +126,43 @@ void Combobox::Render() {
 void Combobox::DrawBox() const {
     DrawPanel(0.0f, size.y);
     dropButton->Render();
-    if (current >= 0 && current < ItemCount())
-        DrawItem(texts[static_cast<std::size_t>(current)], size.y / 2.0f);
+    DrawArrow();
+    if (current < 0 || current >= ItemCount())
+        return;
+    // While the list is open its first row reaches half a glyph up into the box.
+    const float bottom = open ? theme->fontSize.y / 2.0f : 0.0f;
+    DrawItem(texts[static_cast<std::size_t>(current)], (bottom + size.y) / 2.0f);
+}
+
+void Combobox::DrawArrow() const {
+    const Vector button = dropButton->Getbbox();
+    const float x = (button.x + button.z) / 2.0f;
+    const float y = (button.y + button.w) / 2.0f;
+    const float half = kArrowShare * std::min(button.z - button.x, button.w - button.y);
+    SetColour(theme->fillColour, theme->bright);
+    glBegin(GL_TRIANGLES);
+    glVertex2f(x - half, y + half / 2.0f);
+    glVertex2f(x + half, y + half / 2.0f);
+    glVertex2f(x, y - half);
+    glEnd();
 }
 
 void Combobox::DrawList() const {
     DrawPanel(-ListHeight(), ListHeight());
     if (hovered >= 0 && hovered < ItemCount())
         DrawMark();
+    if (!texts.empty())
+        ClearFirstRow();
     for (std::size_t row = 0; row < texts.size(); ++row)
         DrawItem(texts[row], -2.0f * static_cast<float>(row) * theme->fontSize.y);
+}
+
+void Combobox::ClearFirstRow() const {
+    const float half = theme->fontSize.y / 2.0f;
+    const float left = ItemLeft();
+    SetColour(theme->fillColour, hovered == 0 ? theme->bright : Brightness(*theme, highlight),
+              theme->opacity);
+    glRectf(left - half, -half, left + MeasureText(*theme, texts.front()) + half, half);
 }
 
 void Combobox::DrawPanel(float bottom, float height) const {
@@ -148,14 +178,21 @@ void Combobox::DrawMark() const {
     const float middle = -2.0f * static_cast<float>(hovered) * theme->fontSize.y;
     const float top = std::min(middle + theme->fontSize.y, 0.0f);
     const float bottom = std::max(middle - theme->fontSize.y, -ListHeight());
-    SetColour(theme->lineColour, theme->dim, theme->opacity);
+    SetColour(theme->fillColour, theme->bright, theme->opacity);
     glRectf(0.0f, bottom, size.x, top);
+    SetPolygonMode(PolygonMode::Line);
+    SetColour(theme->lineColour, theme->bright, theme->opacity);
+    glRectf(0.0f, bottom, size.x, top);
+    SetPolygonMode(PolygonMode::Fill);
+}
+
+float Combobox::ItemLeft() const {
+    return dropButton->Getbbox().z + 3.0f * theme->border + theme->fontSize.x;
 }
 
 void Combobox::DrawItem(const std::string& item, float y) const {
     const MatrixScope matrix;
-    const float left = dropButton->Getbbox().z + 3.0f * theme->border + theme->fontSize.x;
-    Translate(left, y - theme->fontSize.y / 2.0f);
+    Translate(ItemLeft(), y - theme->fontSize.y / 2.0f);
     SetColour(theme->textColour);
     PrintText(*theme, item);
 }

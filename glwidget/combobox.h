@@ -34,10 +34,14 @@ private:
     bool MouseInList() const;
     void UseList(bool left);
     void DrawBox() const;
+    void DrawArrow() const;
     void DrawList() const;
+    /// Takes the line between box and list away behind the first row's text.
+    void ClearFirstRow() const;
     /// Draws the box's or the list's panel; `bottom` as in DrawItem.
     void DrawPanel(float bottom, float height) const;
     void DrawMark() const;
+    float ItemLeft() const;
     /// Prints an item with its middle `y` above the box's lower edge.
     void DrawItem(const std::string& item, float y) const;
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <iostream>
 
+#include "glwidget/container.h"
 #include "glwidget/drawing.h"
 #include "quarn2/strings.h"
 #include "quarn2/trace.h"
@@ -30,6 +31,9 @@ constexpr char kBreakMargin[] = "ww";
 
 /// From one line to the next, in glyph heights; the same as the font's own step.
 constexpr float kLineStep = 1.3f;
+
+/// Width of the frame while the box is edited, in lines.
+constexpr float kEditedFrame = 2.0f;
 
 /// Further than any place of a line can be from another.
 constexpr float kFarthest = 1000.0f;
@@ -219,15 +223,12 @@ void Textbox::DrawBox() const {
     Translate(size.x / 2.0f, size.y / 2.0f);
     // The corners are cut as those of a box of one row, so that no text stands over them.
     const float cut = theme->corner / static_cast<float>(std::max(rows, 1));
-    const float brightness = Brightness(*theme, highlight);
-    SetColour(theme->fillColour, brightness, theme->opacity);
-    DrawOutline(size.x, size.y, cut);
-    if (!focus)
-        return;
-    SetPolygonMode(PolygonMode::Line);
-    SetColour(theme->lineColour, brightness, theme->opacity);
-    DrawOutline(size.x, size.y, cut);
-    SetPolygonMode(PolygonMode::Fill);
+    // The highlight follows the editing; the frame is at its full strength at once.
+    if (focus)
+        glLineWidth(kEditedFrame * theme->lineWidth);
+    container::DrawPanel(*theme, focus ? theme->bright : Brightness(*theme, highlight), size.x,
+                         size.y, cut);
+    glLineWidth(theme->lineWidth);
 }
 
 void Textbox::DrawContent() const {

@@ -334,7 +334,7 @@ class DrawnComboboxTest : public DrawnWidgetTest {
 protected:
     static constexpr Colour kFill{0, 0, 153};
     static constexpr Colour kLine{153, 0, 0};
-    static constexpr Colour kMark = kLine;  // the line's colour, filling a band
+    static constexpr Colour kBright{0, 0, 255};  // of the marked row and the button's arrow
 
     DrawnComboboxTest() {
         LoadFont();
@@ -357,7 +357,7 @@ protected:
         list.MouseClick(false, false, false);
     }
     /// Where the marked band shows, at the list's right border where no text is.
-    bool MarkedAt(float y) const { return At(right - 0.01f, y) == kMark; }
+    bool MarkedAt(float y) const { return At(right - 0.01f, y) == kBright; }
 
     Theme* buttonTheme = ButtonTheme();
     Opened<Combobox> list{"list", nullptr, kOrigin, theme};
@@ -372,6 +372,20 @@ TEST_F(DrawnComboboxTest, ClosedListIsABoxWithItsButtonAndItsText) {
     EXPECT_EQ(CountText(0.0f, 0.0f, 0.08f, 0.1f), 0);
     EXPECT_FALSE(AnythingIn(-0.1f, -1.0f, right + 0.1f, -0.01f));
     EXPECT_GT(Count(kLine, right - 0.01f, 0.05f, right + 0.01f, 0.05f), 0);
+}
+
+TEST_F(DrawnComboboxTest, ButtonShowsAnArrow) {
+    Draw(list);
+    const Vector button = list.children[0]->Getbbox();
+    EXPECT_GT(Count(kBright, 0.0f, 0.0f, button.z, button.w), 4);
+    EXPECT_EQ(Count(kBright, button.z, 0.0f, right, 0.1f), 0);
+}
+
+TEST_F(DrawnComboboxTest, LineBelowTheBoxDoesNotCrossTheFirstRowsText) {
+    Open();
+    Draw(list);
+    EXPECT_EQ(Count(kLine, 0.13f, -0.01f, 0.2f, 0.01f), 0);
+    EXPECT_GT(Count(kLine, 0.07f, -0.01f, 0.08f, 0.01f), 0);
 }
 
 TEST_F(DrawnComboboxTest, TextFollowsTheChoice) {

@@ -472,6 +472,7 @@ class DrawnTextboxTest : public DrawnWidgetTest {
 protected:
     static constexpr Colour kFill{0, 0, 153};
     static constexpr Colour kEditedFill{0, 0, 255};
+    static constexpr Colour kDimFrame{153, 0, 0};
     static constexpr Colour kFrame{255, 0, 0};
 
     DrawnTextboxTest() {
@@ -490,15 +491,16 @@ protected:
     Opened<Textbox> box{"box", nullptr, kOrigin, theme, 10, 3};
 };
 
-TEST_F(DrawnTextboxTest, IsABoxWithoutFrameOrCaretUntilItIsEdited) {
+TEST_F(DrawnTextboxTest, IsADimBoxWithoutCaretUntilItIsEdited) {
     Draw(box);
     EXPECT_EQ(At(0.25f, 0.1f), kFill);
+    EXPECT_GT(Count(kDimFrame, -0.01f, 0.1f, 0.01f, 0.1f), 0);
     EXPECT_FALSE(AnythingIn(-0.1f, -0.1f, -0.01f, 0.3f));
     EXPECT_EQ(Count(kFrame, -0.1f, -0.1f, 0.6f, 0.3f), 0);
     EXPECT_EQ(CountText(-0.1f, -0.1f, 0.6f, 0.3f), 0);
 }
 
-TEST_F(DrawnTextboxTest, EditedBoxHasAFrameAndACaret) {
+TEST_F(DrawnTextboxTest, EditedBoxHasABrightFrameAndACaret) {
     box.Focus();
     Draw(box);
     EXPECT_EQ(At(0.25f, 0.1f), kEditedFill);
