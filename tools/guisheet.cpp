@@ -7,12 +7,12 @@
 
 namespace {
 
-// Pixels. Widgets draw a picture at 12 to 23 pixels, so cells are a good deal larger. Cells and
-// gaps are whole texels in the mipmaps down to a sixteenth, and neighbours stay apart there.
+// Pixels. Widgets draw a picture at 12 to 23 pixels, for which the mipmaps of 12 and of 24 are
+// at hand. Cells and margins are whole texels in the mipmaps down to an eighth.
 constexpr int kSheet = 256;
-constexpr int kCell = 64;
-constexpr int kGap = 16;
-constexpr int kPitch = kCell + kGap;
+constexpr int kCell = 48;
+constexpr int kMargin = 8;
+constexpr int kPitch = kCell + 2 * kMargin;
 
 /// A point of a picture in pixels from the cell's centre, y upwards.
 struct Point {
@@ -54,21 +54,23 @@ struct Colour {
     float grey, alpha;
 };
 
+constexpr Colour kTransparent{1.0f, 0.0f};
+constexpr float kLeastAlpha = 0.5f / 255.0f;  // less is 0 in a file
+
 /// `top` laid over `bottom`; white where both are transparent, so that filtering never darkens
 /// an edge.
 Colour Over(Colour top, Colour bottom) {
     const float alpha = top.alpha + bottom.alpha * (1.0f - top.alpha);
-    if (alpha == 0.0f)
-        return {1.0f, 0.0f};
+    if (alpha < kLeastAlpha)
+        return kTransparent;
     const float rest = bottom.alpha * (1.0f - top.alpha);
     return {(top.grey * top.alpha + bottom.grey * rest) / alpha, alpha};
 }
 
-constexpr Colour kTransparent{1.0f, 0.0f};
-constexpr Colour kOutline{0.1f, 0.75f};  // tells a light shape from a light panel
-constexpr Colour kHollow{0.05f, 0.45f};
-constexpr float kOutlineWidth = 2.0f;
-constexpr float kRimWidth = 7.0f;
+constexpr Colour kOutline{0.05f, 0.9f};  // tells a light shape from a light panel
+constexpr Colour kHollow{0.05f, 0.6f};
+constexpr float kOutlineWidth = 2.75f;
+constexpr float kRimWidth = 4.5f;
 
 Colour Painted(float distance, Colour paint, Colour below) {
     return Over({paint.grey, paint.alpha * Coverage(distance)}, below);
@@ -96,25 +98,25 @@ Colour Rimmed(Point p, float distance) {
     return Over(rim, Over(hollow, ground));
 }
 
-constexpr float kRadius = 29.0f;  // leaves room for the outline
+constexpr float kRadius = 20.5f;  // leaves room for the outline
 
 Colour OptionRing(Point p) {
     return Rimmed(p, Disc(p, kRadius));
 }
 
 Colour OptionDot(Point p) {
-    return Raised(p, Disc(p, 13.0f), 0.8f);
+    return Raised(p, Disc(p, 9.5f), 0.8f);
 }
 
 Colour TickBox(Point p) {
-    return Rimmed(p, RoundedSquare(p, 27.0f, 6.0f));
+    return Rimmed(p, RoundedSquare(p, 19.0f, 4.5f));
 }
 
 Colour Tick(Point p) {
-    constexpr Point kLeft{-14.0f, 1.0f};
-    constexpr Point kLow{-4.0f, -12.0f};
-    constexpr Point kHigh{17.0f, 17.0f};
-    constexpr float kHalfWidth = 5.0f;
+    constexpr Point kLeft{-10.5f, 1.0f};
+    constexpr Point kLow{-3.0f, -9.5f};
+    constexpr Point kHigh{13.0f, 13.5f};
+    constexpr float kHalfWidth = 4.25f;
     const float distance =
         std::min(Stroke(p, kLeft, kLow, kHalfWidth), Stroke(p, kLow, kHigh, kHalfWidth));
     return Raised(p, distance, 0.9f);
@@ -124,8 +126,8 @@ Colour Knob(Point p) {
     const Colour stud = Raised(p, Disc(p, kRadius), 0.55f);
     // A dimple is shaded the other way round.
     const Colour dimple{Lit({p.x, -p.y}, 0.55f).grey, 1.0f};
-    const Colour groove = Painted(Disc(p, 12.0f), {0.35f, 1.0f}, stud);
-    return Painted(Disc(p, 9.5f), dimple, groove);
+    const Colour groove = Painted(Disc(p, 9.0f), {0.35f, 1.0f}, stud);
+    return Painted(Disc(p, 7.0f), dimple, groove);
 }
 
 using Picture = Colour (*)(Point);
@@ -133,7 +135,7 @@ constexpr Picture kPaint[] = {OptionRing, OptionDot, TickBox, Tick, Knob};
 static_assert(std::size(kPaint) == kSheetPictures.size());
 
 int Edge(int cell) {
-    return kGap + cell * kPitch;
+    return kMargin + cell * kPitch;
 }
 
 float* PixelAt(TextureData& sheet, int x, int y) {

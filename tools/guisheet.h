@@ -15,17 +15,17 @@ struct SheetPicture {
 };
 
 // In the order of the toolkit configuration, whose rectangles are
-//   optionRect      0.0625  0.0625  0.3125  0.3125
-//   optionMarkRect  0.375   0.0625  0.625   0.3125
-//   checkRect       0.6875  0.0625  0.9375  0.3125
-//   checkMarkRect   0.0625  0.375   0.3125  0.625
-//   sliderRect      0.375   0.375   0.625   0.625
+//   optionRect      0.03125  0.03125  0.21875  0.21875
+//   optionMarkRect  0.28125  0.03125  0.46875  0.21875
+//   checkRect       0.53125  0.03125  0.71875  0.21875
+//   checkMarkRect   0.78125  0.03125  0.96875  0.21875
+//   sliderRect      0.03125  0.28125  0.21875  0.46875
 inline constexpr std::array<SheetPicture, 5> kSheetPictures{{
     {"optionRect", 0, 0},
     {"optionMarkRect", 1, 0},
     {"checkRect", 2, 0},
-    {"checkMarkRect", 0, 1},
-    {"sliderRect", 1, 1},
+    {"checkMarkRect", 3, 0},
+    {"sliderRect", 0, 1},
 }};
 
 /// Draws the sheet: light shapes, which widgets colour, on transparent white. The first row is

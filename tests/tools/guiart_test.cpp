@@ -1,0 +1,275 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <sys/wait.h>
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "quarn2/texturedata.h"
+#include "tests/support/temporary_folder.h"
+#include "tools/guisheet.h"
+#include "tools/tgawriter.h"
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+const char* const kSheetFile = "data/gui.tga";
+
+/// Runs the program; its output goes to `output` and its errors to `errors` in the folder.
+int RunGuiArt(const TemporaryFolder& folder, const std::string& arguments) {
+    const std::string command = std::string(GUIART) + " " + arguments + " >" + folder.Path("output")
+                                + " 2>" + folder.Path("errors");
+    return WEXITSTATUS(std::system(command.c_str()));
+}
+
+std::string Text(const std::string& path) {
+    const Bytes bytes = FileBytes(path);
+    return {bytes.begin(), bytes.end()};
+}
+
+TextureData Image(int width, int height, const Bytes& bytes) {
+    TextureData image;
+    image.Load(width, height, true, bytes.data());
+    return image;
+}
+
+Bytes PixelBytes(const TextureData& image) {
+    const auto count = static_cast<std::size_t>(image.GetWidth())
+                       * static_cast<std::size_t>(image.GetHeight()) * 4;
+    Bytes bytes;
+    for (std::size_t i = 0; i < count; ++i)
+        bytes.push_back(static_cast<std::uint8_t>(image.GetData()[i] * 255.0f + 0.5f));
+    return bytes;
+}
+
+TEST(GuiArtTest, DrawingTheSheetAgainGivesTheCommittedBytes) {
+    const Bytes committed = FileBytes(kSheetFile);
+    ASSERT_FALSE(committed.empty());
+    EXPECT_TRUE(EncodeTGA(DrawGuiSheet()) == committed)
+        << "draw it again with: guiart " << kSheetFile;
+}
+
+TEST(GuiArtTest, TheProgramWritesTheSheet) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(RunGuiArt(folder, folder.Path("sheet.tga")), 0);
+    EXPECT_TRUE(FileBytes(folder.Path("sheet.tga")) == FileBytes(kSheetFile));
+    EXPECT_EQ(Text(folder.Path("output")) + Text(folder.Path("errors")), "");
+}
+
+TEST(GuiArtTest, TheProgramPrintsTheRectanglesOfTheConfiguration) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(RunGuiArt(folder, "--rectangles"), 0);
+    EXPECT_EQ(Text(folder.Path("output")),
+              "0.03125 0.03125 0.21875 0.21875 // optionRect\n"
+              "0.28125 0.03125 0.46875 0.21875 // optionMarkRect\n"
+              "0.53125 0.03125 0.71875 0.21875 // checkRect\n"
+              "0.78125 0.03125 0.96875 0.21875 // checkMarkRect\n"
+              "0.03125 0.28125 0.21875 0.46875 // sliderRect\n");
+}
+
+TEST(GuiArtTest, TheConfigurationOfTheGameHasTheseRectangles) {
+    std::ifstream configuration("data/gui.conf");
+    std::string line;
+    std::getline(configuration, line);  // the font
+    std::getline(configuration, line);  // unused
+    for (const SheetPicture& picture : kSheetPictures) {
+        std::getline(configuration, line);
+        std::istringstream numbers(line);
+        Vector read;
+        numbers >> read.x >> read.y >> read.z >> read.w;
+        const Vector drawn = picture.Rectangle();
+        EXPECT_EQ(read.x, drawn.x) << picture.name;
+        EXPECT_EQ(read.y, drawn.y) << picture.name;
+        EXPECT_EQ(read.z, drawn.z) << picture.name;
+        EXPECT_EQ(read.w, drawn.w) << picture.name;
+    }
+}
+
+TEST(GuiArtTest, TheProgramSaysThatThereIsNothingToDo) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(RunGuiArt(folder, ""), 2);
+    EXPECT_EQ(Text(folder.Path("errors")), "guiart: nothing to do: give a FILE or --rectangles\n");
+}
+
+TEST(GuiArtTest, AFileThatCannotBeWrittenIsNamed) {
+    const TemporaryFolder folder;
+    folder.Write("file", "");
+    EXPECT_EQ(RunGuiArt(folder, folder.Path("none/sheet.tga")), 1);
+    EXPECT_EQ(Text(folder.Path("errors")), folder.Path("none/sheet.tga") + ": cannot be written\n");
+    EXPECT_EQ(RunGuiArt(folder, "/dev/full"), 1);
+    EXPECT_EQ(Text(folder.Path("errors")), "/dev/full: cannot be written\n");
+}
+
+TEST(GuiArtTest, ImageMagickReadsTheSheetAsItWasDrawn) {
+    const TemporaryFolder folder;
+    const std::string raw = folder.Path("raw.rgba");
+    const std::string command =
+        std::string("/usr/bin/convert-im6.q16 ") + kSheetFile + " -depth 8 rgba:" + raw;
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_TRUE(FileBytes(raw) == PixelBytes(DrawGuiSheet()));
+}
+
+/// The sheet by pixels, the origin at the lower left.
+class GuiSheetTest : public testing::TestWithParam<SheetPicture> {
+protected:
+    GuiSheetTest() : rectangle(GetParam().Rectangle()) {
+        EXPECT_TRUE(sheet.Load(kSheetFile));
+        left = Pixel(rectangle.x, sheet.GetWidth());
+        bottom = Pixel(rectangle.y, sheet.GetHeight());
+        right = Pixel(rectangle.z, sheet.GetWidth());
+        top = Pixel(rectangle.w, sheet.GetHeight());
+    }
+
+    /// A texture coordinate as a pixel's edge, on which it must lie.
+    static int Pixel(float coordinate, int pixels) {
+        const float edge = coordinate * static_cast<float>(pixels);
+        EXPECT_EQ(edge, std::floor(edge));
+        return static_cast<int>(edge);
+    }
+
+    const float* At(int x, int y) const {
+        return sheet.GetData() + static_cast<std::ptrdiff_t>(y * sheet.GetWidth() + x) * 4;
+    }
+    float Alpha(int x, int y) const { return At(x, y)[3]; }
+
+    TextureData sheet;
+    Vector rectangle;
+    int left, bottom, right, top;
+};
+
+TEST_P(GuiSheetTest, HasAShapeInItsMiddleHalf) {
+    float most = 0.0f;
+    for (int y = bottom + (top - bottom) / 4; y < top - (top - bottom) / 4; ++y)
+        for (int x = left + (right - left) / 4; x < right - (right - left) / 4; ++x)
+            most = std::max(most, Alpha(x, y));
+    EXPECT_GT(most, 0.4f);
+}
+
+TEST_P(GuiSheetTest, HasPixelsEnoughForTheGreatestSizeItIsDrawnAt) {
+    EXPECT_EQ(right - left, top - bottom);
+    EXPECT_GE(right - left, 2 * 23);
+}
+
+TEST_P(GuiSheetTest, IsSurroundedByTransparencyThatMipmapsNeed) {
+    // Drawn at 12 pixels, four or eight of the sheet become one, and a neighbour is mixed in.
+    constexpr int kMargin = 8;
+    for (int y = bottom - kMargin; y < top + kMargin; ++y) {
+        for (int x = left - kMargin; x < right + kMargin; ++x) {
+            const bool inside = x >= left && x < right && y >= bottom && y < top;
+            EXPECT_TRUE(inside || Alpha(x, y) == 0.0f) << x << ", " << y;
+        }
+    }
+}
+
+TEST_P(GuiSheetTest, BordersLieBetweenTexelsOfSmallMipmaps) {
+    for (const int edge : {left, bottom, right, top})
+        EXPECT_EQ(edge % 8, 0);
+    EXPECT_EQ(sheet.GetWidth() & (sheet.GetWidth() - 1), 0);
+    EXPECT_EQ(sheet.GetHeight() & (sheet.GetHeight() - 1), 0);
+}
+
+TEST_P(GuiSheetTest, IsGreySoThatWidgetsColourIt) {
+    for (int y = bottom; y < top; ++y) {
+        for (int x = left; x < right; ++x) {
+            EXPECT_EQ(At(x, y)[0], At(x, y)[1]);
+            EXPECT_EQ(At(x, y)[0], At(x, y)[2]);
+        }
+    }
+}
+
+TEST_P(GuiSheetTest, TransparencyIsWhiteSoThatFilteringDarkensNoEdge) {
+    for (int y = bottom; y < top; ++y) {
+        for (int x = left; x < right; ++x)
+            EXPECT_TRUE(Alpha(x, y) > 0.0f || At(x, y)[0] == 1.0f) << x << ", " << y;
+    }
+}
+
+TEST_P(GuiSheetTest, StandsUprightInAQuadWhoseTGrowsUpwards) {
+    const std::string name = GetParam().name;
+    if (name != "checkMarkRect") {
+        // Lit from above.
+        float low = 0.0f;
+        float high = 0.0f;
+        const int middle = (bottom + top) / 2;
+        for (int y = bottom; y < top; ++y)
+            for (int x = left; x < right; ++x)
+                (y < middle ? low : high) += At(x, y)[0] * Alpha(x, y);
+        EXPECT_GT(high, low);
+        return;
+    }
+    // The tick's lowest point is left of the middle, its highest at the right.
+    const auto columnOfRow = [&](int from, int to, int step) {
+        for (int y = from; y != to; y += step)
+            for (int x = left; x < right; ++x)
+                if (Alpha(x, y) > 0.5f)
+                    return x;
+        return -1;
+    };
+    const int middle = (left + right) / 2;
+    EXPECT_LT(columnOfRow(bottom, top, 1), middle);
+    EXPECT_GT(columnOfRow(top - 1, bottom, -1), middle);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pictures, GuiSheetTest, testing::ValuesIn(kSheetPictures),
+                         [](const auto& picture) { return std::string(picture.param.name); });
+
+TEST(TgaWriterTest, ARunIsOnePacket) {
+    const Bytes file = EncodeTGA(Image(3, 1, {1, 2, 3, 4, 1, 2, 3, 4, 1, 2, 3, 4}));
+    EXPECT_EQ(file, (Bytes{0,    0, 10, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3, 0, 1, 0, 32, 8,  // header
+                           0x82, 3, 2,  1, 4}));
+}
+
+TEST(TgaWriterTest, DifferentPixelsAreOnePacket) {
+    const Bytes file = EncodeTGA(Image(3, 1, {1, 2, 3, 4, 5, 6, 7, 8, 1, 2, 3, 4}));
+    EXPECT_EQ(Bytes(file.begin() + 18, file.end()),
+              (Bytes{0x02, 3, 2, 1, 4, 7, 6, 5, 8, 3, 2, 1, 4}));
+}
+
+TEST(TgaWriterTest, ARunAfterDifferentPixelsBeginsItsOwnPacket) {
+    const Bytes file = EncodeTGA(Image(3, 1, {9, 9, 9, 9, 1, 2, 3, 4, 1, 2, 3, 4}));
+    EXPECT_EQ(Bytes(file.begin() + 18, file.end()), (Bytes{0x00, 9, 9, 9, 9, 0x81, 3, 2, 1, 4}));
+}
+
+TEST(TgaWriterTest, PacketsEndWithTheirRow) {
+    const Bytes file = EncodeTGA(Image(1, 2, {1, 2, 3, 4, 1, 2, 3, 4}));
+    EXPECT_EQ(Bytes(file.begin() + 18, file.end()), (Bytes{0x00, 3, 2, 1, 4, 0x00, 3, 2, 1, 4}));
+}
+
+TEST(TgaWriterTest, ValuesAreRoundedAndClampedToBytes) {
+    TextureData image = Image(1, 1, {0, 0, 0, 0});
+    const float values[] = {0.5f, 1.5f, -1.0f, 0.999f};
+    std::copy(std::begin(values), std::end(values), image.GetData());
+    const Bytes file = EncodeTGA(image);
+    EXPECT_EQ(Bytes(file.begin() + 18, file.end()), (Bytes{0x00, 0, 255, 128, 255}));
+}
+
+TEST(TgaWriterTest, WhatIsWrittenIsReadBack) {
+    const TemporaryFolder folder;
+    std::mt19937 random(1);
+    for (const int width : {1, 2, 127, 128, 129, 256, 257, 300, 1000}) {
+        for (const unsigned variety : {1u, 2u, 200u}) {
+            Bytes bytes;
+            for (int pixel = 0; pixel < width * 3; ++pixel) {
+                const auto value = static_cast<std::uint8_t>(random() % variety);
+                bytes.insert(bytes.end(), {value, 7, value, 200});
+            }
+            const std::string path = folder.Path("image.tga");
+            ASSERT_TRUE(WriteTGA(Image(width, 3, bytes), path));
+            TextureData read;
+            ASSERT_TRUE(read.Load(path));
+            EXPECT_EQ(read.GetWidth(), width);
+            EXPECT_EQ(read.GetHeight(), 3);
+            EXPECT_TRUE(PixelBytes(read) == bytes) << width << ", " << variety;
+        }
+    }
+}
+
+}  // namespace
