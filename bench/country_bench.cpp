@@ -41,7 +41,7 @@ void AddSecondTheLongWay(Date& date) {
 
 void DateWeek(benchmark::State& state) {
     Date date("1358/05/16 00:00:00");
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         date.Advance(kWeek);
         benchmark::DoNotOptimize(date);
     }
@@ -51,7 +51,7 @@ BENCHMARK(DateWeek)->Unit(benchmark::kMicrosecond);
 
 void DateWeekNormalisingEveryField(benchmark::State& state) {
     Date date("1358/05/16 00:00:00");
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (long second = 0; second < kWeek; ++second)
             AddSecondTheLongWay(date);
         benchmark::DoNotOptimize(date);
@@ -75,7 +75,7 @@ void Tick(benchmark::State& state) {
     const auto seconds = static_cast<float>(state.range(0));
     const int ticksOfCampaign = static_cast<int>(200.0f * kSecondsPerWeek / seconds);
     unsigned seed = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
         std::srand(++seed);
         Country country(World::kPlayerName, World::kPlayerPeople);
@@ -96,14 +96,14 @@ void WorldWeek(benchmark::State& state) {
     std::srand(1);
     World world;
     Govern(world.player);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         world.Advance(kSecondsPerWeek);
 }
 BENCHMARK(WorldWeek)->Unit(benchmark::kMicrosecond);
 
 void WorldCreation(benchmark::State& state) {
     std::srand(1);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         World world;
         benchmark::DoNotOptimize(world);
     }
@@ -116,7 +116,7 @@ void Edition(benchmark::State& state) {
     Country country(World::kPlayerName, World::kPlayerPeople);
     Newspaper newspaper(&country);
     country.justice.crimeLevel = static_cast<float>(state.range(0)) / 100.0f;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         newspaper.Print();
         benchmark::DoNotOptimize(newspaper);
     }
@@ -126,7 +126,7 @@ BENCHMARK(Edition)->ArgName("crime")->Arg(2)->Arg(7)->Arg(12)->Arg(50);
 void Name(benchmark::State& state) {
     std::srand(1);
     const NameGenerator names(NameGenerator::kCountryPattern);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(names.Generate());
 }
 BENCHMARK(Name);
@@ -134,7 +134,7 @@ BENCHMARK(Name);
 /// The sixteen draws of a country's name alone: the floor of the case above.
 void NameDraws(benchmark::State& state) {
     std::srand(1);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (int draw = 0; draw < 16; ++draw)
             benchmark::DoNotOptimize(std::rand());
     }
@@ -144,7 +144,7 @@ BENCHMARK(NameDraws);
 /// Butchers on almost no ration: millions of steps of production are given up in one tick.
 void HerdWithHugeProduction(benchmark::State& state) {
     Livestock livestock;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         livestock.amount = 15000.0f;
         livestock.production = 2000000.0f;
         livestock.Process(330.0f);

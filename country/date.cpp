@@ -25,12 +25,12 @@ int DrawRounded(double range, double lowest) {
 
 Date::Date(const std::string& text) {
     TraceFrame frame("Date", "Date");
-    if (text == "random")
+    if (text == "random") {
         DrawRandom();
-    else
-        // NOLINTNEXTLINE(cert-err34-c): a field that cannot be read keeps its 0
-        std::sscanf(text.c_str(), "%d/%d/%d %d:%d:%d", &year, &month, &day, &hour, &minute,
-                    &second);
+        return;
+    }
+    // NOLINTNEXTLINE(cert-err34-c): a field that cannot be read keeps its 0
+    std::sscanf(text.c_str(), "%d/%d/%d %d:%d:%d", &year, &month, &day, &hour, &minute, &second);
 }
 
 void Date::Advance(long seconds) {

@@ -19,11 +19,10 @@ FoodStock::FoodStock(float initialAmount, float baseRationOfStock, float yieldOf
 
 void FoodStock::SetWorkers(float workers) {
     TraceFrame frame("SetWorkers", "FoodStock");
-    // Nobody makes nothing, also at a ration of 0, where infinity times 0 would not be a number.
+    production = ((baseRation / ration) * workers / kSecondsPerWeek) / (1.0f / yield);
+    // Nobody makes nothing, also at a ration of 0, where infinity times 0 is not a number.
     if (workers == 0.0f)
         production = 0.0f;
-    else
-        production = ((baseRation / ration) * workers / kSecondsPerWeek) / (1.0f / yield);
 }
 
 void FoodStock::Consume(float people) {

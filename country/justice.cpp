@@ -38,10 +38,11 @@ void Justice::Process(float seconds) {
     Assert("justice", __LINE__, "seconds >= 0.0f", seconds >= 0.0f);
     const float gap = Gap();
     double change = 0.0;
-    if (gap <= kCalmGap)
+    if (gap <= kCalmGap) {
         change = DrawChange(kSettling, seconds);
-    else if (gap > kTenseGap)
+    } else if (gap > kTenseGap) {
         change = DrawChange(crimeLevel > justiceLevel ? kRising : kFalling, seconds);
+    }
     crimeLevel = static_cast<float>(crimeLevel + change);
     crimeLevel = std::clamp(crimeLevel, 0.0f, 1.0f);
 }

@@ -1,8 +1,6 @@
 #include "country/livestock.h"
 
-#include <algorithm>
 #include <cmath>
-#include <ranges>
 
 #include "quarn2/trace.h"
 
@@ -63,9 +61,12 @@ void Livestock::LowerToGrowthLimit(float seconds) {
         const auto after = [=](long count) {
             return static_cast<float>(start - static_cast<double>(count) * step);
         };
-        const auto counts = std::views::iota(1L, equalSteps);
-        const auto enough = std::ranges::partition_point(
-            counts, [&](long count) { return OutgrowsHerd(after(count), seconds); });
-        production = after(*enough);
+        long tooFew = 0;
+        long enough = equalSteps;  // or as far as equal steps go
+        while (enough - tooFew > 1) {
+            const long middle = tooFew + (enough - tooFew) / 2;
+            (OutgrowsHerd(after(middle), seconds) ? tooFew : enough) = middle;
+        }
+        production = after(enough);
     }
 }

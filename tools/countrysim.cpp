@@ -8,8 +8,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
+#include <functional>
 #include <iostream>
-#include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -88,9 +89,10 @@ void Declare(CLI::App& app, Options& options) {
                    "Seconds of a tick, or \"real\" to draw them as the game's clock does")
         ->check(StepText())
         ->capture_default_str();
-    for (std::size_t i = 0; i < kShareOptions.size(); ++i)
+    for (std::size_t i = 0; i < kShareOptions.size(); ++i) {
         app.add_option(kShareOptions[i].name, options.shares[i], kShareOptions[i].help)
             ->check(level);
+    }
     app.add_option("--lration", options.livestockRation, "Level of the livestock ration's slider")
         ->check(level)
         ->capture_default_str();
@@ -140,54 +142,40 @@ void PrintRow(std::int64_t tick, const Country& country) {
     std::printf(",%d\n", country.rebellion ? 1 : 0);
 }
 
-/// The country and as much of the world around it as the options ask for.
-class Simulation {
-public:
-    explicit Simulation(const Options& options) : withNewspaper(!options.noNewspaper) {
-        if (options.bare)
-            alone = std::make_unique<Country>(World::kPlayerName, World::kPlayerPeople);
-        else
-            world = std::make_unique<World>();
-    }
-
-    Country& Player() { return world != nullptr ? world->player : *alone; }
-
-    void Tick(float seconds) {
-        if (world != nullptr && withNewspaper)
-            world->Advance(seconds);
-        else
-            Player().Process(seconds);
-    }
-
-private:
-    bool withNewspaper;
-    std::unique_ptr<World> world;
-    std::unique_ptr<Country> alone;
-};
-
-void Run(const Options& options) {
-    std::srand(options.seed);
-    Simulation simulation(options);
-    Country& player = simulation.Player();
-    player.SetMessageStream(&std::cerr);  // the rows have the standard output to themselves
-    Govern(player, options);
+/// Runs the campaign on a country that `tick` advances by the seconds given.
+void Simulate(Country& country, const Options& options, const std::function<void(float)>& tick) {
+    country.SetMessageStream(&std::cerr);  // the rows have the standard output to themselves
+    Govern(country, options);
 
     const bool real = options.step == kRealStep;
     const float fixedStep = real ? 0.0f : std::stof(options.step);
     const double total = options.weeks * static_cast<double>(kSecondsPerWeek);
     double spent = 0.0;
     PrintHeader();
-    for (std::int64_t tick = 1; spent < total; ++tick) {
+    for (std::int64_t row = 1; spent < total; ++row) {
         const float seconds = real ? World::DrawClockSeconds() : fixedStep;
-        simulation.Tick(seconds);
-        PrintRow(tick, player);
+        tick(seconds);
+        PrintRow(row, country);
         spent += static_cast<double>(seconds);
     }
 }
 
-}  // namespace
+void Run(const Options& options) {
+    std::srand(options.seed);
+    if (options.bare) {
+        Country country(World::kPlayerName, World::kPlayerPeople);
+        Simulate(country, options, [&](float seconds) { country.Process(seconds); });
+        return;
+    }
+    World world;
+    if (options.noNewspaper) {
+        Simulate(world.player, options, [&](float seconds) { world.player.Process(seconds); });
+    } else {
+        Simulate(world.player, options, [&](float seconds) { world.Advance(seconds); });
+    }
+}
 
-int main(int argc, char** argv) {
+int ParseAndRun(int argc, char** argv) {
     CLI::App app("Simulates the country of the game and prints a CSV row per tick.");
     Options options;
     Declare(app, options);
@@ -204,7 +192,18 @@ int main(int argc, char** argv) {
     Run(options);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         std::cerr << "countrysim: cannot write the rows\n";
-        return 1;
+        return EXIT_FAILURE;
     }
-    return 0;
+    return EXIT_SUCCESS;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return ParseAndRun(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "countrysim: %s\n", error.what());
+        return EXIT_FAILURE;
+    }
 }
