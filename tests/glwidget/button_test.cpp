@@ -1,5 +1,7 @@
 #include "glwidget/button.h"
 
+#include "tests/glwidget/drawn_widget_test.h"
+#include "tests/glwidget/opened.h"
 #include "tests/glwidget/widget_test.h"
 
 namespace {
@@ -111,6 +113,122 @@ TEST_F(ButtonTest, OtherButtonsDropAClickThatNobodyReadYet) {
     PointAt();
     button.MouseClick(false, true, false);
     EXPECT_FALSE(button.BeenClicked());
+}
+
+using ButtonDeathTest = ButtonTest;
+
+TEST_F(ButtonDeathTest, RenderingOutsideTheRendererFailsTheAssertion) {
+    EXPECT_EXIT(button.Render(), testing::ExitedWithCode(0),
+                "Assert failed on glwidget/button:36 - \"rendering\"");
+}
+
+class DrawnButtonTest : public DrawnWidgetTest {
+protected:
+    // The fill and the lines, dimmed.
+    static constexpr Colour kFill{0, 0, 153};
+    static constexpr Colour kLine{153, 0, 0};
+
+    DrawnButtonTest() {
+        button.size = Vector(0.8f, 0.4f);
+        theme->lineWidth = 3.0f;
+    }
+
+    Opened<Button> button{"b", nullptr, Vector(0.0f, 0.0f), theme, "caption"};
+};
+
+TEST_F(DrawnButtonTest, BoxIsFilledAndOutlined) {
+    Draw(button);
+    EXPECT_EQ(At(0.4f, 0.2f), kFill);
+    EXPECT_EQ(At(0.02f, 0.02f), kFill);
+    EXPECT_GT(Count(kLine, -0.01f, 0.1f, 0.01f, 0.2f), 0);
+    EXPECT_GT(Count(kLine, 0.79f, 0.2f, 0.81f, 0.3f), 0);
+    EXPECT_FALSE(AnythingIn(0.82f, 0.0f, 1.0f, 0.4f));
+    EXPECT_FALSE(AnythingIn(0.0f, 0.42f, 0.8f, 0.6f));
+}
+
+TEST_F(DrawnButtonTest, UpperLeftAndLowerRightCornersAreCutByThreeCornersOfTheHeight) {
+    Draw(button);
+    const float cut = 3.0f * theme->corner * 0.4f;
+    EXPECT_FALSE(AnythingIn(0.0f, 0.4f - cut / 3.0f, cut / 3.0f, 0.4f));
+    EXPECT_FALSE(AnythingIn(0.8f - cut / 3.0f, 0.0f, 0.8f, cut / 3.0f));
+    EXPECT_EQ(At(0.8f * cut, 0.4f - 0.8f * cut), kFill);
+    EXPECT_EQ(At(0.78f, 0.38f), kFill);
+    // The cut is as wide as high, whatever the width.
+    EXPECT_GT(Count(kLine, cut / 2.0f - 0.01f, 0.4f - cut / 2.0f - 0.01f, cut / 2.0f + 0.01f,
+                    0.4f - cut / 2.0f + 0.01f),
+              0);
+}
+
+TEST_F(DrawnButtonTest, LineWidthIsTheThemes) {
+    theme->lineWidth = 1.0f;
+    Draw(button);
+    const int thin = Count(kLine, -0.1f, 0.1f, 0.1f, 0.2f);
+    theme->lineWidth = 5.0f;
+    Draw(button);
+    EXPECT_GT(Count(kLine, -0.1f, 0.1f, 0.1f, 0.2f), 3 * thin);
+}
+
+TEST_F(DrawnButtonTest, BrightensWithTheHighlight) {
+    button.highlight = 0.5f;
+    Draw(button);
+    EXPECT_EQ(At(0.4f, 0.2f), (Colour{0, 0, 204}));
+    button.highlight = 1.0f;
+    Draw(button);
+    EXPECT_EQ(At(0.4f, 0.2f), (Colour{0, 0, 255}));
+}
+
+TEST_F(DrawnButtonTest, PressedButtonIsShifted) {
+    theme->pressOffset = Vector(0.1f, -0.2f);
+    button.active = true;
+    Draw(button);
+    EXPECT_EQ(At(0.2f, -0.1f), kFill);
+    EXPECT_EQ(At(0.88f, 0.1f), kFill);
+    EXPECT_FALSE(AnythingIn(0.0f, 0.22f, 0.8f, 0.4f));
+}
+
+TEST_F(DrawnButtonTest, CaptionStandsHalfAGlyphFromTheLeftAndAThirdAboveTheBottom) {
+    LoadFont();
+    theme->fontSize = Vector(0.12f, 0.12f);
+    Draw(button);
+    EXPECT_GT(CountText(0.06f, 0.03f, 0.8f, 0.16f), 50);
+    EXPECT_EQ(CountText(0.0f, 0.0f, 0.055f, 0.4f), 0);
+    EXPECT_EQ(CountText(0.0f, 0.17f, 0.8f, 0.4f), 0);
+}
+
+TEST_F(DrawnButtonTest, ImageButtonShowsTheWholeImageWithinItsOutline) {
+    // Two red columns, then two green ones.
+    const std::uint8_t pixels[] = {255, 0, 0, 255, 255, 0, 0, 255, 0, 255, 0, 255, 0, 255, 0, 255};
+    TextureData image;
+    ASSERT_TRUE(image.Load(4, 1, true, pixels));
+    theme->image.Load(image, TextureDetails("", 16));
+    theme->fillColour = Vector(1.0f, 1.0f, 1.0f);
+    theme->lineColour = Vector(0.0f, 0.0f, 1.0f);
+    Button poster("p", nullptr, Vector(0.0f, 0.0f), theme, Vector(0.4f, 0.4f));
+    poster.Focus();
+    Draw(poster);
+    EXPECT_EQ(At(0.1f, 0.2f), (Colour{255, 0, 0}));
+    EXPECT_EQ(At(0.3f, 0.2f), (Colour{0, 255, 0}));
+    EXPECT_GT(Count({0, 0, 255}, -0.01f, 0.1f, 0.01f, 0.2f), 0);
+    EXPECT_FALSE(AnythingIn(0.0f, 0.37f, 0.03f, 0.4f));
+}
+
+TEST_F(DrawnButtonTest, ImageIsTheOneThatTheThemeHadAtConstruction) {
+    PlainSheet(*theme, 0, 255, 0);
+    theme->fillColour = Vector(1.0f, 1.0f, 1.0f);
+    Button poster("p", nullptr, Vector(0.0f, 0.0f), theme, Vector(0.8f, 0.4f));
+    PlainSheet(*theme, 255, 0, 0);
+    poster.Focus();
+    Draw(poster);
+    EXPECT_EQ(At(0.4f, 0.2f), (Colour{0, 255, 0}));
+}
+
+TEST_F(DrawnButtonTest, LeavesTheModelViewAndThePolygonModeAsTheyWere) {
+    button.active = true;
+    Draw(button);
+    EXPECT_EQ(ModelView(), kIdentity);
+    GLint modes[2] = {};
+    glGetIntegerv(GL_POLYGON_MODE, modes);
+    EXPECT_EQ(modes[0], GL_FILL);
 }
 
 }  // namespace

@@ -1,16 +1,11 @@
 #include "glwidget/checkbox.h"
 
 #include "glwidget/optionbox.h"
+#include "tests/glwidget/drawn_widget_test.h"
+#include "tests/glwidget/opened.h"
 #include "tests/glwidget/widget_test.h"
 
 namespace {
-
-template <typename Box>
-class Opened : public Box {
-public:
-    using Box::Box;
-    using Box::flash;
-};
 
 class CheckboxTest : public WidgetTest {
 protected:
@@ -120,6 +115,112 @@ TEST_F(CheckboxTest, OptionThatLosesFlashesOnlyIfItWasActive) {
     option.SetFocussed(&check);
     EXPECT_FALSE(option.Clicked());
     EXPECT_EQ(option.flash, 1.0f);
+}
+
+using CheckboxDeathTest = CheckboxTest;
+
+TEST_F(CheckboxDeathTest, RenderingOutsideTheRendererFailsTheAssertion) {
+    EXPECT_EXIT(check.Render(), testing::ExitedWithCode(0),
+                "Assert failed on glwidget/checkbox:6 - \"rendering\"");
+    EXPECT_EXIT(option.Render(), testing::ExitedWithCode(0),
+                "Assert failed on glwidget/optionbox:35 - \"rendering\"");
+}
+
+/// A sheet of four columns in different colours, each the picture of one rectangle.
+class DrawnCheckboxTest : public DrawnWidgetTest {
+protected:
+    static constexpr Colour kBox{153, 0, 0};
+    static constexpr Colour kOption{0, 153, 0};
+
+    DrawnCheckboxTest() {
+        theme->fillColour = Vector(1.0f, 1.0f, 1.0f);
+        const std::uint8_t pixels[] = {255, 0,   0, 255, 0,   0, 255, 255,
+                                       0,   255, 0, 255, 255, 0, 255, 255};
+        TextureData image;
+        EXPECT_TRUE(image.Load(4, 1, true, pixels));
+        theme->image.Load(image, TextureDetails("", 1 + 16));  // the floats, without mipmaps
+        GLWidget::checkRect = Vector(0.125f, 0.0f, 0.125f, 1.0f);
+        GLWidget::checkMarkRect = Vector(0.375f, 0.0f, 0.375f, 1.0f);
+        GLWidget::optionRect = Vector(0.625f, 0.0f, 0.625f, 1.0f);
+        GLWidget::optionMarkRect = Vector(0.875f, 0.0f, 0.875f, 1.0f);
+        theme->boxSize = 0.4f;
+    }
+    ~DrawnCheckboxTest() override {
+        for (Vector* rectangle : {&GLWidget::optionRect, &GLWidget::optionMarkRect,
+                                  &GLWidget::checkRect, &GLWidget::checkMarkRect})
+            *rectangle = Vector();
+    }
+};
+
+TEST_F(DrawnCheckboxTest, EmptyBoxIsItsRectangleOfTheSheet) {
+    Opened<Checkbox> check("c", nullptr, Vector(0.0f, 0.0f), theme, "");
+    Draw(check);
+    EXPECT_EQ(At(0.01f, 0.01f), kBox);
+    EXPECT_EQ(At(0.39f, 0.39f), kBox);
+    EXPECT_FALSE(AnythingIn(0.41f, 0.0f, 0.6f, 0.4f));
+    EXPECT_FALSE(AnythingIn(0.0f, 0.41f, 0.4f, 0.6f));
+}
+
+TEST_F(DrawnCheckboxTest, BrightensWithTheHighlight) {
+    Opened<Checkbox> check("c", nullptr, Vector(0.0f, 0.0f), theme, "");
+    check.Focus();
+    Draw(check);
+    EXPECT_EQ(At(0.2f, 0.2f), (Colour{255, 0, 0}));
+}
+
+TEST_F(DrawnCheckboxTest, TickCoversTheBoxOnceItsFlashIsOver) {
+    Opened<Checkbox> check("c", nullptr, Vector(0.0f, 0.0f), theme, "");
+    check.active = true;
+    Draw(check);
+    EXPECT_EQ(At(0.2f, 0.2f), (Colour{0, 0, 255}));
+}
+
+TEST_F(DrawnCheckboxTest, TickFadesInAfterTicking) {
+    Opened<Checkbox> check("c", nullptr, Vector(0.0f, 0.0f), theme, "");
+    check.active = true;
+    check.flash = 0.75f;
+    Draw(check);
+    // A quarter of the tick, coloured and weighted by it, over three quarters of the box.
+    EXPECT_EQ(At(0.2f, 0.2f), (Colour{115, 0, 16}));
+    check.flash = 1.0f;
+    Draw(check);
+    EXPECT_EQ(At(0.2f, 0.2f), kBox);
+}
+
+TEST_F(DrawnCheckboxTest, TickFadesOutAfterUnticking) {
+    Opened<Checkbox> check("c", nullptr, Vector(0.0f, 0.0f), theme, "");
+    check.flash = 0.75f;
+    Draw(check);
+    EXPECT_EQ(At(0.2f, 0.2f), (Colour{38, 0, 143}));
+    check.flash = 0.0001f;
+    Draw(check);
+    EXPECT_EQ(At(0.2f, 0.2f), kBox);
+}
+
+TEST_F(DrawnCheckboxTest, OptionUsesItsOwnRectangles) {
+    Opened<Optionbox> option("o", nullptr, Vector(0.0f, 0.0f), theme, "");
+    Draw(option);
+    EXPECT_EQ(At(0.2f, 0.2f), kOption);
+    option.active = true;
+    Draw(option);
+    EXPECT_EQ(At(0.2f, 0.2f), (Colour{255, 0, 255}));
+}
+
+TEST_F(DrawnCheckboxTest, CaptionStandsABlankBehindTheBoxAndAQuarterOfItAboveTheBottom) {
+    LoadFont();
+    theme->fontSize = Vector(0.12f, 0.12f);
+    Checkbox check("c", nullptr, Vector(0.0f, 0.0f), theme, "mmm");
+    Draw(check);
+    const float blank = GLWidget::font.Advance(' ') * 0.12f;
+    EXPECT_GT(CountText(0.4f + blank, 0.1f, 1.0f, 0.24f), 50);
+    EXPECT_EQ(CountText(0.41f, 0.0f, 0.4f + blank - 0.005f, 0.4f), 0);
+    EXPECT_EQ(CountText(0.41f, 0.0f, 1.0f, 0.09f), 0);
+}
+
+TEST_F(DrawnCheckboxTest, LeavesTheModelViewAsItWas) {
+    Checkbox check("c", nullptr, Vector(0.0f, 0.0f), theme, "tick");
+    Draw(check);
+    EXPECT_EQ(ModelView(), kIdentity);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "glwidget/optionbox.h"
+#include "tests/glwidget/drawn_widget_test.h"
 #include "tests/glwidget/widget_test.h"
 
 namespace {
@@ -537,6 +538,124 @@ TEST_F(GLWidgetTest, NewThemeOfATakenNameLeavesTheEarlierOneToItsWidgets) {
     EXPECT_EQ(GLWidget::themes["default"], later);
     EXPECT_EQ(widget.theme, theme);
     EXPECT_EQ(widget.theme->border, 0.5f);
+}
+
+class RenderWidgetsTest : public DrawnWidgetTest {
+protected:
+    static MatrixValues Projection() {
+        MatrixValues values{};
+        glGetFloatv(GL_PROJECTION_MATRIX, values.data());
+        return values;
+    }
+
+    /// Notes what a widget finds when it is asked to draw itself.
+    class Witness : public PlainWidget {
+    public:
+        using PlainWidget::PlainWidget;
+        void Render() override {
+            order->push_back(this);
+            projection = Projection();
+            wasRendering = rendering;
+            glGetIntegerv(GL_MATRIX_MODE, &matrixMode);
+            for (std::size_t i = 0; i < std::size(kStates); ++i)
+                states[i] = glIsEnabled(kStates[i]) == GL_TRUE;
+        }
+
+        static constexpr GLenum kStates[] = {GL_LIGHTING, GL_COLOR_MATERIAL, GL_TEXTURE_2D,
+                                             GL_BLEND, GL_DEPTH_TEST};
+        std::vector<GLWidget*>* order = nullptr;
+        MatrixValues projection{};
+        bool wasRendering = false;
+        GLint matrixMode = 0;
+        bool states[std::size(kStates)] = {};
+    };
+
+    Witness* MakeWitness(const std::string& name) {
+        auto* const witness = new Witness(name, nullptr, Vector(0.0f, 0.0f), theme);
+        witness->order = &order;
+        GLWidget::widgets.push_back(witness);
+        return witness;
+    }
+
+    std::vector<GLWidget*> order;
+};
+
+TEST_F(RenderWidgetsTest, EveryTopLevelWidgetIsDrawnInOrderWhileTheFlagIsSet) {
+    Witness* const first = MakeWitness("first");
+    Witness* const second = MakeWitness("second");
+    EXPECT_TRUE(GLWidget::RenderWidgets());
+    EXPECT_EQ(order, (std::vector<GLWidget*>{first, second}));
+    EXPECT_TRUE(first->wasRendering);
+    EXPECT_TRUE(second->wasRendering);
+    EXPECT_FALSE(GLWidget::rendering);
+}
+
+TEST_F(RenderWidgetsTest, ProjectionSpansGuiSpaceAndTheModelViewIsSelected) {
+    Witness* const witness = MakeWitness("w");
+    GLWidget::RenderWidgets();
+    EXPECT_EQ(witness->matrixMode, GL_MODELVIEW);
+    EXPECT_FLOAT_EQ(witness->projection[0], 1.0f / (1.3f * 4.0f / 3.0f));
+    EXPECT_FLOAT_EQ(witness->projection[5], 1.0f / 1.3f);
+    EXPECT_FLOAT_EQ(witness->projection[10], -1.0f);
+    EXPECT_FLOAT_EQ(witness->projection[12], 0.0f);
+    EXPECT_FLOAT_EQ(witness->projection[13], 0.0f);
+    EXPECT_FLOAT_EQ(witness->projection[14], 0.0f);
+}
+
+TEST_F(RenderWidgetsTest, WidgetsFindTexturingAndDepthTestOnAndTheRestOff) {
+    Witness* const witness = MakeWitness("w");
+    glEnable(GL_LIGHTING);
+    glEnable(GL_COLOR_MATERIAL);
+    glEnable(GL_BLEND);
+    GLWidget::RenderWidgets();
+    const bool expected[] = {false, false, true, false, true};
+    for (std::size_t i = 0; i < std::size(expected); ++i)
+        EXPECT_EQ(witness->states[i], expected[i]) << i;
+    EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_TRUE);
+    EXPECT_EQ(glIsEnabled(GL_COLOR_MATERIAL), GL_TRUE);
+    EXPECT_EQ(glIsEnabled(GL_BLEND), GL_TRUE);
+    EXPECT_EQ(glIsEnabled(GL_TEXTURE_2D), GL_FALSE);
+    EXPECT_EQ(glIsEnabled(GL_DEPTH_TEST), GL_FALSE);
+}
+
+TEST_F(RenderWidgetsTest, WithoutWidgetsTheProjectionIsSetAndRestored) {
+    GLWidget::readViewport(GLWidget::viewport);
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glTranslatef(0.5f, 0.0f, 0.0f);
+    const MatrixValues before = Projection();
+    GLint depthBefore = 0;
+    glGetIntegerv(GL_PROJECTION_STACK_DEPTH, &depthBefore);
+    EXPECT_TRUE(GLWidget::RenderWidgets());
+    GLint depth = 0;
+    GLint mode = 0;
+    glGetIntegerv(GL_PROJECTION_STACK_DEPTH, &depth);
+    glGetIntegerv(GL_MATRIX_MODE, &mode);
+    EXPECT_EQ(Projection(), before);
+    EXPECT_EQ(depth, depthBefore);
+    EXPECT_EQ(mode, GL_MODELVIEW);
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
+TEST_F(RenderWidgetsTest, ModelViewIsTheCallers) {
+    glMatrixMode(GL_MODELVIEW);
+    glTranslatef(0.25f, 0.0f, 0.0f);
+    const MatrixValues before = ModelView();
+    MakeWitness("w");
+    GLWidget::RenderWidgets();
+    EXPECT_EQ(ModelView(), before);
+}
+
+TEST_F(RenderWidgetsTest, ViewportIsReadFromOpenGLUnlessATestAnswers) {
+    const auto answer = GLWidget::readViewport;
+    GLWidget::readViewport = readFromOpenGL;
+    glViewport(1, 2, 320, 240);
+    const PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), theme);
+    GLWidget::readViewport = answer;
+    EXPECT_EQ(GLWidget::viewport[0], 1);
+    EXPECT_EQ(GLWidget::viewport[1], 2);
+    EXPECT_EQ(GLWidget::viewport[2], 320);
+    EXPECT_EQ(GLWidget::viewport[3], 240);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include "glwidget/drawing.h"
 #include "glwidget/wordwrap.h"
+#include "tests/glwidget/drawn_widget_test.h"
+#include "tests/glwidget/opened.h"
 #include "tests/glwidget/widget_test.h"
 
 namespace {
@@ -232,6 +234,95 @@ TEST_F(LabelTest, EscapingDoublesEveryPercentSignThatIsNotHalfOfAPair) {
 TEST_F(LabelTest, TextThatLooksLikeAFormatReadsNoArguments) {
     EXPECT_FLOAT_EQ(MeasureText(*theme, "%s%n"), 4.0f * 0.04f);
     EXPECT_FLOAT_EQ(MeasureText(*theme, "%%s"), 2.0f * 0.04f);
+}
+
+using LabelDeathTest = LabelTest;
+
+TEST_F(LabelDeathTest, RenderingOutsideTheRendererFailsTheAssertion) {
+    const auto label = Make("x");
+    EXPECT_EXIT(label->Render(), testing::ExitedWithCode(0),
+                "Assert failed on glwidget/label:24 - \"rendering\"");
+}
+
+class DrawnLabelTest : public DrawnWidgetTest {
+protected:
+    static constexpr float kGlyph = 0.12f;
+
+    DrawnLabelTest() {
+        LoadFont();
+        theme->fontSize = Vector(kGlyph, kGlyph);
+    }
+
+    /// Draws a label at the origin. @return the pixels of its text
+    int DrawLabel(const std::string& text) {
+        testing::internal::CaptureStderr();
+        Label label("l", nullptr, Vector(0.0f, 0.0f), theme, text);
+        testing::internal::GetCapturedStderr();
+        Draw(label);
+        return TextIn(0.0f, 0.0f, 1.7f, 1.3f);
+    }
+    int TextIn(float left, float bottom, float right, float top) const {
+        return CountText(left, bottom, right, top);
+    }
+};
+
+TEST_F(DrawnLabelTest, TextIsDrawnInItsColourHalfAGlyphFromTheLeft) {
+    EXPECT_GT(DrawLabel("HHH"), 100);
+    EXPECT_EQ(TextIn(0.0f, 0.0f, kGlyph / 2.0f - 0.005f, 1.0f), 0);
+    EXPECT_EQ(TextIn(0.0f, 0.0f, 1.0f, kGlyph / 4.0f - 0.01f), 0);
+    EXPECT_EQ(TextIn(0.0f, kGlyph * 1.4f, 1.0f, 1.0f), 0);
+}
+
+TEST_F(DrawnLabelTest, FirstOfSeveralLinesStandsHighestAndTheLastAtTheBottom) {
+    DrawLabel("HHH\nH");
+    const float step = 1.3f * kGlyph;
+    EXPECT_GT(TextIn(0.0f, 0.02f, kGlyph * 1.3f, step), 0);
+    EXPECT_EQ(TextIn(kGlyph * 1.6f, 0.02f, 1.0f, step), 0) << "one letter in the lower line";
+    EXPECT_GT(TextIn(kGlyph * 1.6f, step + 0.02f, 1.0f, 2.0f * step), 0);
+}
+
+TEST_F(DrawnLabelTest, PercentSignsShowOnceWhetherDoubledOrNot) {
+    const int pair = DrawLabel("100%%");
+    const int lone = DrawLabel("100%");
+    EXPECT_GT(lone, DrawLabel("100"));
+    EXPECT_EQ(pair, lone);
+    EXPECT_EQ(DrawLabel("%s%n"), DrawLabel("%%s%%n"));
+}
+
+TEST_F(DrawnLabelTest, SetTextOfADoubledPercentSignShowsOne) {
+    const int constructed = DrawLabel("100%");
+    testing::internal::CaptureStderr();
+    Label label("l", nullptr, Vector(0.0f, 0.0f), theme, "000%");
+    testing::internal::GetCapturedStderr();
+    label.SetText("100%%");
+    Draw(label);
+    EXPECT_EQ(TextIn(0.0f, 0.0f, 1.7f, 1.3f), constructed);
+}
+
+TEST_F(DrawnLabelTest, FontIsSetToTheLabelsThemeWhoeverUsedItLast) {
+    const int alone = DrawLabel("HHH");
+    testing::internal::CaptureStderr();
+    Label label("l", nullptr, Vector(0.0f, 0.0f), theme, "HHH");
+    testing::internal::GetCapturedStderr();
+    GLWidget::font.SetSize(1.0f, 1.0f);
+    Draw(label);
+    EXPECT_EQ(TextIn(0.0f, 0.0f, 1.7f, 1.3f), alone);
+}
+
+TEST_F(DrawnLabelTest, TextTooWideForTheWidgetIsBroken) {
+    testing::internal::CaptureStderr();
+    Opened<Label> label("l", nullptr, Vector(0.0f, 0.0f), theme, "HHH HHH");
+    testing::internal::GetCapturedStderr();
+    Draw(label);
+    EXPECT_EQ(TextIn(0.0f, 1.3f * kGlyph + 0.03f, 1.7f, 1.3f), 0);
+    label.size.x /= 1.5f;
+    Draw(label);
+    EXPECT_GT(TextIn(0.0f, 1.3f * kGlyph + 0.03f, 1.7f, 1.3f), 0);
+}
+
+TEST_F(DrawnLabelTest, LeavesTheModelViewAsItWas) {
+    DrawLabel("HHH");
+    EXPECT_EQ(ModelView(), kIdentity);
 }
 
 }  // namespace

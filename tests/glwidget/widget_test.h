@@ -13,6 +13,8 @@ class WidgetTest : public testing::Test {
 protected:
     WidgetTest() {
         Clear();
+        if (readFromOpenGL == nullptr)
+            readFromOpenGL = GLWidget::readViewport;
         GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
             viewport[0] = 0;
             viewport[1] = 0;
@@ -25,6 +27,9 @@ protected:
     ~WidgetTest() override { Clear(); }
 
     Theme* theme;
+
+    /// What the toolkit itself asks for the viewport.
+    static inline void (*readFromOpenGL)(std::int32_t (&)[4]) = nullptr;
 
 private:
     static void Clear() {
