@@ -81,7 +81,9 @@ void SignalHandler(int signal) {
         std::cerr << "Stack Trace:\n";
         PrintStackTrace();
     }
-    std::exit(1);
+    // The signal may have come in the middle of an allocation, and what std::exit runs would then
+    // wait for itself for ever.
+    std::_Exit(1);
 }
 
 void AssertFailed(const char* file, int line, const char* expression) {

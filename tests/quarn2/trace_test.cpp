@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <iostream>
 #include <stdexcept>
 #include <string>
 
@@ -178,6 +179,17 @@ TEST(SignalTest, AbortIsReportedUnderItsOlderName) {
     };
     EXPECT_EXIT(crash(), testing::ExitedWithCode(1),
                 testing::Eq("Caught signal SIGIOT - IOT Trap (4.2 BSD)\n"));
+}
+
+// What a library keeps for the program's end may wait for a lock that the interrupted code holds.
+TEST(SignalTest, NothingThatWasKeptForTheProgramsEndRuns) {
+    const auto crash = [] {
+        std::atexit([] { std::cerr << "kept for the end\n"; });
+        InstallSignalHandlers();
+        std::raise(SIGINT);
+    };
+    EXPECT_EXIT(crash(), testing::ExitedWithCode(1),
+                testing::Eq("Caught signal SIGINT - Terminal interrupt (ANSI)\n"));
 }
 
 TEST(SignalTest, OtherSignalsKeepTheirDefaultAction) {
