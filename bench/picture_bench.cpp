@@ -1,0 +1,124 @@
+// What a whole frame of the game costs beside its texts alone. Needs a display; to be started in
+// the data directory.
+
+#include <GL/gl.h>
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "app/app.h"
+#include "glwidget/drawing.h"
+#include "glwidget/glwidget.h"
+#include "quarn2/trace.h"
+#include "tests/support/gl_window.h"
+#include "tests/support/widget_places.h"
+
+namespace {
+
+constexpr std::uint32_t kFrameMs = 16;
+
+/// The game after its first frames, without its main loop. Widgets live as long as the process,
+/// so there is one.
+class RunningGame {
+public:
+    static RunningGame& Get() {
+        static RunningGame& game = *new RunningGame;
+        return game;
+    }
+
+    /// A frame's update as the kernel sends it: keys, a mouse that moved, the time.
+    void UpdateFrame() {
+        app->GotEvent(keys);
+        mouse.x = (mouse.x + 7) % 800;
+        mouse.y = (mouse.y + 5) % 600;
+        app->GotEvent(mouse);
+        app->GotEvent(update);
+    }
+
+    void Render() { app->Render(true); }
+
+    /// The texts that are on the screen, at their places, by display lists and nothing else.
+    void RenderTexts() {
+        glMatrixMode(GL_PROJECTION);
+        glPushMatrix();
+        glLoadIdentity();
+        glOrtho(0.0, 800.0, 0.0, 600.0, -1.0, 1.0);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glPushAttrib(GL_ENABLE_BIT);
+        glEnable(GL_TEXTURE_2D);
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        for (const Text& text : texts) {
+            const MatrixScope matrix;
+            Translate(text.x, text.y);
+            GLWidget::font.SetSize(text.sizeX, text.sizeY);
+            GLWidget::font.Print("%s", text.text.c_str());
+        }
+        glPopAttrib();
+        glMatrixMode(GL_PROJECTION);
+        glPopMatrix();
+        glMatrixMode(GL_MODELVIEW);
+    }
+
+private:
+    struct Text {
+        std::string text;
+        float x, y;          ///< pixels from the lower left
+        float sizeX, sizeY;  ///< pixels
+    };
+
+    RunningGame() {
+        trace::Start();
+        std::srand(1358);
+        GLWidget::StartGUI("my.gui.debug");
+        app->CreateWorld();
+        update.time = kFrameMs;
+        app->GotEvent(update);
+        FindTexts();
+    }
+
+    void FindTexts() {
+        const Vector& fontSize = GLWidget::themes.find("default")->second->fontSize;
+        const float pixelsPerUnit = 600.0f / (2.0f * GLWidget::guiScale);
+        for (const auto& [tag, place] : ReachableWidgets())
+            texts.push_back({GLWidget::GetByTag(tag)->GetText(), static_cast<float>(place.left),
+                             static_cast<float>(600 - place.top), fontSize.x * pixelsPerUnit,
+                             fontSize.y * pixelsPerUnit});
+    }
+
+    GLWindowForTests window;
+    Pointer<App> app{new App};
+    Event keys{KeyEvent};
+    Event mouse{MouseEvent};
+    Event update{UpdateEvent};
+    std::vector<Text> texts;
+};
+
+// The driver works on threads of its own, so the time is taken on the wall.
+
+void BM_WholeFrame(benchmark::State& state) {
+    RunningGame& game = RunningGame::Get();
+    for (auto _ : state) {
+        game.UpdateFrame();
+        game.Render();
+        glFinish();
+    }
+}
+BENCHMARK(BM_WholeFrame)->UseRealTime()->Unit(benchmark::kMicrosecond);
+
+void BM_TextsAlone(benchmark::State& state) {
+    RunningGame& game = RunningGame::Get();
+    for (auto _ : state) {
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        game.RenderTexts();
+        glFinish();
+    }
+}
+BENCHMARK(BM_TextsAlone)->UseRealTime()->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,83 @@
+// widgetmap FILE, started in the data directory, tells the plays where the game's widgets are:
+// one line per widget that a player can reach, with its tag, its kind, its box in window pixels
+// (left, top, right, bottom) and the tag of the button that has to be pressed to bring it up, or
+// "-". The fields are separated by tabs.
+
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "app/app.h"
+#include "glwidget/glwidget.h"
+#include "tests/support/gl_window.h"
+#include "tests/support/widget_places.h"
+
+namespace {
+
+constexpr const char* kInTheOpen = "-";
+
+struct FoundWidget {
+    WidgetPlace place;
+    std::string behind;  ///< tag of the button that brings it up
+};
+
+using FoundWidgets = std::map<std::string, FoundWidget>;
+
+/// The buttons with which a tab window shows its tabs.
+std::vector<std::string> TabButtons() {
+    std::vector<std::string> buttons;
+    for (const auto& [windowTag, window] : GLWidget::tags)
+        if (window != nullptr && window->GetType() == "TabWindow")
+            for (const auto& [tag, widget] : GLWidget::tags)
+                if (widget != nullptr && tag.starts_with("__" + windowTag + "tab"))
+                    buttons.push_back(tag);
+    return buttons;
+}
+
+FoundWidgets FindWidgets() {
+    FoundWidgets found;
+    const auto addReachable = [&](const std::string& behind) {
+        for (const auto& [tag, place] : ReachableWidgets())
+            found.try_emplace(tag, FoundWidget{place, behind});
+    };
+    addReachable(kInTheOpen);
+    for (const std::string& button : TabButtons()) {
+        const auto place = found.find(button);
+        if (place == found.end())
+            continue;
+        ClickAt(place->second.place);
+        addReachable(button);
+    }
+    GLWidget::MessageBox("You cannot buy this much from this country.", 1);
+    addReachable(kInTheOpen);
+    return found;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::cerr << "usage: widgetmap FILE\n";
+        return 2;
+    }
+    const GLWindowForTests window;
+    const Pointer<App> app(new App);
+    GLWidget::StartGUI("my.gui.debug");
+    app->CreateWorld();
+    app->Update(0);  // fills the labels, which gives them their size
+
+    std::ofstream file(argv[1]);
+    for (const auto& [tag, widget] : FindWidgets()) {
+        const auto& [left, top, right, bottom] = widget.place;
+        file << tag << '\t' << GLWidget::GetByTag(tag)->GetType() << '\t' << left << '\t' << top
+             << '\t' << right << '\t' << bottom << '\t' << widget.behind << '\n';
+    }
+    file.close();
+    if (!file) {
+        std::cerr << argv[1] << " cannot be written\n";
+        return 1;
+    }
+    return 0;
+}
