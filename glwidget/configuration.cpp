@@ -20,7 +20,7 @@ bool GLWidget::Init(std::istream& file) {
     reader.EndLine();
     std::cerr << "Loading " << word << '\n';
     // A font that cannot be loaded was reported; the texts are then not to be seen.
-    static_cast<void>(font.Init(word));
+    static_cast<void>(loadFont(font, word));
     ++fontLoads;
     std::cerr << "Loaded.\n";
 

@@ -18,9 +18,10 @@ public:
     Vector GetValidArea() override;
     void SetFocussed(GLWidget* other) override;
 
-private:
     /// Where the children's coordinates begin, in the parent's.
     Vector InnerOrigin() const;
+
+private:
     void DrawBorder() const;
 
     bool bordered;

@@ -20,6 +20,10 @@ void ReadViewportFromGL(std::int32_t (&viewport)[4]) {
     glGetIntegerv(GL_VIEWPORT, viewport);
 }
 
+bool LoadFontToDraw(FontRender& font, const std::string& path) {
+    return font.Init(path);
+}
+
 }  // namespace
 
 GLWidget::TagMap& GLWidget::tags = *new TagMap;
@@ -39,6 +43,7 @@ Vector GLWidget::checkRect;
 Vector GLWidget::checkMarkRect;
 Vector GLWidget::sliderRect;
 void (*GLWidget::readViewport)(std::int32_t (&)[4]) = ReadViewportFromGL;
+bool (*GLWidget::loadFont)(FontRender&, const std::string&) = LoadFontToDraw;
 std::list<GLWidget*>& GLWidget::living = *new std::list<GLWidget*>;
 std::deque<Theme>& GLWidget::ownedThemes = *new std::deque<Theme>;
 

@@ -83,6 +83,9 @@ public:
     const std::string& GetText() const { return text; }
     const std::string& GetName() const { return name; }
     GLWidget* GetParent() const { return parent; }
+    const Theme& GetTheme() const { return *theme; }
+    const std::vector<std::string>& GetTexts() const { return texts; }
+    const std::vector<GLWidget*>& GetChildren() const { return children; }
 
     // The entry points of the application, once per event or frame. Each returns true.
     static bool MouseMoveWidgets(const Vector& screen);
@@ -145,6 +148,8 @@ public:
 
     /// Where the viewport is read from: OpenGL, unless a test answers instead.
     static void (*readViewport)(std::int32_t (&viewport)[4]);
+    /// How a font is loaded: to draw with it, unless a program only measures.
+    static bool (*loadFont)(FontRender& font, const std::string& path);
 
     /// Half the screen's width in GUI units; half its height is `guiScale`.
     static float HalfWidth();

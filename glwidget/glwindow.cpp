@@ -47,6 +47,11 @@ bool GLWindow::MouseMove(float x, float y) {
     return true;
 }
 
+Vector GLWindow::InnerOrigin() const {
+    const float margin = container::InnerMargin(*theme);
+    return {position.x + margin, position.y + margin};
+}
+
 void GLWindow::DragBy(const Vector& delta) {
     const Vector stay = position;
     position += delta;
@@ -135,7 +140,7 @@ void GLWindow::DrawTitle() const {
 
 void GLWindow::DrawChildren() const {
     const MatrixScope matrix;
-    const float margin = container::InnerMargin(*theme);
-    Translate(position.x + margin, position.y + margin);
+    const Vector origin = InnerOrigin();
+    Translate(origin.x, origin.y);
     container::Render(children);
 }

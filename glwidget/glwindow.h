@@ -25,6 +25,10 @@ public:
     /// Over the title bar of a movable window.
     bool Within() override;
 
+    /// Where the children's coordinates begin, in the parent's.
+    Vector InnerOrigin() const;
+    bool IsMovable() const { return movable; }
+
 protected:
     /// Fills the panel and draws its outline, around the model-view origin.
     void DrawPanel();

@@ -37,13 +37,14 @@ public:
     /// Tabs that one window may have.
     static constexpr int kMostTabs = 64;
 
-private:
     struct Tab {
         std::string name;
         std::vector<GLWidget*> widgets;  // not owned
         OwnedButton button;              // null while only AddToTab knows the tab
     };
+    const std::vector<Tab>& GetTabs() const { return tabs; }
 
+private:
     /// Extends the list to hold the index. @return whether a tab may have it
     bool EnsureTab(int index);
     void RebuildButtons();

@@ -11,6 +11,10 @@ namespace {
 
 constexpr const char* kNoTexture = "NULL";
 
+bool LoadImageToDraw(Texture& image, const std::string& file) {
+    return image.Load(TextureDetails(file, 0));
+}
+
 /// The lines of a theme file: each reads one group of values and reports what then holds.
 class ThemeReader {
 public:
@@ -59,6 +63,8 @@ private:
 
 }  // namespace
 
+bool (*Theme::loadImage)(Texture&, const std::string&) = LoadImageToDraw;
+
 void Theme::Read(Theme& theme, const std::string& path) {
     std::ifstream file(path);
     Read(theme, file, path);
@@ -99,5 +105,5 @@ void Theme::BuiltIn(Theme& theme) {
 
 void Theme::LoadImage() {
     // A picture that cannot be loaded was reported; the theme does without.
-    static_cast<void>(image.Load(TextureDetails(textureName, 0)));
+    static_cast<void>(loadImage(image, textureName));
 }

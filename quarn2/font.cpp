@@ -87,6 +87,11 @@ bool Rasterise(FT_Face face, FT_ULong code) {
            && FT_Render_Glyph(face->glyph, FT_RENDER_MODE_NORMAL) == FT_Err_Ok;
 }
 
+/// The rasterised glyph's advance in font units, of whole pixels.
+float AdvanceOf(const FT_GlyphSlotRec& glyph) {
+    return static_cast<float>(glyph.advance.x >> 6) / kPixelsPerUnit;
+}
+
 /// The glyph in white, its coverage in every channel, in the lower left of a texture whose
 /// sides are powers of two.
 bool MakeImage(const FT_Bitmap& bitmap, TextureData& image) {
@@ -181,7 +186,7 @@ bool FontRender::Init(const std::string& path) {
         Texture texture;
         texture.Load(image, TextureDetails("", kGlyphFlags));
 
-        const float advance = static_cast<float>(face->glyph->advance.x >> 6) / kPixelsPerUnit;
+        const float advance = AdvanceOf(*face->glyph);
         glNewList(listBase + static_cast<GLuint>(code), GL_COMPILE);
         texture.Bind();
         DrawGlyph(*face->glyph, image);
@@ -190,6 +195,21 @@ bool FontRender::Init(const std::string& path) {
         advances[code] = advance;
     }
     OpenFonts().push_back(std::move(font));
+    return true;
+}
+
+bool FontRender::Measure(const std::string& path) {
+    TraceFrame frame("Measure", "FontRender");
+    OpenFont font;
+    if (!Open(path, font))
+        return false;
+    for (int code = 0; code < kGlyphCount; ++code) {
+        if (!Rasterise(font.face.get(), static_cast<FT_ULong>(code))) {
+            std::cerr << "errors!\n";
+            return false;
+        }
+        advances[code] = AdvanceOf(*font.face->glyph);
+    }
     return true;
 }
 

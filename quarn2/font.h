@@ -11,6 +11,10 @@ public:
     /// Loads the font file and builds the glyph lists. A failure is one line on standard error.
     [[nodiscard]] bool Init(const std::string& path);
 
+    /// Takes the advances alone from the font file, without OpenGL: for programs that measure
+    /// text and do not draw it. Fails as Init does.
+    [[nodiscard]] bool Measure(const std::string& path);
+
     /// Scales what Print draws and Length measures; 1 and 1 at first.
     /// @return true
     bool SetSize(float x, float y);

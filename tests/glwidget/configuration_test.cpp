@@ -64,6 +64,20 @@ TEST_F(ConfigurationTest, WhatIsNotAFontIsReported) {
               "Loading text.ttf\nThe font file format is not recgonised\nLoaded.\n");
 }
 
+TEST_F(ConfigurationTest, FontMayBeLoadedByWhoeverOnlyMeasures) {
+    static std::string loaded;
+    const auto usual = GLWidget::loadFont;
+    GLWidget::loadFont = [](FontRender& font, const std::string& path) {
+        loaded = path;
+        FontAccess::SetAdvances(font, 0.25f);
+        return true;
+    };
+    Read("some.ttf\n");
+    GLWidget::loadFont = usual;
+    EXPECT_EQ(loaded, "some.ttf");
+    EXPECT_EQ(GLWidget::font.Advance('a'), 0.25f);
+}
+
 TEST_F(ConfigurationTest, ScaleIsSet) {
     GLWidget::guiScale = 2.0f;
     Read("missing.ttf\n");

@@ -175,6 +175,19 @@ TEST_F(ThemeTest, TextureThatCannotBeLoadedLeavesNone) {
     EXPECT_EQ(theme.image.GetName(), 0u);
 }
 
+TEST_F(ThemeTest, PictureMayBeLeftOutByWhoeverDoesNotDraw) {
+    static std::string asked;
+    const auto usual = Theme::loadImage;
+    Theme::loadImage = [](Texture&, const std::string& file) {
+        asked = file;
+        return true;
+    };
+    Theme theme;
+    Read(theme, "1 1 1\n1 1 1\n1 1 1\n1 1 1\n1\n1\n1\n1\n1\n1\n1 1\n1 1\n1 1 1\n1\nsome.tga\n1\n");
+    Theme::loadImage = usual;
+    EXPECT_EQ(asked, "some.tga");
+}
+
 TEST_F(ThemeTest, TextureNameIsCutAtItsLimit) {
     Theme theme;
     Read(theme, "1 1 1\n1 1 1\n1 1 1\n1 1 1\n1\n1\n1\n1\n1\n1\n1 1\n1 1\n1 1 1\n1\n"

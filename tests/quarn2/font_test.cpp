@@ -228,6 +228,14 @@ TEST_F(FontFileTest, AGlyphThatCannotBeLoadedIsReported) {
     EXPECT_EQ(InitLine(folder.Write("broken.ttf", file)), "errors!\n");
 }
 
+TEST(FontMeasureTest, AFileThatIsNoFontIsReported) {
+    const TemporaryFolder folder;
+    FontRender font;
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(font.Measure(folder.Write("text.ttf", "This is a text and no font at all.\n")));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "The font file format is not recgonised\n");
+}
+
 /// One font for all tests that draw.
 class FontDrawingTest : public GLTest {
 protected:
@@ -325,6 +333,13 @@ TEST_F(FontDrawingTest, AdvancesAreFreeTypesInWholePixels) {
         EXPECT_EQ(font.Advance(code), Glyph(code).Advance()) << code;
     EXPECT_GT(font.Advance('m'), font.Advance('i'));
     EXPECT_EQ(font.Length("Am"), font.Advance('A') + font.Advance('m'));
+}
+
+TEST_F(FontDrawingTest, AFontThatOnlyMeasuresTakesTheSameAdvances) {
+    FontRender measured;
+    ASSERT_TRUE(measured.Measure(kFont));
+    for (int code = 0; code < FontRender::kGlyphCount; ++code)
+        EXPECT_EQ(measured.Advance(code), font.Advance(code)) << code;
 }
 
 TEST_F(FontDrawingTest, AListMovesThePenByTheAdvance) {
