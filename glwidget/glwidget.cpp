@@ -15,6 +15,9 @@ constexpr float kFaded = 0.0001f;
 /// A position beyond this, far outside the screen, asks for the screen's edge on that side.
 constexpr float kEdgeThreshold = 90.0f;
 
+/// Not destroyed, for it is handed out by reference.
+const std::string& kNoText = *new std::string;
+
 void ReadViewportFromGL(std::int32_t (&viewport)[4]) {
     static_assert(sizeof(GLint) == sizeof(std::int32_t));
     glGetIntegerv(GL_VIEWPORT, viewport);
@@ -242,9 +245,8 @@ void GLWidget::SetLevel(float newLevel) {
 }
 
 const std::string& GLWidget::GetCurrentText() const {
-    static const std::string& none = *new std::string;
     const auto index = static_cast<std::size_t>(current);
-    return current >= 0 && index < texts.size() ? texts[index] : none;
+    return current >= 0 && index < texts.size() ? texts[index] : kNoText;
 }
 
 bool GLWidget::MouseMoveWidgets(const Vector& screen) {

@@ -1,131 +1,95 @@
-#include <gtest/gtest.h>
+#include <sstream>
 
-#include <cmath>
-#include <optional>
-
-#include "glwidget/button.h"
-#include "glwidget/checkbox.h"
-#include "glwidget/combobox.h"
-#include "glwidget/frame.h"
-#include "glwidget/glwindow.h"
-#include "glwidget/label.h"
-#include "glwidget/optionbox.h"
-#include "glwidget/slider.h"
-#include "glwidget/tabwindow.h"
-#include "glwidget/textbox.h"
-#include "tests/glwidget/drawn_widget_test.h"
+#include "glwidget/glwidget.h"
+#include "quarn2/trace.h"
 #include "tests/glwidget/widget_test.h"
 #include "tests/support/allocations.h"
+#include "tests/support/temp_directory.h"
 
 namespace {
 
-const Vector kOrigin(0.0f, 0.0f);
+constexpr const char* kLayout =
+    "CADD Win win NULL -1.5 -1 1 A window\n"
+    "CADD Label label win 0 0 a label of several words and 100%\n"
+    "CADD Butt button win 0 0.2 press\n"
+    "CADD Check check win 0 0.3 tick\n"
+    "CADD Frame frame win 0 0.4 1\n"
+    "CADD Opt one frame 0 0 one\n"
+    "CADD Opt two frame 0 0.2 two\n"
+    "CADD Slide slide win 0 0.8 0.5 0\n"
+    "CADD Combo combo win 0.6 0\n"
+    "TEXT combo an item\n"
+    "TEXT combo another item\n"
+    "CADD Text text win 0.6 0.4 10 3\n"
+    "CADD TWin tabs NULL 0 0\n"
+    "NTAB tabs 0 First\n"
+    "NTAB tabs 1 Second\n"
+    "TADD 0 Check left tabs 0 0 left\n"
+    "TADD 1 Check right tabs 0 0 right\n";
 
-/// One widget of every sort, in a tab window in a window.
-struct EverySort {
-    explicit EverySort(Theme* look) {
-        for (const char* name : {"tabwin_button.theme", "combo_button.theme"})
-            GLWidget::NewTheme(name);
-        window.emplace("window", nullptr, Vector(-1.0f, -1.0f), look, "A window of 100%", true);
-        tabs.emplace("tabs", &*window, kOrigin, look);
-        tabs->AddTab(0, "First");
-        tabs->AddTab(1, "Second");
-        frame.emplace("frame", &*tabs, kOrigin, look, true);
-        button.emplace("button", &*frame, kOrigin, look, "A long enough caption");
-        check.emplace("check", &*frame, Vector(0.0f, 0.1f), look, "A long enough caption");
-        option.emplace("option", &*frame, Vector(0.0f, 0.2f), look, "A long enough caption");
-        slider.emplace("slider", &*frame, Vector(0.0f, 0.4f), look, Vector(1.0f, 0.0f));
-        label.emplace("label", &*frame, Vector(0.0f, 0.5f), look, "A label of some 50% of words");
-        list.emplace("list", &*tabs, Vector(0.0f, 1.0f), look);
-        box.emplace("box", &*tabs, Vector(0.8f, 0.0f), look, 10, 3);
-        list->AddText("An item that is long enough");
-        list->AddText("Another item that is as long");
-        for (GLWidget* widget : {static_cast<GLWidget*>(&*button), static_cast<GLWidget*>(&*check),
-                                 static_cast<GLWidget*>(&*option), static_cast<GLWidget*>(&*slider),
-                                 static_cast<GLWidget*>(&*label)})
-            frame->AddChild(widget);
-        tabs->AddToTab(0, &*frame);
-        tabs->AddToTab(1, &*list);
-        tabs->AddToTab(1, &*box);
-        window->AddChild(&*tabs);
-        window->Solidify();
-        GLWidget::widgets = {&*window};
+/// A toolkit with every kind of widget, the call trace on.
+class AllocationTest : public WidgetTest {
+protected:
+    AllocationTest() {
+        std::istringstream layout(kLayout);
+        testing::internal::CaptureStderr();
+        GLWidget::StartGUI(layout, "test.gui");
+        testing::internal::GetCapturedStderr();
+        trace::Start();
+    }
+    ~AllocationTest() override {
+        trace::tracing = false;
+        trace::Frames().clear();
     }
 
-    std::optional<GLWindow> window;
-    std::optional<TabWindow> tabs;
-    std::optional<Frame> frame;
-    std::optional<Button> button;
-    std::optional<Checkbox> check;
-    std::optional<Optionbox> option;
-    std::optional<Slider> slider;
-    std::optional<Label> label;
-    std::optional<Combobox> list;
-    std::optional<Textbox> box;
+    /// One frame with the mouse at a place that wanders over the whole screen.
+    static void Frame(int number) {
+        const int step = number * 37;
+        GLWidget::MouseMoveWidgets(
+            Vector(static_cast<float>(step % 800), static_cast<float>(step % 600)));
+        GLWidget::MouseClickWidgets(number % 3 == 0, number % 5 == 0, false);
+        GLWidget::UpdateWidgets(16);
+    }
+
+    TempDirectory directory;
 };
 
-/// One frame's events: the mouse sweeps over the screen and its button goes up and down.
-void SendEvents(int frame, const KeyFlags& keys) {
-    GLWidget::TextKeyPressWidgets(keys);
-    const float sweep = static_cast<float>(frame);
-    GLWidget::MouseMoveWidgets(
-        Vector(std::fmod(sweep * 37.0f, 800.0f), std::fmod(sweep * 53.0f, 600.0f)));
-    GLWidget::MouseClickWidgets(frame % 3 == 0, false, false);
-    GLWidget::UpdateWidgets(16);
+TEST_F(AllocationTest, HundredFramesOfDispatchAndUpdateAllocateNothing) {
+    const std::size_t before = AllocationCount();
+    for (int number = 0; number < 100; ++number)
+        Frame(number);
+    EXPECT_EQ(AllocationCount() - before, 0u);
 }
 
-class AllocationTest : public WidgetTest {};
-
-TEST_F(AllocationTest, EventsAndUpdatesAllocateNothing) {
-    const EverySort every(theme);
-    const KeyFlags noKeys{};
-    SendEvents(0, noKeys);
+TEST_F(AllocationTest, AskingTheWidgetsAllocatesNothing) {
     const std::size_t before = AllocationCount();
-    ASSERT_GT(before, 0u);
-    for (int frame = 0; frame < 1000; ++frame)
-        SendEvents(frame, noKeys);
-    EXPECT_EQ(AllocationCount(), before);
+    for (int number = 0; number < 100; ++number) {
+        GLWidget::GetByTag("button")->BeenClicked();
+        GLWidget::GetByTag("slide")->GetLevel();
+        GLWidget::GetByTag("combo")->BeenChanged();
+        GLWidget::GetByTag("combo")->GetCurrentText();
+    }
+    EXPECT_EQ(AllocationCount() - before, 0u);
 }
 
-TEST_F(AllocationTest, EditedTextBoxAllocatesNothingWhileNoKeyIsStruck) {
-    EverySort every(theme);
-    every.box->Focus();
-    KeyFlags keys{};
-    for (int letter = 'a'; letter <= 'z'; ++letter)
-        keys[static_cast<std::size_t>(letter)] = true;
-    every.box->TextKeyPress(keys);
-    keys.fill(false);
-    every.box->TextKeyPress(keys);
+TEST_F(AllocationTest, SettingTheSameTextAllocatesNothing) {
+    GLWidget* const label = GLWidget::GetByTag("label");
+    label->SetText("the same text over and over: 100%%");
     const std::size_t before = AllocationCount();
-    ASSERT_GT(before, 0u);
-    for (int frame = 0; frame < 100; ++frame)
-        every.box->TextKeyPress(keys);
-    EXPECT_EQ(AllocationCount(), before);
-    EXPECT_EQ(every.box->GetText().substr(0, 26), "abcdefghijklmnopqrstuvwxyz");
+    for (int number = 0; number < 100; ++number)
+        label->SetText("the same text over and over: 100%%");
+    EXPECT_EQ(AllocationCount() - before, 0u);
 }
 
-class DrawnAllocationTest : public DrawnWidgetTest {};
-
-TEST_F(DrawnAllocationTest, DrawingAllocatesNothing) {
-    LoadFont();
-    EverySort every(theme);
-    every.box->Focus();
-    const auto drawBothTabs = [&] {
-        for (const char* tag : {"__tabstab0First", "__tabstab1Second"}) {
-            GLWidget* const button = GLWidget::GetByTag(tag);
-            button->Focus();
-            every.tabs->MouseClick(true, false, false);
-            every.tabs->MouseClick(false, false, false);
-            GLWidget::RenderWidgets();
-        }
-    };
-    drawBothTabs();
-    glFinish();
+TEST_F(AllocationTest, SettingTextsOfALengthThatWasThereAllocatesNothing) {
+    GLWidget* const label = GLWidget::GetByTag("label");
+    label->SetText("an ever changing text of many letters");
     const std::size_t before = AllocationCount();
-    ASSERT_GT(before, 0u);
-    for (int frame = 0; frame < 10; ++frame)
-        drawBothTabs();
-    EXPECT_EQ(AllocationCount(), before);
+    for (int number = 0; number < 100; ++number) {
+        label->SetText(number % 2 == 0 ? std::string_view("a text that changes with every frame")
+                                       : std::string_view("a text that alters with every frame"));
+    }
+    EXPECT_EQ(AllocationCount() - before, 0u);
 }
 
 }  // namespace
