@@ -49,7 +49,7 @@ void Date::Advance(long seconds) {
     second = current;
 }
 
-void Date::CarryMinute() {
+void Date::CarryMinute() {  // part of the one-second step, hence without a trace frame
     if (minute < kLastMinute) {
         ++minute;
         return;
@@ -104,6 +104,7 @@ std::string Date::TimeText() const {
 }
 
 void Date::DrawRandom() {
+    TraceFrame frame("DrawRandom", "Date");
     // kept: a day 0 and an hour 24 can come out and stay as drawn
     year = DrawRounded(9999, 1);
     month = DrawRounded(11, 1);

@@ -36,6 +36,7 @@ float FoodStock::HungerFactor() const {
 }
 
 void FoodStock::KeepWithin(float capacity) {
+    TraceFrame frame("KeepWithin", "FoodStock");
     if (amount < 0.0f)
         amount = 0.0f;
     if (amount > capacity)

@@ -42,6 +42,7 @@ bool Livestock::OutgrowsHerd(float rate, float seconds) const {
 }
 
 void Livestock::LowerToGrowthLimit(float seconds) {
+    TraceFrame frame("LowerToGrowthLimit", "Livestock");
     while (OutgrowsHerd(production, seconds)) {
         const float lowered = production - kProductionStep;
         if (!(lowered < production))

@@ -62,6 +62,10 @@ void CapitaliseWords(std::string& name) {
 
 }  // namespace
 
+NameGenerator::NameGenerator(const std::uint32_t* patternToUse) : pattern(patternToUse) {
+    TraceFrame frame("NameGenerator", "NameGenerator");
+}
+
 std::string NameGenerator::Generate() const {
     TraceFrame frame("Generate", "NameGenerator");
     std::string name;

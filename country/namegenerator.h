@@ -17,7 +17,7 @@ public:
                                                      0x180000, 0x10120, 0};
 
     /// @param patternToUse  not owned; stays alive as long as the generator is used
-    explicit NameGenerator(const std::uint32_t* patternToUse) : pattern(patternToUse) {}
+    explicit NameGenerator(const std::uint32_t* patternToUse);
 
     /// Draws once for every row that a position allows and once more to choose among several.
     std::string Generate() const;
@@ -35,5 +35,5 @@ public:
     }
 
 private:
-    const std::uint32_t* pattern;
+    const std::uint32_t* pattern;  // not owned
 };

@@ -21,6 +21,7 @@ Population::Population(int people) : population(static_cast<float>(people)), mes
 }
 
 float Population::IdleCount() const {
+    TraceFrame frame("IdleCount", "Population");
     float sum = 0.0f;
     for (const float share : shares)
         sum += share;
@@ -178,6 +179,7 @@ void Population::FeelJustice(float seconds) {
 }
 
 void Population::Say(const char* message) const {
+    TraceFrame frame("Say", "Population");
     if (messages != nullptr)
         *messages << message << std::endl;  // flushed per line
 }

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 #include <sstream>
 
+#include "quarn2/trace.h"
 #include "tests/country/draws.h"
 #include "tests/country/plaincountry.h"
 
@@ -76,6 +78,16 @@ TEST(CountryTest, NegativePopulationEndsTheProgram) {
 TEST(CountryTest, NegativeSecondsEndTheProgram) {
     EXPECT_EXIT(Country("Merovinska", 1).Process(-1.0f), testing::ExitedWithCode(0),
                 "Assert failed on country:[0-9]+ - \"seconds >= 0.0f\"");
+}
+
+TEST(CountryTest, ReportOfAFailureNamesTheCallsOfTheTick) {
+    EXPECT_EXIT(
+        {
+            trace::Start();
+            Country country("Merovinska", 1);
+            country.Process(std::nanf(""));
+        },
+        testing::ExitedWithCode(0), "seconds >= 0.0f\"\n#1: Country::Process\n");
 }
 
 TEST(CountryTest, WeeksIncomeLessTheArmysUpkeepGoesToTheTreasury) {
