@@ -32,7 +32,7 @@ void StartToolkit() {
     started = true;
     trace::Start();
     const TempDirectory folder;
-    GLWidget::readViewport = [](std::int32_t (&viewport)[4]) {
+    GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
         viewport[0] = viewport[1] = 0;
         viewport[2] = 800;
         viewport[3] = 600;
@@ -94,7 +94,7 @@ void BM_WordWrap(benchmark::State& state) {
         WrapWords(theme, text, 0.5f, wrapped);
         benchmark::DoNotOptimize(wrapped.data());
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 BENCHMARK(BM_WordWrap);
 
@@ -121,7 +121,7 @@ void BM_WordWrapByMeasuringAnew(benchmark::State& state) {
         }
         benchmark::DoNotOptimize(wrapped.data());
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 BENCHMARK(BM_WordWrapByMeasuringAnew);
 
