@@ -41,13 +41,14 @@ constexpr float kFarthest = 1000.0f;
 std::int32_t Limited(const std::string& box, const char* what, std::int32_t wanted,
                      std::int32_t most) {
     const std::int32_t allowed = std::clamp(wanted, 0, most);
-    if (allowed != wanted)
+    if (allowed != wanted) {
         std::cerr << "textbox " << box << " has " << allowed << ' ' << what << ", not " << wanted
                   << '\n';
+    }
     return allowed;
 }
 
-/// Shows what lies in a box around the model-view origin's upper right, and nothing else.
+/// Lets nothing show but what lies in a box whose lower left corner is the model-view origin.
 class ClipScope {
 public:
     ClipScope(float width, float height) {
