@@ -142,14 +142,12 @@ struct PlainCountry {
             grain = std::min(std::max(grain, 0.0f), 20000000.0f);
 
             const float gap = std::fabs(crime - justice);
-            if (gap <= 0.05f)
+            if (gap <= 0.05f) {
                 crime = F(crime + (U() * 0.0039999997f - 0.005f) * s / W);
-            else if (gap <= 0.1f)
-                ;
-            else if (crime > justice)
-                crime = F(crime + (U() * 0.023f - 0.01f) * s / W);
-            else
-                crime = F(crime + (U() * 0.023f - 0.013f) * s / W);
+            } else if (gap > 0.1f) {
+                const float lowest = crime > justice ? -0.01f : -0.013f;
+                crime = F(crime + (U() * 0.023f + lowest) * s / W);
+            }
             crime = std::min(std::max(crime, 0.0f), 1.0f);
         }
 
