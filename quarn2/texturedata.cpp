@@ -21,6 +21,14 @@ bool TextureData::SizeFits(const std::string& path, std::int64_t width, std::int
     return false;
 }
 
+bool TextureData::CanHold(int width, int height) {
+    if (width >= 0 && height >= 0 && std::int64_t{width} * height <= kMaxPixels)
+        return true;
+    std::cerr << "An image of " << width << " x " << height
+              << " pixels cannot be held; it may have up to " << kMaxPixels << " pixels\n";
+    return false;
+}
+
 bool TextureData::Load(const std::string& path) {
     TraceFrame frame("Load", "TextureData");
     // "tga" first: in a folder whose name holds it, every file is one.
@@ -34,12 +42,9 @@ bool TextureData::Load(const std::string& path) {
 
 bool TextureData::Load(int newWidth, int newHeight, bool alpha, const std::uint8_t* bytes) {
     TraceFrame frame("Load", "TextureData");
-    const std::int64_t pixels = std::int64_t{newWidth} * newHeight;
-    if (newWidth < 0 || newHeight < 0 || pixels > kMaxPixels) {
-        std::cerr << "An image of " << newWidth << " x " << newHeight
-                  << " pixels cannot be held; it may have up to " << kMaxPixels << " pixels\n";
+    if (!CanHold(newWidth, newHeight))
         return false;
-    }
+    const std::int64_t pixels = std::int64_t{newWidth} * newHeight;
     std::shared_ptr<float[]> loaded = NewPixels(newWidth, newHeight);
     float* out = loaded.get();
     for (std::int64_t pixel = 0; pixel < pixels; ++pixel) {

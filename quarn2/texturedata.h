@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -33,8 +34,9 @@ public:
     /// @return false for a size that is negative or above kMaxPixels
     bool Load(int newWidth, int newHeight, bool alpha, const std::uint8_t* bytes);
 
-    // The procedural operations; each returns true. Perlin, Blur and Blend see the array as
-    // `width` rows of `height` pixels; Translate as `height` rows of `width`, like the loaders.
+    // The procedural operations; each returns true, Blank unless it is given a size that Load
+    // refuses. Perlin, Blur and Blend see the array as `width` rows of `height` pixels;
+    // Translate as `height` rows of `width`, like the loaders.
 
     /// Replaces the image by opaque black pixels.
     bool Blank(int newWidth, int newHeight);
@@ -67,6 +69,12 @@ private:
     /// If not, one line on standard error names the file and the limit.
     [[nodiscard]] static bool SizeFits(const std::string& path, std::int64_t width,
                                        std::int64_t height);
+    /// Whether an image of that size may be made: it is not negative and not above kMaxPixels.
+    /// If not, one line on standard error tells the limit.
+    [[nodiscard]] static bool CanHold(int width, int height);
+    std::size_t PixelCount() const {
+        return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    }
     /// An uninitialised array for an image of that size.
     static std::shared_ptr<float[]> NewPixels(std::int64_t width, std::int64_t height);
 
