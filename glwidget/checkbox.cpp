@@ -17,11 +17,12 @@ Checkbox::Checkbox(const std::string& boxName, GLWidget* boxParent, const Vector
     : GLWidget(boxName, boxParent, corner, boxTheme) {
     TraceFrame frame("Checkbox", "Checkbox");
     text = caption;
-    if (text.empty())
+    if (text.empty()) {
         size = Vector(theme->boxSize, theme->boxSize);
-    else
+    } else {
         size = Vector(MeasureText(*theme, text + " ") + theme->boxSize + theme->fontSize.x,
                       std::max(theme->boxSize, 2.0f * theme->fontSize.y));
+    }
 }
 
 bool Checkbox::Pressed(bool left, bool middle, bool right) {

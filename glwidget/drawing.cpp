@@ -48,17 +48,19 @@ void EnableBlending() {
 }
 
 void SetTexturing(bool on) {
-    if (on)
+    if (on) {
         glEnable(GL_TEXTURE_2D);
-    else
+    } else {
         glDisable(GL_TEXTURE_2D);
+    }
 }
 
 void SetDepthTest(bool on) {
-    if (on)
+    if (on) {
         glEnable(GL_DEPTH_TEST);
-    else
+    } else {
         glDisable(GL_DEPTH_TEST);
+    }
 }
 
 void Translate(float x, float y) {

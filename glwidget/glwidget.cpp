@@ -131,12 +131,13 @@ bool GLWidget::Update(int milliseconds) {
     age = static_cast<std::int32_t>(static_cast<std::uint32_t>(age)
                                     + static_cast<std::uint32_t>(milliseconds));
     const float step = static_cast<float>(milliseconds) * fadeRate;
-    if (!theme->fade)
+    if (!theme->fade) {
         highlight = 1.0f;
-    else if (focus)
+    } else if (focus) {
         highlight = highlight < 1.0f ? highlight + step : 1.0f;
-    else
+    } else {
         highlight = highlight > kFaded ? highlight - step : 0.0f;
+    }
     flash = flash > kFaded ? flash - step : 0.0f;
     for (GLWidget* child : children)
         child->Update(milliseconds);
@@ -354,5 +355,7 @@ void GLWidget::Forget(const GLWidget* gone) {
 }
 
 float GLWidget::HalfWidth() {
+    if (viewport[3] == 0)  // nothing has read it yet
+        return guiScale;
     return static_cast<float>(viewport[2]) / static_cast<float>(viewport[3]) * guiScale;
 }

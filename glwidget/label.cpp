@@ -31,10 +31,11 @@ void Label::SetText(std::string_view newText) {
         return;
     given = newText;
     givenKnown = true;
-    if (given.find("%%") == std::string::npos)
+    if (given.find("%%") == std::string::npos) {
         text = given;
-    else
+    } else {
         text = str_replace("%%", "%", given);
+    }
     wrappedKnown = false;
 }
 

@@ -37,10 +37,11 @@ std::string ReplaceEscapes(const std::string& text) {
 void RegisterDefaultTheme() {
     Theme* const theme = GLWidget::NewTheme(kDefaultTheme);
     std::ifstream file(kDefaultThemeFile);
-    if (file)
+    if (file) {
         Theme::Read(*theme, file, kDefaultThemeFile);
-    else
+    } else {
         Theme::BuiltIn(*theme);
+    }
     if (GLWidget::currentTheme == nullptr)
         GLWidget::currentTheme = theme;
 }
@@ -167,10 +168,11 @@ void Layout::Create(std::optional<int> tab) {
     const Attachment attachment{widget, place.parent, tab};
     if (!Fits(attachment))
         return;
-    if (row->deferred)
+    if (row->deferred) {
         deferred.push_back(attachment);
-    else
+    } else {
         Attach(attachment);
+    }
 }
 
 bool Layout::Fits(const Attachment& attachment) const {
@@ -192,10 +194,11 @@ bool Layout::Fits(const Attachment& attachment) const {
 }
 
 void Layout::Attach(const Attachment& attachment) {
-    if (attachment.tab)
+    if (attachment.tab) {
         attachment.parent->AddToTab(*attachment.tab, attachment.child);
-    else
+    } else {
         attachment.parent->AddChild(attachment.child);
+    }
 }
 
 void Layout::NameTab() {
@@ -204,10 +207,11 @@ void Layout::NameTab() {
     reader.Read(index);
     if (widget == nullptr)
         return;
-    if (IsTabWindow(*widget))
+    if (IsTabWindow(*widget)) {
         widget->AddTab(index, reader.Rest());
-    else
+    } else {
         Report("'" + widget->GetName() + "' is a " + widget->GetType() + " and has no tabs");
+    }
 }
 
 void Layout::AddItem() {
@@ -234,6 +238,12 @@ void Layout::CentreWidget(bool inX, bool inY) {
     }
     const Vector box = widget->Getbbox();
     *widget += Vector(inX ? -(box.z - box.x) / 2.0f : 0.0f, inY ? -(box.w - box.y) / 2.0f : 0.0f);
+}
+
+template <typename T>
+void Layout::ReadPair(const Place& place, T& first, T& second) {
+    if (!reader.Read(first) || !reader.Read(second))
+        Report("the size of '" + place.tag + "' is not two numbers, what is missing is taken as 0");
 }
 
 GLWidget* Layout::MakeWindow(const Place& place) {
@@ -282,9 +292,10 @@ GLWidget* Layout::MakeCombobox(const Place& place) {
 GLWidget* Layout::MakeButton(const Place& place) {
     std::string caption;
     static_cast<void>(reader.Word(caption));
-    if (caption == kImageButton)
+    if (caption == kImageButton) {
         return new Button(place.tag, place.parent, place.position, GLWidget::currentTheme,
                           ReadSize(place));
+    }
     return new Button(place.tag, place.parent, place.position, GLWidget::currentTheme, caption);
 }
 
@@ -296,8 +307,7 @@ GLWidget* Layout::MakeSlider(const Place& place) {
 GLWidget* Layout::MakeTextbox(const Place& place) {
     int columns = 0;
     int rows = 0;
-    reader.Read(columns);
-    reader.Read(rows);
+    ReadPair(place, columns, rows);
     return new Textbox(place.tag, place.parent, place.position, GLWidget::currentTheme, columns,
                        rows);
 }
@@ -323,8 +333,7 @@ bool Layout::IsOwn(std::string_view tag) const {
 
 Vector Layout::ReadSize(const Place& place) {
     Vector size;
-    reader.Read(size.x);
-    reader.Read(size.y);
+    ReadPair(place, size.x, size.y);
     if (size.x < 0.0f || size.y < 0.0f)
         Report("'" + place.tag + "' has a negative size, which is taken as 0");
     return {std::max(size.x, 0.0f), std::max(size.y, 0.0f)};

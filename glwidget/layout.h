@@ -83,6 +83,9 @@ private:
     /// tag that is not the layout's.
     GLWidget* NamedWidget();
     bool IsOwn(std::string_view tag) const;
+    /// Reads two numbers; a line says whose are missing.
+    template <typename T>
+    void ReadPair(const Place& place, T& first, T& second);
     Vector ReadSize(const Place& place);
     void Report(const std::string& what) const;
 

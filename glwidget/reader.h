@@ -15,12 +15,14 @@ public:
     /// @return false at the end of the file
     [[nodiscard]] bool Word(std::string& word);
 
-    /// A number, or a flag written as 0 or 1.
+    /// A number, or a flag written as 0 or 1. @return whether it was one
     template <typename T>
-    void Read(T& value) {
+    bool Read(T& value) {
         T read{};
-        if (stream >> read)
-            value = read;
+        if (!(stream >> read))
+            return false;
+        value = read;
+        return true;
     }
     /// Three numbers; the fourth component stays.
     void ReadThree(Vector& value);

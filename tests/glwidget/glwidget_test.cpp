@@ -1,5 +1,6 @@
 #include "glwidget/glwidget.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "glwidget/optionbox.h"
@@ -618,8 +619,8 @@ TEST_F(RenderWidgetsTest, WidgetsFindTexturingAndDepthTestOnAndTheRestOff) {
     EXPECT_EQ(glIsEnabled(GL_DEPTH_TEST), GL_FALSE);
 }
 
-TEST_F(RenderWidgetsTest, WithoutWidgetsTheProjectionIsSetAndRestored) {
-    GLWidget::readViewport(GLWidget::viewport);
+TEST_F(RenderWidgetsTest, WithoutAnyWidgetYetTheProjectionIsSetAndRestored) {
+    std::fill(std::begin(GLWidget::viewport), std::end(GLWidget::viewport), 0);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     glTranslatef(0.5f, 0.0f, 0.0f);

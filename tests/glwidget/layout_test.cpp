@@ -448,10 +448,14 @@ TEST_F(LayoutTest, NegativeSizesAreReportedAndTakenAsZero) {
     EXPECT_THAT(Build("CADD Slide x NULL 0 0 0 -0.5\n"), HasSubstr(line));
 }
 
-TEST_F(LayoutTest, SizesThatAreNotNumbersAreZero) {
-    Build("CADD Butt x NULL nan inf TEX nan 1\nCADD Slide y NULL 0 0 1e999 nan\n");
-    ExpectBox("x", 0.0f, 0.0f, 0.04f, 0.075f);
-    EXPECT_FLOAT_EQ(Find("y")->Getbbox().y, -0.05f);
+TEST_F(LayoutTest, SizesThatAreNotNumbersAreReportedAndTakenAsZero) {
+    const std::string line =
+        "test.gui: the size of 'x' is not two numbers, what is missing is taken as 0\n";
+    EXPECT_THAT(Build("CADD Butt x NULL 0 0 TEX 0.5 nan\n"), EndsWith(line));
+    ExpectBox("x", 0.0f, 0.0f, 0.5f, 0.0f);
+    EXPECT_THAT(Build("CADD Slide x NULL 0 0 1e999 nan\n"), EndsWith(line));
+    EXPECT_FLOAT_EQ(Find("x")->Getbbox().y, -0.05f);
+    EXPECT_THAT(Build("CADD Text x NULL 0 0 nan\n"), HasSubstr(line));
 }
 
 TEST_F(LayoutTest, TextBoxOfAbsurdSizeIsReportedAndBounded) {
