@@ -1,6 +1,8 @@
-# What ./play and ./check share. Sourced by scripts that stand in the root of the tree and
-# have set -euo pipefail.
+# What ./play, ./check and the scripts beside this one share. To be sourced under
+# set -euo pipefail; what reads the tree expects to stand in its root.
 # shellcheck shell=bash
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 die() {
     printf '%s: %s\n' "$(basename "$0")" "$1" >&2
@@ -60,8 +62,8 @@ own_sources() {
 # started at the same time never meet and nothing has to wait. -noreset keeps it alive
 # between the programs that use it.
 start_display() {
-    local server_output number log=build/display.log
-    mkdir -p build
+    local server_output number log=$root/build/display.log
+    mkdir -p "$root/build"
     exec {server_output}< <(exec Xvfb -displayfd 1 -screen 0 "$1" -noreset -nolisten tcp 2>"$log")
     display_pid=$!
     trap end_display EXIT

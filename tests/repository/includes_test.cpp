@@ -78,8 +78,7 @@ Tree ReadTree(const fs::path& root) {
     return tree;
 }
 
-/// The engine's three libraries, as its build file lists them. A header without a source of the
-/// same name belongs to the topmost.
+/// The engine's three libraries, as its build file lists them.
 EngineParts ReadEngineParts(const std::string& buildFile) {
     static const std::regex library(R"(merovinska_library\(\s*(quarn2\w*)([^)]*)\))");
     static const std::regex source(R"((\w+)\.cpp)");
@@ -93,24 +92,35 @@ EngineParts ReadEngineParts(const std::string& buildFile) {
     return parts;
 }
 
-std::string FloorOf(const std::string& path, const EngineParts& parts) {
-    const std::string folder = path.substr(0, path.find('/'));
-    if (folder != "quarn2")
-        return folder;
-    const auto part = parts.find(fs::path(path).stem().string());
-    return part == parts.end() ? "quarn2" : part->second;
-}
-
 bool Draws(const std::string& header) {
     static const std::regex window(R"(SDL.*|GL/.*|ft2build\.h|freetype.*)");
     return std::regex_match(header, window);
+}
+
+/// A header of the engine that has no source stands as low as what it includes lets it.
+std::string FloorOf(const std::string& path, const Tree& tree, const EngineParts& parts) {
+    const std::string folder = path.substr(0, path.find('/'));
+    if (folder != "quarn2")
+        return folder;
+    if (const auto part = parts.find(fs::path(path).stem().string()); part != parts.end())
+        return part->second;
+    std::string floor = "quarn2_base";
+    for (const std::string& include : tree.at(path)) {
+        const bool ours = tree.contains(include);
+        const std::string below = ours ? FloorOf(include, tree, parts) : "quarn2_base";
+        if (Draws(include) || below == "quarn2")
+            return "quarn2";
+        if (below == "quarn2_image")
+            floor = below;
+    }
+    return floor;
 }
 
 /// One line per include that a file may not have.
 std::vector<std::string> UpwardIncludes(const Tree& tree, const EngineParts& parts) {
     std::vector<std::string> problems;
     for (const auto& [path, includes] : tree) {
-        const std::string floorName = FloorOf(path, parts);
+        const std::string floorName = FloorOf(path, tree, parts);
         if (kOutside.contains(floorName))
             continue;
         const auto floor = std::find_if(kFloors.begin(), kFloors.end(),
@@ -122,7 +132,7 @@ std::vector<std::string> UpwardIncludes(const Tree& tree, const EngineParts& par
         for (const std::string& include : includes) {
             const std::string problem = path + " includes " + include;
             if (tree.contains(include)) {
-                const std::string below = FloorOf(include, parts);
+                const std::string below = FloorOf(include, tree, parts);
                 const auto& allowed = floor->mayInclude;
                 if (below != floorName
                     && std::find(allowed.begin(), allowed.end(), below) == allowed.end())
@@ -189,7 +199,8 @@ private:
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const EngineParts kParts = {{"trace", "quarn2_base"}, {"vector", "quarn2_image"}};
+const EngineParts kParts = {
+    {"trace", "quarn2_base"}, {"vector", "quarn2_image"}, {"kernel", "quarn2"}};
 
 TEST(IncludeRules, TheTreeHasNoIncludeThatRunsUpwards) {
     const Tree tree = ReadTree(".");
@@ -235,6 +246,17 @@ TEST(IncludeRules, TheBaseMayNotIncludeTheRestOfTheEngine) {
     EXPECT_THAT(UpwardIncludes(tree, kParts),
                 ElementsAre("quarn2/trace.cpp includes quarn2/vector.h",
                             "quarn2/vector.h includes quarn2/kernel.h"));
+}
+
+TEST(IncludeRules, AnEngineHeaderWithoutASourceStandsOnWhatItIncludes) {
+    const Tree tree = {
+        {"quarn2/vector.cpp", {"quarn2/bytes.h", "quarn2/pixels.h", "quarn2/list.h"}},
+        {"quarn2/bytes.h", {"cstdint"}},
+        {"quarn2/pixels.h", {"quarn2/vector.h"}},
+        {"quarn2/vector.h", {}},
+        {"quarn2/list.h", {"GL/gl.h"}}};
+    EXPECT_THAT(UpwardIncludes(tree, kParts),
+                ElementsAre("quarn2/vector.cpp includes quarn2/list.h"));
 }
 
 TEST(IncludeRules, TheCountryKnowsNoWidgetAndNoWindow) {
