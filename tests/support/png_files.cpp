@@ -3,6 +3,7 @@
 #include <png.h>
 #include <zlib.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <random>
 
@@ -115,6 +116,21 @@ Bytes PngFile(const PngHeader& header, std::span<const std::uint8_t> imageData) 
 Bytes PngFile(const Pixels& pixels, const std::function<std::uint8_t(std::uint32_t)>& filter) {
     return PngFile({.width = pixels.width, .height = pixels.height},
                    ZlibStream(FilterRows(pixels, filter)));
+}
+
+Bytes ImageDataOf(std::span<const std::uint8_t> file) {
+    Bytes data;
+    for (std::size_t position = 8; position + 12 <= file.size();) {
+        std::size_t length = 0;
+        for (std::size_t i = 0; i < 4; ++i)
+            length = length << 8 | file[position + i];
+        const auto type = file.subspan(position + 4, 4);
+        const auto content = file.subspan(position + 8, length);
+        if (std::equal(type.begin(), type.end(), "IDAT"))
+            data.insert(data.end(), content.begin(), content.end());
+        position += 12 + length;
+    }
+    return data;
 }
 
 Bytes EncodeWithLibpng(const Pixels& pixels) {

@@ -49,6 +49,9 @@ struct PngHeader {
 Bytes PngFile(const PngHeader& header, std::span<const std::uint8_t> imageData);
 Bytes PngFile(const Pixels& pixels, const std::function<std::uint8_t(std::uint32_t)>& filter);
 
+/// The image data of all chunks of a well-formed file.
+Bytes ImageDataOf(std::span<const std::uint8_t> file);
+
 /// Written and read by libpng. Reading a file that libpng refuses gives no pixels.
 Bytes EncodeWithLibpng(const Pixels& pixels);
 Pixels DecodeWithLibpng(std::span<const std::uint8_t> file);
