@@ -12,6 +12,9 @@ if(MEROVINSKA_SANITIZE)
   target_compile_options(merovinska_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(merovinska_options INTERFACE -fsanitize=address,undefined)
+  set(program "$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>")
+  target_sources(merovinska_options INTERFACE
+    $<${program}:${PROJECT_SOURCE_DIR}/tests/support/keep_libraries.cpp>)
 endif()
 if(MEROVINSKA_COVERAGE)
   target_compile_options(merovinska_options INTERFACE --coverage -fprofile-abs-path)

@@ -31,17 +31,10 @@ public:
     /// Number of objects that await collection.
     static std::size_t RegisteredCount();
 
-protected:
+private:
     template <typename T>
     friend class Pointer;
 
-    /// Release() without so much as looking at the object once the final sweep has begun.
-    static void ReleaseUnlessShutDown(MMObject* object) {
-        if (!shutdown)
-            object->Release();
-    }
-
-private:
     static bool shutdown;
 
     std::int32_t refcount = 0;
@@ -61,17 +54,17 @@ public:
     }
     ~Pointer() {
         TraceFrame frame("~Pointer", "~Pointer");
-        if (obj != nullptr)
-            MMObject::ReleaseUnlessShutDown(obj);
+        if (IsCounting())
+            obj->Release();
     }
 
     Pointer& operator=(T* object) {
         TraceFrame frame("operator=", "Pointer");
         // The old target is released first; self-assignment is harmless as that never frees.
-        if (obj != nullptr)
-            MMObject::ReleaseUnlessShutDown(obj);
+        if (IsCounting())
+            obj->Release();
         obj = object;
-        if (obj != nullptr)
+        if (IsCounting())
             obj->AddRef();
         return *this;
     }
@@ -97,5 +90,8 @@ public:
     }
 
 private:
+    /// False once the final sweep has begun, which frees objects that Pointers still refer to.
+    bool IsCounting() const { return obj != nullptr && !MMObject::shutdown; }
+
     T* obj;
 };

@@ -2,6 +2,7 @@
 
 #include <SDL.h>
 
+#include <cstring>
 #include <iostream>
 
 #include "quarn2/queuepass.h"
@@ -14,6 +15,15 @@ constexpr std::uint32_t kPriority = 500;
 constexpr std::int32_t kRepeatDelayMs = 700;
 constexpr std::int32_t kRepeatIntervalMs = 30;
 constexpr std::uint16_t kHoldingPoint = 200;  // pixels, in both directions
+
+/// The key's symbol as a number: not every number that an input driver sends need be a value of
+/// the library's enumeration.
+std::size_t SymbolOf(const SDL_keysym& key) {
+    std::uint32_t symbol = 0;
+    static_assert(sizeof symbol == sizeof key.sym);
+    std::memcpy(&symbol, &key.sym, sizeof symbol);
+    return symbol;
+}
 
 /// Counters wrap rather than overflow, however long the machine slept between two updates.
 void Add(std::int32_t& counter, std::uint32_t milliseconds) {
@@ -93,7 +103,7 @@ bool SDLInput::DrainQueue() {
         case SDL_KEYDOWN:
         case SDL_KEYUP:
             TakeKey(event.key.keysym.unicode, event.type == SDL_KEYDOWN);
-            TakeKey(event.key.keysym.sym, event.type == SDL_KEYDOWN);
+            TakeKey(SymbolOf(event.key.keysym), event.type == SDL_KEYDOWN);
             break;
         case SDL_MOUSEMOTION:
             curx = event.motion.x;

@@ -343,6 +343,8 @@ TEST_F(CloseRequestTest, EventsOfNoInterestSucceed) {
 }
 
 TEST(RenderWithoutKernelTest, FailsTheAssertion) {
+    // A fork would leave the driver's threads behind.
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_EXIT(new GLRender(nullptr), testing::ExitedWithCode(0),
                 testing::Eq("Assert failed on glrender:158 - \"k\"\n"));
 }

@@ -199,7 +199,7 @@ TEST(SignalTest, OtherSignalsKeepTheirDefaultAction) {
     };
     EXPECT_EXIT(end(SIGTERM), testing::KilledBySignal(SIGTERM), testing::Eq(""));
     EXPECT_EXIT(end(SIGUSR1), testing::KilledBySignal(SIGUSR1), testing::Eq(""));
-    EXPECT_EXIT(end(SIGFPE), testing::KilledBySignal(SIGFPE), testing::Eq(""));
+    EXPECT_EXIT(end(SIGPIPE), testing::KilledBySignal(SIGPIPE), testing::Eq(""));
 }
 
 TEST_F(TraceTest, SignalWithoutANamePrintsTheStackAlone) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <vector>
 
 /// The window system's event queue without a window system: it holds what a test puts there.
@@ -38,7 +39,8 @@ public:
         SDL_Event event{};
         event.type = down ? SDL_KEYDOWN : SDL_KEYUP;
         event.key.state = down ? SDL_PRESSED : SDL_RELEASED;
-        event.key.keysym.sym = static_cast<SDLKey>(symbol);
+        // Also numbers that are not in the enumeration.
+        std::memcpy(&event.key.keysym.sym, &symbol, sizeof symbol);
         event.key.keysym.unicode = static_cast<Uint16>(character);
         Push(event);
     }
