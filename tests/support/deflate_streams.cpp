@@ -36,7 +36,7 @@ public:
 
     unsigned Bit() {
         Demand(position / 8 < bytes.size());
-        const unsigned bit = bytes[position / 8] >> position % 8 & 1U;
+        const unsigned bit = unsigned{bytes[position / 8]} >> position % 8 & 1U;
         ++position;
         return bit;
     }
