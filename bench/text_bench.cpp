@@ -39,9 +39,11 @@ template <typename Draw>
 void DrawFrame(Draw draw) {
     glClear(GL_COLOR_BUFFER_BIT);
     for (int label = 0; label < kLabels; ++label) {
+        const int column = label % 2;
+        const int row = label / 2;
         glPushMatrix();
-        glTranslatef(-1.7f + static_cast<float>(label % 2) * 1.6f,
-                     1.2f - static_cast<float>(label / 2) * 0.13f, 0.0f);
+        glTranslatef(-1.7f + static_cast<float>(column) * 1.6f,
+                     1.2f - static_cast<float>(row) * 0.13f, 0.0f);
         draw();
         glPopMatrix();
     }

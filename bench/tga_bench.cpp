@@ -25,7 +25,7 @@ std::string WriteSample(int run) {
     }
     TextureData image;
     image.Load(kSide, kSide, true, bytes.data());
-    const std::string path =
+    std::string path =
         (std::filesystem::temp_directory_path() / ("bench_" + std::to_string(run) + ".tga"))
             .string();
     if (!WriteTGA(image, path))

@@ -27,7 +27,7 @@
 
 namespace {
 
-constexpr FT_F26Dot6 kCharacterSize = 64 * 64;  // 64 points
+constexpr FT_F26Dot6 kCharacterSize = 4096;  // 64 points, in 64ths
 constexpr FT_UInt kDotsPerInch = 96;
 constexpr float kPixelsPerUnit = 64.0f;
 constexpr std::int32_t kGlyphFlags = 38;  // clamped both ways, mipmapped

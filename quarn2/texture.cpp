@@ -126,12 +126,13 @@ bool Texture::Load(const TextureData& data, const TextureDetails& details) {
     glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);  // rows of any width, without padding
     if ((details.flags & kFloats) != 0) {
-        if (mipmapped)
+        if (mipmapped) {
             gluBuild2DMipmaps(GL_TEXTURE_2D, GL_RGBA, width, height, GL_RGBA, GL_FLOAT,
                               data.GetData());
-        else
+        } else {
             glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, width, height, 0, GL_RGBA, GL_FLOAT,
                          data.GetData());
+        }
     } else if (mipmapped) {
         gluBuild2DMipmaps(GL_TEXTURE_2D, GL_RGBA, width, height, GL_RGBA, GL_UNSIGNED_BYTE,
                           Bytes(data, 1).data());

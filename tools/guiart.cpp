@@ -1,7 +1,9 @@
 // Draws the sheet of small pictures that the widgets use.
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <string>
 
@@ -18,9 +20,7 @@ void PrintRectangles() {
     }
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int ParseAndRun(int argc, char** argv) {
     CLI::App arguments{"Draws the sheet of small pictures that the widgets use."};
     std::string path;
     bool rectangles = false;
@@ -38,4 +38,15 @@ int main(int argc, char** argv) {
     if (!path.empty() && !WriteTGA(DrawGuiSheet(), path))
         return EXIT_FAILURE;
     return EXIT_SUCCESS;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return ParseAndRun(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "guiart: %s\n", error.what());
+        return EXIT_FAILURE;
+    }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <fstream>
 #include <iostream>
@@ -21,7 +22,7 @@ constexpr std::size_t kLongestPacket = 128;
 using Pixel = std::array<std::uint8_t, 4>;  // blue, green, red, alpha
 
 std::uint8_t ByteOf(float value) {
-    return static_cast<std::uint8_t>(std::clamp(value, 0.0f, 1.0f) * 255.0f + 0.5f);
+    return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0f, 1.0f) * 255.0f));
 }
 
 std::uint8_t Low(int value) {

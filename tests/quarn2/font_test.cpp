@@ -128,7 +128,8 @@ TEST_F(FontLengthTest, AFormatOfAnyLengthIsMeasuredWhole) {
     for (const std::size_t length : {100u, 1791u, 1792u, 1793u, 5000u, 100000u}) {
         const std::string text(length, 'a');
         EXPECT_EQ(font.Length(text.c_str(), ""), static_cast<float>(length));
-        const std::string lines = text + "\nb\n" + text + "c";
+        std::string lines = text;
+        lines.append("\nb\n").append(text).append("c");
         EXPECT_EQ(font.Length(lines.c_str(), ""), static_cast<float>(length + 4));
     }
 }
@@ -329,7 +330,8 @@ TEST_F(FontDrawingTest, EveryCodeHasAListInARow) {
 }
 
 TEST_F(FontDrawingTest, AdvancesAreFreeTypesInWholePixels) {
-    for (const int code : {'\0', 'A', 'g', 'i', '%', ' ', '\x7F'})
+    constexpr int kCodes[] = {0, 'A', 'g', 'i', '%', ' ', 127};
+    for (const int code : kCodes)
         EXPECT_EQ(font.Advance(code), Glyph(code).Advance()) << code;
     EXPECT_GT(font.Advance('m'), font.Advance('i'));
     EXPECT_EQ(font.Length("Am"), font.Advance('A') + font.Advance('m'));
@@ -353,7 +355,8 @@ TEST_F(FontDrawingTest, AListMovesThePenByTheAdvance) {
 }
 
 TEST_F(FontDrawingTest, AGlyphIsTheCoverageInEveryChannelOfAPowerOfTwo) {
-    for (const int code : {'A', 'g', '.', '%', '|', '\0'}) {
+    constexpr int kCodes[] = {'A', 'g', '.', '%', '|', 0};
+    for (const int code : kCodes) {
         SCOPED_TRACE(code);
         const Glyph glyph(code);
         glBindTexture(GL_TEXTURE_2D, static_cast<GLuint>(TextureOf(code)));
@@ -365,11 +368,13 @@ TEST_F(FontDrawingTest, AGlyphIsTheCoverageInEveryChannelOfAPowerOfTwo) {
         ASSERT_EQ(static_cast<unsigned>(high), std::bit_ceil(static_cast<unsigned>(glyph.Rows())));
         Bytes image(static_cast<std::size_t>(wide * high) * 4);
         glGetTexImage(GL_TEXTURE_2D, 0, GL_RGBA, GL_UNSIGNED_BYTE, image.data());
-        for (int y = 0; y < high; ++y)
-            for (int x = 0; x < wide; ++x)
-                for (std::size_t channel = 0; channel < 4; ++channel)
-                    ASSERT_EQ(image[static_cast<std::size_t>(y * wide + x) * 4 + channel],
-                              glyph.Coverage(x, y));
+        for (int y = 0; y < high; ++y) {
+            for (int x = 0; x < wide; ++x) {
+                const std::uint8_t coverage = glyph.Coverage(x, y);
+                const auto pixel = image.begin() + static_cast<std::ptrdiff_t>(y * wide + x) * 4;
+                ASSERT_EQ(Bytes(pixel, pixel + 4), Bytes(4, coverage)) << x << ", " << y;
+            }
+        }
     }
 }
 
@@ -390,9 +395,9 @@ TEST_F(FontDrawingTest, GlyphTexturesAreMipmappedAndClamped) {
 }
 
 TEST_F(FontDrawingTest, EveryGlyphHasATextureOfItsOwn) {
-    std::vector<GLint> names;
-    for (int code = 0; code < 128; ++code)
-        names.push_back(TextureOf(code));
+    std::vector<GLint> names(128);
+    for (std::size_t code = 0; code < names.size(); ++code)
+        names[code] = TextureOf(static_cast<int>(code));
     std::sort(names.begin(), names.end());
     EXPECT_EQ(std::unique(names.begin(), names.end()), names.end());
     EXPECT_GT(names.front(), 0);
@@ -497,9 +502,10 @@ TEST_F(FontDrawingTest, TextTakesTheCurrentColourAndLeavesIt) {
     EXPECT_EQ(colour[3], 1.0f);
     const Bytes pixels = window.Pixels();
     std::uint8_t most[3] = {};
-    for (std::size_t i = 0; i < pixels.size(); ++i)
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
         if (i % 4 < 3)
             most[i % 4] = std::max(most[i % 4], pixels[i]);
+    }
     EXPECT_EQ(most[0], 255);
     EXPECT_NEAR(most[1], 128, 1);
     EXPECT_EQ(most[2], 0);

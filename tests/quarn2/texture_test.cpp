@@ -229,10 +229,11 @@ TEST_F(TextureTest, WithoutFlagsItIsMipmappedRepeatingRGBA) {
 }
 
 TEST_F(TextureTest, EveryByteOfAFileReachesOpenGL) {
-    Bytes bytes(256 * 4);
-    for (std::size_t i = 0; i < 256; ++i)
-        for (std::size_t channel = 0; channel < 4; ++channel)
-            bytes[4 * i + channel] = static_cast<std::uint8_t>(i + channel * 50);
+    Bytes bytes;
+    for (int i = 0; i < 256; ++i) {
+        for (int channel = 0; channel < 4; ++channel)
+            bytes.push_back(static_cast<std::uint8_t>(i + channel * 50));
+    }
     TextureData data;
     data.Load(256, 1, true, bytes.data());
     Texture texture;

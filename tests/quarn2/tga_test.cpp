@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <array>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <initializer_list>
@@ -81,7 +81,7 @@ protected:
                            * static_cast<std::size_t>(image.GetHeight()) * 4;
         Bytes values;
         for (std::size_t i = 0; i < count; ++i)
-            values.push_back(static_cast<std::uint8_t>(image.GetData()[i] * 255.0f + 0.5f));
+            values.push_back(static_cast<std::uint8_t>(std::lround(image.GetData()[i] * 255.0f)));
         return values;
     }
 
@@ -124,10 +124,10 @@ TEST_F(TgaTest, TheLongestPacketsHave128Pixels) {
         file.insert(file.end(), {Low(i), 0, 0});
     ASSERT_TRUE(Load(file));
     const Bytes values = Values();
-    EXPECT_EQ(values[127 * 4], 7);
-    EXPECT_EQ(values[128 * 4], 0);
-    EXPECT_EQ(values[128 * 4 + 2], 0);
-    EXPECT_EQ(values[255 * 4 + 2], 127);
+    EXPECT_EQ(values[508], 7);
+    EXPECT_EQ(values[512], 0);
+    EXPECT_EQ(values[514], 0);
+    EXPECT_EQ(values[1022], 127);
 }
 
 TEST_F(TgaTest, RowsAreNotFlippedWhateverTheOrigin) {

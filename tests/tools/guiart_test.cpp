@@ -46,7 +46,7 @@ Bytes PixelBytes(const TextureData& image) {
                        * static_cast<std::size_t>(image.GetHeight()) * 4;
     Bytes bytes;
     for (std::size_t i = 0; i < count; ++i)
-        bytes.push_back(static_cast<std::uint8_t>(image.GetData()[i] * 255.0f + 0.5f));
+        bytes.push_back(static_cast<std::uint8_t>(std::lround(image.GetData()[i] * 255.0f)));
     return bytes;
 }
 
@@ -147,9 +147,10 @@ protected:
 
 TEST_P(GuiSheetTest, HasAShapeInItsMiddleHalf) {
     float most = 0.0f;
-    for (int y = bottom + (top - bottom) / 4; y < top - (top - bottom) / 4; ++y)
+    for (int y = bottom + (top - bottom) / 4; y < top - (top - bottom) / 4; ++y) {
         for (int x = left + (right - left) / 4; x < right - (right - left) / 4; ++x)
             most = std::max(most, Alpha(x, y));
+    }
     EXPECT_GT(most, 0.4f);
 }
 
@@ -199,18 +200,21 @@ TEST_P(GuiSheetTest, StandsUprightInAQuadWhoseTGrowsUpwards) {
         float low = 0.0f;
         float high = 0.0f;
         const int middle = (bottom + top) / 2;
-        for (int y = bottom; y < top; ++y)
+        for (int y = bottom; y < top; ++y) {
             for (int x = left; x < right; ++x)
                 (y < middle ? low : high) += At(x, y)[0] * Alpha(x, y);
+        }
         EXPECT_GT(high, low);
         return;
     }
     // The tick's lowest point is left of the middle, its highest at the right.
     const auto columnOfRow = [&](int from, int to, int step) {
-        for (int y = from; y != to; y += step)
-            for (int x = left; x < right; ++x)
+        for (int y = from; y != to; y += step) {
+            for (int x = left; x < right; ++x) {
                 if (Alpha(x, y) > 0.5f)
                     return x;
+            }
+        }
         return -1;
     };
     const int middle = (left + right) / 2;
