@@ -70,4 +70,67 @@ inline constexpr std::string_view kFrameRate = "fps";      // optional
 /// The newspaper's window.
 inline constexpr std::string_view kNewspaper = "newspaper";
 
+/// What a widget does for the game, and so what it must be.
+enum class Role { Button, Slider, List, Label, Window };
+
+struct Widget {
+    std::string_view tag;
+    Role role;
+    bool optional = false;  ///< the game does without it
+};
+
+/// All widgets of the game, for those who check a layout.
+inline constexpr Widget kWidgets[] = {
+    {kExit, Role::Button},
+    {kWeek, Role::Button},
+    {kBuy, Role::Button},
+    {kSell, Role::Button},
+    {kPreviousPage, Role::Button},
+    {"farmers--", Role::Button},
+    {"farmers++", Role::Button},
+    {"butchers--", Role::Button},
+    {"butchers++", Role::Button},
+    {"educators--", Role::Button},
+    {"educators++", Role::Button},
+    {"warriors--", Role::Button},
+    {"warriors++", Role::Button},
+    {"doctors--", Role::Button},
+    {"doctors++", Role::Button},
+    {kLivestockRationLess, Role::Button},
+    {kLivestockRationMore, Role::Button},
+    {kGrainRationLess, Role::Button},
+    {kGrainRationMore, Role::Button},
+    {kJustice, Role::Slider, true},
+    {kLivestockRation, Role::Slider},
+    {kGrainRation, Role::Slider},
+    {kStockOrder, Role::Slider},
+    {kGrainOrder, Role::Slider},
+    {kFineOrder, Role::Slider},
+    {"farmers", Role::Slider},
+    {"butchers", Role::Slider},
+    {"educators", Role::Slider},
+    {"warriors", Role::Slider},
+    {"doctors", Role::Slider},
+    {kPartner, Role::List},
+    {"farmerslab", Role::Label},
+    {"butcherslab", Role::Label},
+    {"educatorslab", Role::Label},
+    {"warriorslab", Role::Label},
+    {"doctorslab", Role::Label},
+    {kLivestockRationLabel, Role::Label, true},
+    {kGrainRationLabel, Role::Label, true},
+    {"stockbuylab", Role::Label},
+    {"grainbuylab", Role::Label},
+    {"finebuylab", Role::Label},
+    {kStore, Role::Label},
+    {kPopulation, Role::Label},
+    {kContinent, Role::Label},
+    {kFunds, Role::Label},
+    {kDate, Role::Label},
+    {kPaper, Role::Label},
+    {kFigures, Role::Label, true},
+    {kFrameRate, Role::Label, true},
+    {kNewspaper, Role::Window},
+};
+
 }  // namespace tag

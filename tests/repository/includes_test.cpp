@@ -33,9 +33,13 @@ const std::vector<Floor> kFloors = {
     {"quarn2", {"quarn2_base", "quarn2_image"}, true},
     {"glwidget", {"quarn2_base", "quarn2_image", "quarn2"}, true},
     {"country", {"quarn2_base"}, false},
-    {"app", {"quarn2_base", "quarn2_image", "quarn2", "glwidget", "country"}, true},
-    {"tools", {"quarn2_base", "quarn2_image", "quarn2", "glwidget", "country"}, true},
+    {"app_tags", {"country"}, false},
+    {"app", {"quarn2_base", "quarn2_image", "quarn2", "glwidget", "country", "app_tags"}, true},
+    {"tools", {"quarn2_base", "quarn2_image", "quarn2", "glwidget", "country", "app_tags"}, true},
 };
+
+/// The names of the game's widgets: all of the game that tools may know.
+const std::string kTags = "app/tags.h";
 
 /// Folders that stand outside the house and see all of it.
 const std::set<std::string> kOutside = {"tests", "bench", "fuzz"};
@@ -99,6 +103,8 @@ bool Draws(const std::string& header) {
 
 /// A header of the engine that has no source stands as low as what it includes lets it.
 std::string FloorOf(const std::string& path, const Tree& tree, const EngineParts& parts) {
+    if (path == kTags)
+        return "app_tags";
     const std::string folder = path.substr(0, path.find('/'));
     if (folder != "quarn2")
         return folder;
@@ -280,6 +286,20 @@ TEST(IncludeRules, ToolsDoNotIncludeTheGame) {
                        {"app/app.h", {}},
                        {"country/date.h", {}}};
     EXPECT_THAT(UpwardIncludes(tree, kParts), ElementsAre("tools/guiview.cpp includes app/app.h"));
+}
+
+TEST(IncludeRules, ToolsMayKnowTheTagsOfTheGame) {
+    const Tree tree = {{"tools/guiview.cpp", {"app/tags.h"}}, {"app/tags.h", {}}};
+    EXPECT_THAT(UpwardIncludes(tree, kParts), IsEmpty());
+}
+
+TEST(IncludeRules, TheTagsKnowNothingElseOfTheGame) {
+    const Tree tree = {{"app/tags.h", {"app/app.h", "glwidget/label.h", "country/population.h"}},
+                       {"app/app.h", {}},
+                       {"glwidget/label.h", {}},
+                       {"country/population.h", {}}};
+    EXPECT_THAT(UpwardIncludes(tree, kParts), ElementsAre("app/tags.h includes app/app.h",
+                                                          "app/tags.h includes glwidget/label.h"));
 }
 
 TEST(IncludeRules, TestsMayIncludeEverything) {

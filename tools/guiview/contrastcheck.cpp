@@ -1,0 +1,239 @@
+#include "tools/guiview/contrastcheck.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <numeric>
+
+#include "glwidget/glwindow.h"
+#include "tools/guiview/headless.h"
+#include "tools/guiview/screencheck.h"
+
+namespace guiview {
+
+namespace {
+
+/// The least that is comfortable to read (WCAG 2, success criterion 1.4.3).
+constexpr double kLeastRatio = 4.5;
+
+/// Of the pixels behind a text so many may be worse: grain and specks do not hide letters.
+constexpr double kSpecks = 0.05;
+
+constexpr float kOpaque = 0.999f;
+constexpr const char* kIdle = "";
+constexpr const char* kHighlighted = " under the mouse";
+
+Rgb Times(const Vector& colour, float brightness) {
+    const auto channel = [&](float value) { return std::clamp(value * brightness, 0.0f, 1.0f); };
+    return {channel(colour.x), channel(colour.y), channel(colour.z)};
+}
+
+Rgb MeanOf(const std::vector<Rgb>& colours) {
+    Rgb mean{};
+    for (std::size_t channel = 0; channel < mean.size(); ++channel) {
+        const float sum = std::accumulate(
+            colours.begin(), colours.end(), 0.0f,
+            [&](float before, const Rgb& colour) { return before + colour[channel]; });
+        mean[channel] = sum / static_cast<float>(colours.size());
+    }
+    return mean;
+}
+
+/// What all but the specks of the colours reach.
+double RatioTo(const Rgb& text, const std::vector<Rgb>& behind) {
+    std::vector<double> ratios;
+    for (const Rgb& colour : behind)
+        ratios.push_back(ContrastRatio(text, colour));
+    const auto place =
+        ratios.begin()
+        + static_cast<std::ptrdiff_t>(kSpecks * static_cast<double>(ratios.size() - 1));
+    std::ranges::nth_element(ratios, place);
+    return *place;
+}
+
+/// A picture's columns or rows between two places of the button that shows it.
+struct Span {
+    int first;
+    int last;
+};
+
+Span SpanOf(float from, float to, float begin, float length, int count) {
+    const auto cell = [&](float place) {
+        return static_cast<int>(std::floor((place - begin) / length * static_cast<float>(count)));
+    };
+    return {std::clamp(cell(from), 0, count - 1), std::clamp(cell(to), 0, count - 1)};
+}
+
+}  // namespace
+
+void ContrastCheck::Run() {
+    for (const Node* node : scene.Nodes()) {
+        if (node->declared != nullptr)
+            CheckNode(*node);
+    }
+}
+
+void ContrastCheck::CheckNode(const Node& node) {
+    const Theme& theme = node.widget->GetTheme();
+    const std::string name = "'" + std::string(node.Tag()) + "'";
+    const std::string what = "the text of " + name;
+    const Place where = node.declared->Where();
+    switch (node.declared->GetKind()) {
+    case Kind::Win:
+        CheckTitle(node);
+        break;
+    case Kind::TWin:
+        for (const Node* other : scene.Nodes()) {
+            if (other->parent == &node && other->declared == nullptr)
+                CheckOwnFill(other->widget->GetTheme(), "the row of tabs of " + name, file, where);
+        }
+        break;
+    case Kind::Butt:
+        if (!node.IsImageButton())
+            CheckOwnFill(theme, what, file, where);
+        break;
+    case Kind::Text:
+    case Kind::Combo:  // the row under the mouse is filled as if it were highlighted
+        CheckOwnFill(theme, what, file, where);
+        break;
+    case Kind::Label:
+    case Kind::Check:
+    case Kind::Opt:
+        if (!node.widget->GetText().empty())
+            CheckOnBackground(node);
+        break;
+    case Kind::Frame:
+    case Kind::Slide:
+        break;
+    }
+}
+
+void ContrastCheck::CheckOwnFill(const Theme& theme, const std::string& what,
+                                 const std::string& path, Place where) {
+    // Without fading, a widget is always as bright as under the mouse.
+    if (theme.fade)
+        Compare(theme, {Times(theme.fillColour, theme.dim)}, &theme, what, kIdle, path, where);
+    Compare(theme, {Times(theme.fillColour, theme.bright)}, &theme, what,
+            theme.fade ? kHighlighted : kIdle, path, where);
+}
+
+void ContrastCheck::CheckTitle(const Node& window) {
+    if (window.widget->GetText().empty())
+        return;
+    const std::string what = "the title of '" + std::string(window.Tag()) + "'";
+    for (const auto& [mouse, when] : {std::pair(Mouse::Away, kIdle), {Mouse::Over, kHighlighted}}) {
+        Compare(window.widget->GetTheme(), *ColoursOf(window, window.drawn, mouse),
+                &window.widget->GetTheme(), what, when, file, window.declared->Where());
+    }
+}
+
+void ContrastCheck::CheckOnBackground(const Node& node) {
+    const Node* const background = BackgroundOf(node);
+    if (background == nullptr)
+        return;
+    const Theme& around = background->widget->GetTheme();
+    const void* const identity = background->IsImageButton() ? static_cast<const void*>(background)
+                                                             : static_cast<const void*>(&around);
+    for (const auto& [mouse, when] : {std::pair(Mouse::Away, kIdle), {Mouse::Over, kHighlighted}}) {
+        if (const auto behind = ColoursOf(*background, node.drawn, mouse)) {
+            Compare(node.widget->GetTheme(), *behind, identity, "'" + std::string(node.Tag()) + "'",
+                    when, file, node.declared->Where());
+        }
+    }
+}
+
+void ContrastCheck::Compare(const Theme& text, const Colours& behind, const void* identity,
+                            const std::string& what, const std::string& when,
+                            const std::string& path, Place where) {
+    const double ratio = RatioTo(Times(text.textColour, 1.0f), behind);
+    if (ratio >= kLeastRatio)
+        return;
+    std::array<char, 32> digits;
+    // cut, not rounded: nothing below 4.5 may read as 4.50
+    std::snprintf(digits.data(), digits.size(), "%.2f", std::floor(ratio * 100.0) / 100.0);
+    if (!reported.emplace(&text, identity, digits.data()).second)
+        return;
+    findings.Warn(path, where,
+                  what + " has a contrast of " + digits.data() + ":1" + when
+                      + ", below 4.5:1 (theme '" + ThemeName(text) + "')");
+}
+
+const Node* ContrastCheck::BackgroundOf(const Node& node) const {
+    const auto& nodes = scene.Nodes();
+    for (const Node* inner = &node; inner != nullptr; inner = inner->parent) {
+        if (inner != &node && (inner->IsKind(Kind::Win) || inner->IsKind(Kind::TWin)))
+            return inner;
+        // The last one drawn before it lies on top.
+        for (auto each = std::ranges::find(nodes, inner); each != nodes.begin();) {
+            --each;
+            if (ScreenCheck::IsBackgroundOf(**each, *inner))
+                return *each;
+        }
+    }
+    return nullptr;
+}
+
+auto ContrastCheck::ColoursOf(const Node& background, const Box& area, Mouse mouse)
+    -> std::optional<Colours> {
+    const Theme& theme = background.widget->GetTheme();
+    if (background.IsImageButton())
+        return PictureColours(background, area, mouse);
+    const auto* const window = dynamic_cast<GLWindow*>(background.widget);
+    const bool answers = window != nullptr && window->IsMovable() && mouse == Mouse::Over;
+    return Colours{Times(theme.fillColour, answers || !theme.fade ? theme.bright : theme.dim)};
+}
+
+auto ContrastCheck::PictureColours(const Node& button, const Box& area, Mouse mouse)
+    -> std::optional<Colours> {
+    const Theme& theme = button.widget->GetTheme();
+    const bool bright = mouse == Mouse::Over || !theme.fade;
+    const Rgb tint = Times(theme.fillColour, bright ? theme.bright : theme.dim);
+    const TextureData* const picture = PictureOf(theme);
+    if (picture == nullptr)
+        return Colours{tint};
+
+    const Box& box = button.drawn;
+    const Span columns = SpanOf(area.left, area.right, box.left, box.Width(), picture->GetWidth());
+    // The array's first row is drawn at the bottom.
+    const Span rows = SpanOf(area.bottom, area.top, box.bottom, box.Height(), picture->GetHeight());
+    std::optional<Rgb> beneath;
+    if (const Node* const below = BackgroundOf(button)) {
+        if (const auto colours = ColoursOf(*below, area, Mouse::Away))
+            beneath = MeanOf(*colours);
+    }
+    Colours seen;
+    for (int row = rows.first; row <= rows.last; ++row) {
+        const float* const line =
+            picture->GetData() + static_cast<std::ptrdiff_t>(row) * picture->GetWidth() * 4;
+        for (int column = columns.first; column <= columns.last; ++column) {
+            const float* const pixel = line + static_cast<std::ptrdiff_t>(column) * 4;
+            const float alpha = pixel[3];
+            if (alpha < kOpaque && !beneath)
+                return std::nullopt;
+            Rgb& colour = seen.emplace_back();
+            for (std::size_t i = 0; i < colour.size(); ++i) {
+                colour[i] = pixel[i] * tint[i];
+                if (alpha < kOpaque)
+                    colour[i] = colour[i] * alpha + (*beneath)[i] * (1.0f - alpha);
+            }
+        }
+    }
+    return seen;
+}
+
+const TextureData* ContrastCheck::PictureOf(const Theme& theme) {
+    if (theme.textureName == kNone)
+        return nullptr;
+    auto found = pictures.find(theme.textureName);
+    if (found == pictures.end()) {
+        found = pictures.emplace(theme.textureName, std::nullopt).first;
+        const ErrorStreamCapture silence;  // a picture that cannot be read was reported
+        TextureData picture;
+        if (picture.Load(theme.textureName))
+            found->second = std::move(picture);
+    }
+    return found->second ? &*found->second : nullptr;
+}
+
+}  // namespace guiview

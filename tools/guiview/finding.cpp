@@ -1,0 +1,63 @@
+#include "tools/guiview/finding.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <tuple>
+#include <utility>
+
+namespace guiview {
+
+namespace {
+
+const char* NameOf(Severity severity) {
+    return severity == Severity::Error ? "error" : "warning";
+}
+
+}  // namespace
+
+void Findings::Error(const std::string& file, Place place, std::string message) {
+    findings.push_back({file, place, Severity::Error, std::move(message)});
+}
+
+void Findings::Warn(const std::string& file, Place place, std::string message) {
+    findings.push_back({file, place, Severity::Warning, std::move(message)});
+}
+
+bool Findings::HasErrors() const {
+    return std::ranges::any_of(
+        findings, [](const Finding& finding) { return finding.severity == Severity::Error; });
+}
+
+void Findings::Sort(const std::string& first) {
+    const auto key = [&](const Finding& finding) {
+        return std::tuple(finding.file != first, std::string_view(finding.file), finding.place.line,
+                          finding.place.column);
+    };
+    std::ranges::stable_sort(findings, {}, key);
+}
+
+std::string Findings::AsText() const {
+    std::string text;
+    for (const Finding& finding : findings) {
+        text += finding.file + ':' + std::to_string(finding.place.line) + ':'
+                + std::to_string(finding.place.column) + ": " + NameOf(finding.severity) + ": "
+                + finding.message + '\n';
+    }
+    return text;
+}
+
+std::string Findings::AsJson() const {
+    using Json = nlohmann::ordered_json;
+    Json list = Json::array();
+    for (const Finding& finding : findings) {
+        list.push_back({{"file", finding.file},
+                        {"line", finding.place.line},
+                        {"column", finding.place.column},
+                        {"severity", NameOf(finding.severity)},
+                        {"message", finding.message}});
+    }
+    // A layout may hold bytes that are no UTF-8; JSON may not.
+    return list.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+}  // namespace guiview

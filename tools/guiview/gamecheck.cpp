@@ -1,0 +1,197 @@
+#include "tools/guiview/gamecheck.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <iterator>
+
+#include "app/tags.h"
+#include "country/country.h"
+#include "country/fragments.h"
+#include "country/namegenerator.h"
+#include "country/newspaper.h"
+#include "country/world.h"
+#include "glwidget/glwidget.h"
+
+namespace guiview {
+
+namespace {
+
+Kind KindFor(tag::Role role) {
+    switch (role) {
+    case tag::Role::Button:
+        return Kind::Butt;
+    case tag::Role::Slider:
+        return Kind::Slide;
+    case tag::Role::List:
+        return Kind::Combo;
+    case tag::Role::Label:
+        return Kind::Label;
+    case tag::Role::Window:
+        return Kind::Win;
+    }
+    return Kind::Label;
+}
+
+std::string_view WordFor(tag::Role role) {
+    switch (role) {
+    case tag::Role::Button:
+        return "Butt";
+    case tag::Role::Slider:
+        return "Slide";
+    case tag::Role::List:
+        return "Combo";
+    case tag::Role::Label:
+        return "Label";
+    case tag::Role::Window:
+        return "Win";
+    }
+    return {};
+}
+
+/// Nine of these are the longest number that a stock or a population has.
+constexpr std::string_view kNineDigits = "888888888";
+
+float WidthOf(std::string_view text) {
+    float width = 0.0f;
+    for (const char letter : text)
+        width += GLWidget::font.Advance(static_cast<signed char>(letter));
+    return width;
+}
+
+char WidestDigit() {
+    const std::string_view digits = "0123456789";
+    return *std::ranges::max_element(digits, {},
+                                     [](char digit) { return GLWidget::font.Advance(digit); });
+}
+
+/// The widest of the fragments that may stand at a position of a name.
+std::string WidestFragment(std::uint32_t mask, bool first) {
+    std::string widest;
+    for (std::size_t row = 0; row < std::size(kFragments); ++row) {
+        if ((mask >> row & 1U) == 0)
+            continue;
+        const auto count = std::ranges::count(kFragments[row], '|') + 1;
+        for (std::uint32_t i = 0; i < static_cast<std::uint32_t>(count); ++i) {
+            std::string fragment(NameGenerator::Alternative(kFragments[row], i));
+            if (first)
+                fragment[0] =
+                    static_cast<char>(std::toupper(static_cast<unsigned char>(fragment[0])));
+            if (WidthOf(fragment) > WidthOf(widest))
+                widest = fragment;
+        }
+    }
+    return widest;
+}
+
+std::string WidestCountryName() {
+    std::string name;
+    for (const std::uint32_t* mask = NameGenerator::kCountryPattern; *mask != 0; ++mask)
+        name += WidestFragment(*mask, name.empty());
+    return name;
+}
+
+/// Of the longer of the stories that name people, the widest of many editions.
+std::string WidestStory() {
+    constexpr int kEditions = 500;
+    constexpr float kPettyCrime = 0.07f;
+    std::srand(1);  // the same for everybody
+    Country country(World::kPlayerName, World::kPlayerPeople);
+    country.justice.crimeLevel = kPettyCrime;
+    Newspaper newspaper(&country);
+    std::string widest;
+    for (int i = 0; i < kEditions; ++i) {
+        newspaper.Print();
+        if (WidthOf(newspaper.Stories().front()) > WidthOf(widest))
+            widest = newspaper.Stories().front();
+    }
+    return widest;
+}
+
+std::string PopulationText() {
+    std::string text = "Population Statistics: \nTotal: " + std::string(kNineDigits);
+    for (const tag::ProfessionTags& profession : tag::kProfessionTags)
+        text += "\n" + std::string(profession.plural) + ": " + std::string(kNineDigits);
+    return text + "\nIdle: " + std::string(kNineDigits);
+}
+
+std::string ContinentText(const std::string& name) {
+    std::string text =
+        "Continent Information: \n"
+        "Buy Cost of Livestock, Grain. Sell Cost of Livestock, Grain.\n";
+    for (std::size_t i = 1; i <= World::kCountryCount; ++i)
+        text +=
+            "Country " + std::to_string(i) + ": " + name + " - 1.48888 1.48888 0.888888 0.888888\n";
+    return text;
+}
+
+constexpr const char* kFigures =
+    "The Justice level is 0.888888\nThe Crime level is 8.88888e-05\n\n"
+    "The population's morale is 8.88888e-05\nThe population's opinion is 8.88888e-05\n"
+    "The military's recruits: 1350\nThe military's average skill: 0.888888\n"
+    "The military's weekly cost: 88.8888\nThe military oppressing: 0.888888\n"
+    "The military patrolling: 0.888888\n"
+    "The famine chance: -8.88888e-05    Famine: 1    Famine Length: 18888888\n"
+    "Plague: 1    Plague Length: 8888888\nRevolt: 1    Rebellion: 1";
+
+}  // namespace
+
+void CheckGameTags(const Declarations& declarations, const std::string& path, Findings& findings) {
+    for (const tag::Widget& needed : tag::kWidgets) {
+        const std::string tag(needed.tag);
+        const std::string kind(WordFor(needed.role));
+        const auto found = std::ranges::find(declarations.widgets, tag, &Declared::tag);
+        if (found == declarations.widgets.end()) {
+            if (!needed.optional)
+                findings.Error(path, {},
+                               "the game needs a " + kind + " with the tag '" + tag + "'");
+        } else if (found->GetKind() != KindFor(needed.role)) {
+            findings.Error(path, found->statement->Find("kind")->place,
+                           "'" + tag + "' is a " + std::string(found->statement->kind->word)
+                               + ", and the game needs a " + kind);
+        }
+    }
+}
+
+bool GameAnswers(const Node& node) {
+    return std::ranges::any_of(tag::kWidgets, [&](const tag::Widget& widget) {
+        return widget.tag == node.Tag() && widget.role != tag::Role::Label
+               && widget.role != tag::Role::Window;
+    });
+}
+
+SampleTexts LongestGameTexts() {
+    const std::string number(kNineDigits);
+    const std::string name = WidestCountryName();
+    std::string partners;
+    for (std::size_t i = 0; i < World::kCountryCount; ++i)
+        partners += name + "\n";
+    SampleTexts texts = {
+        {std::string(tag::kPartner), partners},
+        {std::string(tag::kNewspaper), std::string(World::kPlayerName) + " Newspaper"},
+        {std::string(tag::kLivestockRationLabel), "Livestock Ration: 0.200"},
+        {std::string(tag::kGrainRationLabel), "Grain Ration: 0.400"},
+        {"stockbuylab", "Livestock to Buy/Sell: " + number},
+        {"grainbuylab", "Grain to Buy/Sell: " + number},
+        {"finebuylab", "Fine Goods to Buy: " + number},
+        {std::string(tag::kStore), "Livestock: " + number + "\nGrain: " + number},
+        {std::string(tag::kPopulation), PopulationText()},
+        {std::string(tag::kContinent), ContinentText(name)},
+        {std::string(tag::kFunds), "Government funds: -1.88888e+06 doubloons"},
+        {std::string(tag::kDate), "The date is 1388/12/28 18:48:48"},
+        {std::string(tag::kPaper), "Page 1\n" + WidestStory()},
+        {std::string(tag::kFigures), kFigures},
+        {std::string(tag::kFrameRate), "FPS: 8888"},
+    };
+    for (const tag::ProfessionTags& profession : tag::kProfessionTags)
+        texts.emplace_back(std::string(profession.slider) + "lab",
+                           std::string(profession.plural) + ": 100%");
+    const char digit = WidestDigit();
+    for (auto& [tag, text] : texts) {
+        if (tag != tag::kPaper)
+            std::ranges::replace(text, '8', digit);
+    }
+    return texts;
+}
+
+}  // namespace guiview

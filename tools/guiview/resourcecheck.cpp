@@ -1,0 +1,113 @@
+#include "tools/guiview/resourcecheck.h"
+
+#include <algorithm>
+
+#include "glwidget/theme.h"
+#include "quarn2/font.h"
+#include "quarn2/texturedata.h"
+#include "tools/guiview/headless.h"
+
+namespace guiview {
+
+namespace {
+
+constexpr const char* kDefaultTheme = "default";
+constexpr const char* kDefaultThemeFile = "default.theme";
+
+/// What a loader wrote when it failed, as part of a sentence.
+std::string Reason(const ErrorStreamCapture& said) {
+    std::string reason = said.Text();
+    while (!reason.empty() && reason.back() == '\n')
+        reason.pop_back();
+    std::ranges::replace(reason, '\n', ' ');
+    return reason.empty() ? reason : ": " + reason;
+}
+
+}  // namespace
+
+void ResourceCheck::Run(bool withMessageBox) {
+    CheckDefaultTheme();
+    for (const Statement& statement : layout.statements) {
+        if (statement.rule == nullptr)
+            continue;
+        if (statement.rule->word == "CONF") {
+            if (const Word* const name = statement.Find("file"))
+                CheckConfiguration(*name);
+        } else if (statement.rule->word == "THEM") {
+            const Word* const name = statement.Find("theme");
+            if (name != nullptr && *name != kDefaultTheme)
+                CheckTheme(name->text, name->place, "the theme");
+        } else if (statement.rule->word == "NTAB") {
+            CheckTheme("tabwin_button.theme", statement.word.place, "the tabs' theme");
+        } else if (statement.kind != nullptr && statement.kind->kind == Kind::Combo) {
+            CheckTheme("combo_button.theme", statement.Find("kind")->place,
+                       "the drop button's theme");
+        }
+    }
+    if (withMessageBox)
+        CheckTheme("messagebox.theme", {}, "the message box's theme");
+}
+
+void ResourceCheck::CheckDefaultTheme() {
+    if (const auto content = ReadTextFile(kDefaultThemeFile)) {
+        CheckTheme(kDefaultThemeFile, *content);
+        return;
+    }
+    // The built-in one then, whose picture only matters to those who draw with it.
+    const auto draws = [](const Declared& widget) {
+        const Kind kind = widget.GetKind();
+        return kind == Kind::Check || kind == Kind::Opt || kind == Kind::Slide
+               || widget.statement->IsImageButton();
+    };
+    if (std::ranges::any_of(declared.widgets, draws))
+        CheckPicture(Theme().textureName, layout.path, {});
+}
+
+void ResourceCheck::CheckTheme(const std::string& name, Place where, const std::string& needs) {
+    if (!known.insert(name).second)
+        return;
+    if (const auto content = ReadTextFile(name))
+        CheckTheme(name, *content);
+    else
+        findings.Error(layout.path, where, needs + " '" + name + "' cannot be read");
+}
+
+void ResourceCheck::CheckTheme(const std::string& name, const std::string& content) {
+    known.insert(name);
+    const std::string path = folder + name;
+    const ValueFile theme(path, content, ThemeRules(), findings);
+    const Word* const picture = theme.Find(kPictureLine);
+    if (picture != nullptr && *picture != kNone)
+        CheckPicture(picture->text, path, picture->place);
+}
+
+void ResourceCheck::CheckConfiguration(const Word& name) {
+    if (!known.insert(name.text).second)
+        return;
+    const auto content = ReadTextFile(name.text);
+    if (!content) {
+        findings.Error(layout.path, name.place,
+                       "the configuration '" + name.text + "' cannot be read");
+        return;
+    }
+    const std::string path = folder + name.text;
+    const ValueFile configuration(path, *content, ConfigurationRules(), findings);
+    const Word* const font = configuration.Find(kFontLine);
+    if (font == nullptr)
+        return;
+    const ErrorStreamCapture said;
+    FontRender measure;
+    if (!measure.Measure(font->text))
+        findings.Error(path, font->place,
+                       "the font '" + font->text + "' cannot be loaded" + Reason(said));
+}
+
+void ResourceCheck::CheckPicture(const std::string& picture, const std::string& file, Place where) {
+    const ErrorStreamCapture said;
+    TextureData data;
+    if (!data.Load(picture))
+        findings.Error(file, where,
+                       "the picture '" + picture + "' cannot be loaded" + Reason(said));
+}
+
+}  // namespace guiview

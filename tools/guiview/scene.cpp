@@ -1,0 +1,181 @@
+#include "tools/guiview/scene.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "glwidget/button.h"
+#include "glwidget/drawing.h"
+#include "glwidget/frame.h"
+#include "glwidget/glwindow.h"
+#include "glwidget/label.h"
+#include "glwidget/tabwindow.h"
+
+namespace guiview {
+
+namespace {
+
+constexpr float kLineStep = 1.3f;  // glyph heights
+
+/// Where a widget's children have their origin, in the coordinates of the widget's parent.
+Vector InnerOrigin(GLWidget& widget) {
+    if (const auto* window = dynamic_cast<GLWindow*>(&widget))
+        return window->InnerOrigin();
+    if (const auto* frame = dynamic_cast<Frame*>(&widget))
+        return frame->InnerOrigin();
+    const Vector box = widget.Getbbox();
+    return {box.x, box.y};
+}
+
+bool IsHorizontal(const Node& slider) {
+    return slider.declared->statement->Number("width") > 0.0f;
+}
+
+/// A slider's bounding box reaches half a knob to either side of its track and a whole one
+/// beyond the end; the knob reaches half of it beyond both ends. On a vertical track it hangs to
+/// the left.
+Box DrawnBox(const Node& node) {
+    const Box& box = node.box;
+    if (!node.IsKind(Kind::Slide))
+        return box;
+    const float knob = node.widget->GetTheme().boxSize;
+    const float half = knob / 2.0f;
+    if (IsHorizontal(node))
+        return {box.left - half, box.bottom + half, box.right - half, box.top - half};
+    return {box.left - half, box.bottom - half, box.right - knob, box.top - half};
+}
+
+/// Where the lines of a label's text are. The last one stands at the label's lower edge, however
+/// high the label is.
+Box LinesBox(const Node& node) {
+    const Theme& theme = node.widget->GetTheme();
+    const std::string& text = static_cast<Label&>(*node.widget).Wrapped();
+    float widest = 0.0f;
+    float lines = 0.0f;
+    float lowest = 0.0f;  // of the lines that hold anything, from above
+    for (const std::string& line : SplitLines(text + '\n')) {
+        widest = std::max(widest, MeasureText(theme, line));
+        ++lines;
+        if (!line.empty())
+            lowest = lines;
+    }
+    const float step = kLineStep * theme.fontSize.y;
+    const float left = node.box.left + theme.fontSize.x / 2.0f;
+    return {left, node.box.bottom + (lines - lowest) * step, left + widest,
+            node.box.bottom + lines * step};
+}
+
+/// A slider answers half a knob around the box of its track.
+Box ClickBox(const Node& node) {
+    const Box& box = node.box;
+    if (!node.IsClickable())
+        return {};
+    if (!node.IsKind(Kind::Slide))
+        return box;
+    const float half = node.widget->GetTheme().boxSize / 2.0f;
+    if (IsHorizontal(node))
+        return {box.left - half, box.bottom, box.right - half, box.top};
+    return {box.left, box.bottom - half, box.right, box.top - half};
+}
+
+}  // namespace
+
+std::string_view Node::Tag() const {
+    return declared != nullptr ? std::string_view(declared->tag) : widget->GetName();
+}
+
+std::string_view Node::KindWord() const {
+    // the toolkit makes no other widgets than buttons itself
+    return declared != nullptr ? declared->statement->kind->word : "Butt";
+}
+
+Scene::Scene(const Declarations& declarations, bool textsAreFinal)
+    : declared(declarations), finalTexts(textsAreFinal) {
+    for (GLWidget* widget : GLWidget::widgets)
+        Add(widget, nullptr, std::nullopt, Vector(0.0f, 0.0f));
+}
+
+void Scene::Add(GLWidget* widget, const Node* parent, std::optional<int> tab,
+                const Vector& origin) {
+    const auto found = std::ranges::find(declared.widgets, widget->GetName(), &Declared::handle);
+    const Declared* const entry = found == declared.widgets.end() ? nullptr : &*found;
+    Node& node = *owned.emplace_back(std::make_unique<Node>(
+        Node{widget, entry, parent, tab, BoxOf(widget->Getbbox(), origin), {}, {}}));
+    node.drawn = finalTexts && node.IsKind(Kind::Label) ? LinesBox(node) : DrawnBox(node);
+    node.clicks = ClickBox(node);
+    order.push_back(&node);
+    AddChildren(node, origin);
+}
+
+void Scene::AddChildren(const Node& node, const Vector& origin) {
+    const Vector inner = origin + InnerOrigin(*node.widget);
+    const auto* const window = dynamic_cast<TabWindow*>(node.widget);
+    if (window == nullptr || window->GetTabs().empty()) {
+        for (GLWidget* child : node.widget->GetChildren())
+            Add(child, &node, std::nullopt, inner);
+        return;
+    }
+    for (const TabWindow::Tab& tab : window->GetTabs()) {
+        if (tab.button)
+            Add(tab.button.get(), &node, std::nullopt, origin);
+    }
+    int number = 0;
+    for (const TabWindow::Tab& tab : window->GetTabs()) {
+        for (GLWidget* child : tab.widgets)
+            Add(child, &node, number, inner);
+        ++number;
+    }
+}
+
+const Node* Scene::Find(std::string_view tag) const {
+    const auto found = std::ranges::find(order, tag, &Node::Tag);
+    return found == order.end() ? nullptr : *found;
+}
+
+bool Scene::SeenTogether(const Node& a, const Node& b) {
+    for (const Node* left = &a; left != nullptr; left = left->parent) {
+        for (const Node* right = &b; right != nullptr; right = right->parent) {
+            if (left->parent == right->parent && left->tab && right->tab)
+                return left->tab == right->tab;
+        }
+    }
+    return true;
+}
+
+std::string ThemeName(const Theme& theme) {
+    const auto found = std::ranges::find_if(
+        GLWidget::themes, [&](const auto& entry) { return entry.second == &theme; });
+    return found == GLWidget::themes.end() ? std::string() : found->first;
+}
+
+std::string DescribeTree(const Scene& scene) {
+    std::size_t tagWidth = 0;
+    std::size_t parentWidth = 0;
+    for (const Node* node : scene.Nodes()) {
+        tagWidth = std::max(tagWidth, node->Tag().size());
+        parentWidth = std::max(parentWidth,
+                               node->parent == nullptr ? kNone.size() : node->parent->Tag().size());
+    }
+    std::string text;
+    for (const Node* node : scene.Nodes()) {
+        const std::string tag(node->Tag());
+        const std::string kind(node->KindWord());
+        const std::string parent(node->parent == nullptr ? kNone : node->parent->Tag());
+        text += tag + std::string(tagWidth - tag.size() + 1, ' ');
+        text += kind + std::string(5 - kind.size() + 1, ' ');
+        text += parent + std::string(parentWidth - parent.size(), ' ');
+        for (const float edge :
+             {node->box.left, node->box.bottom, node->box.right, node->box.top}) {
+            std::array<char, 48> number;
+            // adding zero turns a negative zero into zero
+            std::snprintf(number.data(), number.size(), " %8.4f", static_cast<double>(edge) + 0.0);
+            text += number.data();
+        }
+        if (node->tab)
+            text += "  tab " + std::to_string(*node->tab);
+        text += '\n';
+    }
+    return text;
+}
+
+}  // namespace guiview

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "glwidget/glwidget.h"
+#include "tools/guiview/box.h"
+#include "tools/guiview/layoutorder.h"
+
+namespace guiview {
+
+/// A widget of the tree and where it is.
+struct Node {
+    GLWidget* widget;          // not owned
+    const Declared* declared;  ///< null for what the toolkit makes itself; not owned
+    const Node* parent;        ///< null at the top; not owned
+    std::optional<int> tab;    ///< of the parent, when it has tabs
+    Box box;                   ///< the toolkit's own bounding box
+    Box drawn;                 ///< what of it can be seen
+    Box clicks;                ///< where it answers a press; empty when it answers none
+
+    std::string_view Tag() const;
+    /// As a layout names it.
+    std::string_view KindWord() const;
+    bool IsKind(Kind kind) const { return declared != nullptr && declared->GetKind() == kind; }
+    bool IsImageButton() const {
+        return declared != nullptr && declared->statement->IsImageButton();
+    }
+    bool IsClickable() const { return declared != nullptr && declared->statement->kind->clickable; }
+};
+
+/// The widgets that the toolkit holds at this moment, in the order in which it goes over them:
+/// a container before its children, tab buttons before what is on the tabs.
+class Scene {
+public:
+    /// @param textsAreFinal  labels show no other texts than now, so that their lines are what
+    ///     can be seen of them; otherwise all the room that they keep is
+    explicit Scene(const Declarations& declarations, bool textsAreFinal = false);
+    Scene(const Scene&) = delete;
+    Scene& operator=(const Scene&) = delete;
+
+    const std::vector<const Node*>& Nodes() const { return order; }
+    /// Null when the tree has no such widget.
+    const Node* Find(std::string_view tag) const;
+
+    /// Whether both can be on the screen at once: they are on no two tabs of one window.
+    static bool SeenTogether(const Node& a, const Node& b);
+
+private:
+    void Add(GLWidget* widget, const Node* parent, std::optional<int> tab, const Vector& origin);
+    void AddChildren(const Node& node, const Vector& origin);
+
+    const Declarations& declared;
+    bool finalTexts;
+    std::vector<std::unique_ptr<Node>> owned;
+    std::vector<const Node*> order;
+};
+
+/// One line per widget: tag, kind, parent and bounding box (left, bottom, right, top on the
+/// screen, in GUI units), and the tab of what is on one.
+std::string DescribeTree(const Scene& scene);
+
+/// The name by which layouts know a theme.
+std::string ThemeName(const Theme& theme);
+
+}  // namespace guiview

@@ -1,0 +1,211 @@
+#include "tools/guiview/screencheck.h"
+
+#include <cmath>
+
+#include "glwidget/drawing.h"
+#include "glwidget/label.h"
+
+namespace guiview {
+
+namespace {
+
+constexpr float kLineStep = 1.3f;  // glyph heights
+/// What a list is taken to hold when the layout gives it no items: the program fills it, the
+/// game with twelve countries.
+constexpr std::size_t kItemsOfTheProgram = 12;
+
+std::string Quoted(std::string_view text) {
+    return "'" + std::string(text) + "'";
+}
+
+std::string Pixels(float length) {
+    const long pixels = std::max(std::lround(length / kPixel), 1L);
+    return std::to_string(pixels) + (pixels == 1 ? " pixel" : " pixels");
+}
+
+Box Screen() {
+    return {-GLWidget::HalfWidth(), -GLWidget::guiScale, GLWidget::HalfWidth(), GLWidget::guiScale};
+}
+
+struct Excess {
+    float length = 0.0f;
+    const char* side = "";
+};
+
+/// How far and where the inner box reaches furthest out of the outer one.
+Excess ExcessOf(const Box& inner, const Box& outer) {
+    const Excess sides[] = {{outer.left - inner.left, "left"},
+                            {inner.right - outer.right, "right"},
+                            {outer.bottom - inner.bottom, "lower"},
+                            {inner.top - outer.top, "upper"}};
+    Excess most;
+    for (const Excess& side : sides) {
+        if (side.length > most.length)
+            most = side;
+    }
+    return most;
+}
+
+}  // namespace
+
+void ScreenCheck::Run() {
+    const auto& nodes = scene.Nodes();
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (nodes[i]->declared == nullptr)
+            continue;
+        CheckPlace(*nodes[i]);
+        CheckText(*nodes[i]);
+        if (nodes[i]->IsKind(Kind::Combo))
+            CheckList(*nodes[i]);
+        CheckCentre(*nodes[i]);
+        for (std::size_t j = 0; j < i; ++j)
+            CheckSiblings(*nodes[j], *nodes[i]);
+    }
+}
+
+void ScreenCheck::CheckPlace(const Node& node) {
+    const Excess beyond = ExcessOf(node.drawn, Screen());
+    if (beyond.length > kTolerance) {
+        Warn(node, Quoted(node.Tag()) + " is outside the screen, " + Pixels(beyond.length)
+                       + " beyond its " + beyond.side + " edge");
+        return;
+    }
+    if (node.parent == nullptr)
+        return;
+    const Excess out = ExcessOf(node.drawn, node.parent->drawn);
+    if (out.length > kTolerance) {
+        Warn(node, Quoted(node.Tag()) + " runs out of " + Quoted(node.parent->Tag()) + ", "
+                       + Pixels(out.length) + " beyond its " + out.side + " edge");
+    }
+}
+
+bool ScreenCheck::IsBackgroundOf(const Node& earlier, const Node& later) {
+    return earlier.IsImageButton() && earlier.parent == later.parent
+           && Scene::SeenTogether(earlier, later) && Encloses(earlier.drawn, later.drawn);
+}
+
+void ScreenCheck::CheckSiblings(const Node& earlier, const Node& later) {
+    if (earlier.declared == nullptr || earlier.parent != later.parent
+        || !Scene::SeenTogether(earlier, later) || IsBackgroundOf(earlier, later))
+        return;
+    const std::string with =
+        Quoted(earlier.Tag()) + " of line " + std::to_string(earlier.declared->Where().line);
+    if (Meet(earlier.drawn, later.drawn)) {
+        const Box common = Common(earlier.drawn, later.drawn);
+        Warn(later, Quoted(later.Tag()) + " overlaps " + with + " by " + Pixels(common.Width())
+                        + " across and " + Pixels(common.Height()) + " down");
+        return;
+    }
+    if (!IsPressable(earlier) || !IsPressable(later))
+        return;
+    if (Meet(earlier.clicks, later.drawn) || Meet(earlier.drawn, later.clicks))
+        Warn(later, "a press on " + Quoted(later.Tag()) + " or on " + with + " moves both");
+}
+
+void ScreenCheck::CheckText(const Node& node) {
+    const Theme& theme = node.widget->GetTheme();
+    const std::string& text = node.widget->GetText();
+    switch (node.declared->GetKind()) {
+    case Kind::Win:
+        CheckTitle(node);
+        break;
+    case Kind::Label:
+        CheckLabel(node);
+        break;
+    case Kind::Butt:
+        CheckWidth(node, text, node.box.Width() - theme.fontSize.x / 2.0f);
+        break;
+    case Kind::Check:
+    case Kind::Opt:
+        if (!text.empty())
+            CheckWidth(node, " " + text, node.box.Width() - theme.boxSize);
+        break;
+    case Kind::Combo: {
+        const float button = node.widget->GetChildren().front()->Getbbox().z;
+        for (const std::string& item : node.widget->GetTexts())
+            CheckWidth(node, item,
+                       node.box.Width() - button - 3.0f * theme.border - theme.fontSize.x);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void ScreenCheck::CheckTitle(const Node& window) {
+    const Theme& theme = window.widget->GetTheme();
+    // It begins where the cut corner ends.
+    CheckWidth(window, window.widget->GetText(),
+               window.box.Width() - theme.corner * window.box.Height());
+}
+
+void ScreenCheck::CheckLabel(const Node& node) {
+    const Theme& theme = node.widget->GetTheme();
+    auto& label = static_cast<Label&>(*node.widget);
+    const std::string& wrapped = label.Wrapped();
+    CheckWidth(node, wrapped, node.box.Width() - theme.fontSize.x / 2.0f);
+    const auto lines = std::count(wrapped.begin(), wrapped.end(), '\n') + 1;
+    const float step = kLineStep * theme.fontSize.y;
+    if (static_cast<float>(lines) * step <= node.box.Height() + kTolerance)
+        return;
+    const auto room = static_cast<long>((node.box.Height() + kTolerance) / step);
+    Warn(node, "the text of " + Quoted(node.Tag()) + " takes " + std::to_string(lines)
+                   + " lines; the widget has room for " + std::to_string(room));
+}
+
+void ScreenCheck::CheckWidth(const Node& node, const std::string& text, float room) {
+    const Theme& theme = node.widget->GetTheme();
+    float widest = 0.0f;
+    // Line by line: measured together, a short line would count what a longer one left behind.
+    for (const std::string& line : SplitLines(text))
+        widest = std::max(widest, MeasureText(theme, line));
+    if (widest > room + kTolerance) {
+        Warn(node, "the text of " + Quoted(node.Tag()) + " is " + Pixels(widest - room)
+                       + " wider than the widget has room for");
+    }
+}
+
+void ScreenCheck::CheckList(const Node& combo) {
+    std::size_t items = combo.widget->GetTexts().size();
+    if (items == 0)
+        items = kItemsOfTheProgram;
+    const float height = 2.0f * static_cast<float>(items) * combo.widget->GetTheme().fontSize.y;
+    const Box list{combo.box.left, combo.box.bottom - height, combo.box.right, combo.box.bottom};
+    const Excess beyond = ExcessOf(list, Screen());
+    if (beyond.length > kTolerance) {
+        Warn(combo, "the open list of " + Quoted(combo.Tag()) + " reaches " + Pixels(beyond.length)
+                        + " beyond the screen's " + beyond.side + " edge");
+    }
+    for (const Node* node : scene.Nodes()) {
+        if (node == &combo || !IsPressable(*node) || !Meet(node->clicks, list)
+            || !Scene::SeenTogether(*node, combo))
+            continue;
+        Warn(*node, Quoted(node->Tag()) + " lies below the list of " + Quoted(combo.Tag())
+                        + ": a click on the list reaches it too");
+    }
+}
+
+void ScreenCheck::CheckCentre(const Node& node) {
+    if (IsPressable(node) && Meet(node.clicks, messageBox)) {
+        Warn(node, Quoted(node.Tag())
+                       + " lies at the centre of the screen: a click on a message box reaches it "
+                         "too");
+    }
+}
+
+bool ScreenCheck::IsPressable(const Node& node) const {
+    return node.IsClickable() && !IsBackground(node) && isAnswered(node);
+}
+
+bool ScreenCheck::IsBackground(const Node& node) const {
+    const auto& nodes = scene.Nodes();
+    const auto itself = std::ranges::find(nodes, &node);
+    return std::any_of(itself + 1, nodes.end(),
+                       [&](const Node* later) { return IsBackgroundOf(node, *later); });
+}
+
+void ScreenCheck::Warn(const Node& node, std::string message) {
+    findings.Warn(file, node.declared->Where(), std::move(message));
+}
+
+}  // namespace guiview

@@ -1,0 +1,107 @@
+#include "tools/guiview/sourceline.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace guiview {
+
+namespace {
+
+constexpr std::string_view kWhite = " \t\r\v\f";
+/// What stands between the fields of a line; the toolkit keeps the others in a text.
+constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kComment = "//";
+constexpr std::uintmax_t kMostBytes = 16U << 20U;
+
+std::size_t SkipAny(std::string_view line, std::size_t from, std::string_view which) {
+    return std::min(line.find_first_not_of(which, from), line.size());
+}
+
+/// Without a "+", which the toolkit reads before a number and the library does not.
+std::string_view Unsigned(std::string_view word) {
+    const bool plus = word.size() > 1 && word[0] == '+' && word[1] != '-';
+    return plus ? word.substr(1) : word;
+}
+
+}  // namespace
+
+std::optional<Word> LineReader::Next() {
+    const std::size_t begin = SkipAny(line, at, kWhite);
+    if (begin == line.size())
+        return std::nullopt;
+    at = std::min(line.find_first_of(kWhite, begin), line.size());
+    return Word{std::string(line.substr(begin, at - begin)), PlaceOf(begin)};
+}
+
+Word LineReader::Rest() {
+    std::size_t begin = SkipAny(line, at, kBlanks);
+    if (begin == line.size() && line.ends_with('\r'))
+        --begin;  // the line end's own, behind an empty text
+    std::string_view rest = line.substr(begin);
+    if (!rest.empty() && rest.back() == '\r')
+        rest.remove_suffix(1);
+    at = begin + rest.size();
+    return {std::string(rest), PlaceOf(begin)};
+}
+
+bool LineReader::OnlyCommentLeft() const {
+    const std::size_t begin = SkipAny(line, at, kWhite);
+    return begin == line.size() || line.substr(begin).starts_with(kComment);
+}
+
+bool IsBlankOrComment(std::string_view line) {
+    return LineReader(line, 1).OnlyCommentLeft();
+}
+
+std::optional<float> ParseNumber(std::string_view word) {
+    word = Unsigned(word);
+    float number = 0.0f;
+    const char* const last = word.data() + word.size();
+    const auto [end, error] = std::from_chars(word.data(), last, number);
+    if (error != std::errc() || end != last || !std::isfinite(number))
+        return std::nullopt;
+    return number;
+}
+
+std::optional<int> ParseWhole(std::string_view word) {
+    word = Unsigned(word);
+    int number = 0;
+    const char* const last = word.data() + word.size();
+    const auto [end, error] = std::from_chars(word.data(), last, number);
+    if (error != std::errc() || end != last)
+        return std::nullopt;
+    return number;
+}
+
+std::optional<std::string> ReadTextFile(const std::string& path) {
+    std::error_code error;
+    // Asked first: opening what is no file may wait for ever.
+    if (!std::filesystem::is_regular_file(path, error)
+        || std::filesystem::file_size(path, error) >= kMostBytes || error)
+        return std::nullopt;
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return std::nullopt;
+    std::string content{std::istreambuf_iterator<char>(file), {}};
+    if (file.bad())
+        return std::nullopt;
+    return content;
+}
+
+std::vector<std::string> SplitLines(const std::string& content) {
+    std::vector<std::string> lines;
+    std::size_t begin = 0;
+    while (begin < content.size()) {
+        const std::size_t end = std::min(content.find('\n', begin), content.size());
+        lines.push_back(content.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return lines;
+}
+
+}  // namespace guiview

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/guiview/finding.h"
+
+namespace guiview {
+
+/// A word of a line and where it begins.
+struct Word {
+    std::string text;
+    Place place;
+
+    bool operator==(std::string_view other) const { return text == other; }
+};
+
+/// Reads a line word by word, as the toolkit separates words, and knows where it is.
+class LineReader {
+public:
+    /// @param text  without its line end; stays alive as long as the reader is used
+    LineReader(std::string_view text, int number) : line(text), lineNumber(number) {}
+
+    std::optional<Word> Next();
+    /// All that is left without the blanks before it, as the toolkit takes a text.
+    Word Rest();
+    /// Whether a "//" or nothing at all is left.
+    bool OnlyCommentLeft() const;
+
+    /// Bytes read.
+    std::size_t Offset() const { return at; }
+    /// Behind the last word that was read.
+    Place Here() const { return PlaceOf(at); }
+
+private:
+    Place PlaceOf(std::size_t offset) const { return {lineNumber, static_cast<int>(offset) + 1}; }
+
+    std::string_view line;
+    int lineNumber;
+    std::size_t at = 0;
+};
+
+/// Whether the line holds nothing for the toolkit: it is empty or begins with "//".
+bool IsBlankOrComment(std::string_view line);
+
+/// A number as the toolkit's words hold it, the whole word and nothing else.
+std::optional<float> ParseNumber(std::string_view word);
+std::optional<int> ParseWhole(std::string_view word);
+
+/// A text file's content. A file of 16 MiB or more is no text of ours.
+/// @return nothing when it is no readable file
+std::optional<std::string> ReadTextFile(const std::string& path);
+
+/// The lines without their line ends.
+std::vector<std::string> SplitLines(const std::string& content);
+
+}  // namespace guiview
