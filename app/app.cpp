@@ -97,7 +97,7 @@ bool App::GotEvent(Event event) {
         GLWidget::TextKeyPressWidgets(keys.pressed);
         return true;
     case ReleaseResourcesEvent:
-        Release();
+        EndWorld();
         return true;
     default:
         return true;
@@ -185,7 +185,7 @@ bool App::Quit() {
     return true;
 }
 
-void App::Release() {
+void App::EndWorld() {
     Quit();
     partner = nullptr;
     world.reset();

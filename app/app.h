@@ -38,7 +38,7 @@ public:
     const Country* GetPartner() const { return partner; }
 
 private:
-    void Release();
+    void EndWorld();
     void ReportFrameRate();
 
     std::unique_ptr<World> world;
