@@ -55,17 +55,17 @@ public:
     ~Pointer() {
         TraceFrame frame("~Pointer", "~Pointer");
         if (IsCounting())
-            obj->MMObject::Release();
+            obj->Release();
     }
 
     Pointer& operator=(T* object) {
         TraceFrame frame("operator=", "Pointer");
         // The old target is released first; self-assignment is harmless as that never frees.
         if (IsCounting())
-            obj->MMObject::Release();
+            obj->Release();
         obj = object;
         if (IsCounting())
-            obj->MMObject::AddRef();
+            obj->AddRef();
         return *this;
     }
     // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): see above

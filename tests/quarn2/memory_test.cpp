@@ -202,20 +202,6 @@ TEST_F(MemoryTest, PointerCountsItsObject) {
     EXPECT_EQ(node->RefCount(), 0);
 }
 
-TEST_F(MemoryTest, PointerCountsAnObjectThatNamesOperationsOfItsOwnAlike) {
-    class Valve : public MMObject {
-    public:
-        void AddRef() { ADD_FAILURE() << "opened by a Pointer"; }
-        void Release() { ADD_FAILURE() << "closed by a Pointer"; }
-    };
-    Valve* const valve = new Valve;
-    {
-        const Pointer<Valve> pointer(valve);
-        EXPECT_EQ(valve->RefCount(), 1);
-    }
-    EXPECT_EQ(valve->RefCount(), 0);
-}
-
 TEST_F(MemoryTest, AssigningAnotherObjectReleasesTheFirst) {
     Node* const a = new Node("a");
     Node* const b = new Node("b");
