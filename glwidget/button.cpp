@@ -49,7 +49,7 @@ void Button::Render() {
     Assert("glwidget/button", 36, "rendering", rendering);
     const MatrixScope matrix;
     EnableBlending();
-    SetDepthTest(false);
+    DisableDepthTest();
     SetTexturing(false);
     glLineWidth(theme->lineWidth);
     if (active)

@@ -49,7 +49,7 @@ void Checkbox::Render() {
 void Checkbox::Draw(const Vector& box, const Vector& mark) {
     const MatrixScope matrix;
     EnableBlending();
-    SetDepthTest(false);
+    DisableDepthTest();
     SetTexturing(true);
     theme->image.Bind();
 

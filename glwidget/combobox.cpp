@@ -113,7 +113,7 @@ bool Combobox::MouseInList() const {
 
 void Combobox::Render() {
     TraceFrame frame("Render", "Combobox");
-    SetDepthTest(false);
+    DisableDepthTest();
     SetTexturing(false);
     EnableBlending();
     const MatrixScope matrix;

@@ -55,12 +55,8 @@ void SetTexturing(bool on) {
     }
 }
 
-void SetDepthTest(bool on) {
-    if (on) {
-        glEnable(GL_DEPTH_TEST);
-    } else {
-        glDisable(GL_DEPTH_TEST);
-    }
+void DisableDepthTest() {
+    glDisable(GL_DEPTH_TEST);
 }
 
 void Translate(float x, float y) {

@@ -19,7 +19,7 @@ public:
 /// Source alpha over one minus source alpha.
 void EnableBlending();
 void SetTexturing(bool on);
-void SetDepthTest(bool on);
+void DisableDepthTest();
 
 void Translate(float x, float y);
 

@@ -45,7 +45,7 @@ void Frame::SetFocussed(GLWidget* other) {
 
 void Frame::Render() {
     TraceFrame frame("Render", "Frame");
-    SetDepthTest(false);
+    DisableDepthTest();
     SetTexturing(false);
     glLineWidth(theme->lineWidth);
     if (bordered)

@@ -105,7 +105,7 @@ void GLWindow::Render() {
     {
         const MatrixScope matrix;
         Translate(position.x + size.x / 2.0f, position.y + size.y / 2.0f);
-        SetDepthTest(false);
+        DisableDepthTest();
         SetTexturing(false);
         glLineWidth(theme->corner);  // kept: the cut of the corners is the line's width too
         DrawPanel();

@@ -56,7 +56,7 @@ void Label::Render() {
     Assert("glwidget/label", 24, "rendering", rendering);
     const MatrixScope matrix;
     EnableBlending();
-    SetDepthTest(false);
+    DisableDepthTest();
     SetTexturing(false);
     const std::string& lines = Wrapped();
     SetColour(theme->textColour);

@@ -83,7 +83,7 @@ void Slider::Render() {
     const MatrixScope matrix;
     EnableBlending();
     SetTexturing(false);
-    SetDepthTest(false);
+    DisableDepthTest();
     SetColour(theme->fillColour, Brightness(*theme, highlight), kTrackOpacity);
     DrawTrack();
     DrawKnob();

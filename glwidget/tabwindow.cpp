@@ -156,7 +156,7 @@ void TabWindow::FitButtons() {
 
 void TabWindow::Render() {
     TraceFrame frame("Render", "TabWindow");
-    SetDepthTest(false);
+    DisableDepthTest();
     SetTexturing(false);
     EnableBlending();
     {

@@ -210,7 +210,7 @@ void Textbox::Render() {
     Assert("glwidget/textbox", __LINE__, "rendering", rendering);
     const MatrixScope matrix;
     EnableBlending();
-    SetDepthTest(false);
+    DisableDepthTest();
     SetTexturing(false);
     glLineWidth(theme->lineWidth);
     Translate(position.x, position.y);
