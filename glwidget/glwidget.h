@@ -184,6 +184,8 @@ protected:
     std::vector<GLWidget*> children;  // not owned; the order of every traversal
 
 private:
+    friend class WidgetAccess;  // tests and fuzz targets start anew
+
     /// Ends the open message box once one of its buttons was clicked.
     static void CompleteMessageBox();
     /// Takes `gone` out of every living widget's children and parent link.

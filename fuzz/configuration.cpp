@@ -1,0 +1,11 @@
+#include <sstream>
+
+#include "fuzz/toolkit.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const Toolkit toolkit;
+    std::istringstream file(std::string(data, data + size));
+    Require(GLWidget::Init(file));
+    Require(GLWidget::guiScale == 1.3f);
+    return 0;
+}

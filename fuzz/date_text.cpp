@@ -1,0 +1,14 @@
+#include <string>
+
+#include "country/date.h"
+#include "fuzz/target.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Date date(std::string(data, data + size));
+    const std::string text = date.Text();
+    Require(Date(text) == date);  // what it writes is what it reads
+    Require(!date.TimeText().empty());
+    date.Advance(61);
+    Require(!date.Text().empty());
+    return 0;
+}

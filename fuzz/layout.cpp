@@ -1,0 +1,25 @@
+#include <algorithm>
+#include <sstream>
+
+#include "fuzz/toolkit.h"
+
+// Builds the layout, then does what a frame does: the mouse over every part of the screen, a
+// click, a key, an update.
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const Toolkit toolkit;
+    std::istringstream file(std::string(data, data + size));
+    try {
+        Require(GLWidget::StartGUI(file, "layout"));
+        for (float step = 0; step <= 8; ++step)
+            Require(GLWidget::MouseMoveWidgets(Vector(step * 100, step * 75)));
+        Require(GLWidget::MouseClickWidgets(true, false, false));
+        KeyFlags keys{};
+        keys['a'] = true;
+        Require(GLWidget::TextKeyPressWidgets(keys));
+        Require(GLWidget::MouseClickWidgets(false, false, false));
+        Require(GLWidget::UpdateWidgets(16));
+    } catch (const AssertionFailure&) {
+    }
+    return 0;
+}

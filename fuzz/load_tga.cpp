@@ -1,0 +1,6 @@
+#include "fuzz/image_file.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    LoadImageFile(&TextureData::LoadTGA, data, size);
+    return 0;
+}

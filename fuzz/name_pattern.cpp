@@ -1,0 +1,24 @@
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+#include "country/namegenerator.h"
+#include "fuzz/target.h"
+
+// The bytes are the masks of a pattern, and then a text of alternatives.
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::vector<std::uint32_t> pattern(size / sizeof(std::uint32_t) + 1);
+    std::memcpy(pattern.data(), data, (pattern.size() - 1) * sizeof(std::uint32_t));
+    pattern.back() = 0;
+    const std::string name = NameGenerator(pattern.data()).Generate();
+    Require(name.size() <= pattern.size() * 4);  // no fragment is longer
+
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    for (std::uint32_t index : {0U, 1U, 7U, 0xFFFF'FFFFU}) {
+        const std::string_view alternative = NameGenerator::Alternative(text, index);
+        Require(alternative.find('|') == std::string_view::npos);
+        Require(alternative.size() <= text.size());
+    }
+    return 0;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+#include <string>
+
+/// One input, of any bytes. Each target defines it; libFuzzer and the tests call it. Returns 0.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+/// Ends the process in a way that counts as a find.
+inline void Require(bool condition) {
+    if (!condition)
+        std::abort();
+}
+
+/// Drops what is written to standard error as long as it lives. Writing it would be most of
+/// what a target does.
+class QuietErrors {
+public:
+    QuietErrors();
+    ~QuietErrors();
+    QuietErrors(const QuietErrors&) = delete;
+    QuietErrors& operator=(const QuietErrors&) = delete;
+
+private:
+    std::streambuf* before;
+};
+
+/// A file in memory, rewritten for each input.
+class MemoryFile {
+public:
+    MemoryFile();
+    ~MemoryFile();
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    void Write(std::span<const std::uint8_t> bytes) const;
+    const std::string& Path() const { return path; }
+
+private:
+    int descriptor;
+    std::string path;
+};
+
+/// What a failed assertion of the system throws here, instead of ending the process: it is one
+/// of the ways in which a bad file may end.
+struct AssertionFailure {};

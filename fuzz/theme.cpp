@@ -1,0 +1,12 @@
+#include <sstream>
+
+#include "fuzz/toolkit.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const Toolkit toolkit;
+    std::istringstream file(std::string(data, data + size));
+    Theme theme;
+    Theme::Read(theme, file, "theme");
+    Require(theme.textureName.size() <= 511);
+    return 0;
+}

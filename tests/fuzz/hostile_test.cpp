@@ -1,0 +1,76 @@
+// Feeds one fuzz target with the valid files of its corpus and with damaged ones. The target
+// itself checks what must hold whatever comes in.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "fuzz/target.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+struct Seed {
+    std::string path;
+    Bytes bytes;
+};
+
+std::vector<Seed> Seeds() {
+    std::vector<Seed> seeds;
+    for (const auto& entry : std::filesystem::directory_iterator(HOSTILE_CORPUS))
+        seeds.push_back({entry.path().string(), FileBytes(entry.path().string())});
+    std::sort(seeds.begin(), seeds.end(),
+              [](const Seed& a, const Seed& b) { return a.path < b.path; });
+    return seeds;
+}
+
+/// A buffer of exactly this size, so that the sanitizers notice a byte more.
+void Feed(const Bytes& bytes) {
+    const Bytes exact(bytes);
+    EXPECT_EQ(LLVMFuzzerTestOneInput(exact.data(), exact.size()), 0);
+}
+
+TEST(HOSTILE_SUITE, TakesNothing) {
+    Feed({});
+}
+
+TEST(HOSTILE_SUITE, TakesEachSeed) {
+    const std::vector<Seed> seeds = Seeds();
+    EXPECT_FALSE(seeds.empty());
+    for (const Seed& seed : seeds) {
+        SCOPED_TRACE(seed.path);
+        Feed(seed.bytes);
+    }
+}
+
+TEST(HOSTILE_SUITE, TakesEachSeedCutAtEveryLength) {
+    for (const Seed& seed : Seeds()) {
+        SCOPED_TRACE(seed.path);
+        for (std::size_t length = 0; length < seed.bytes.size(); ++length)
+            Feed(Bytes(seed.bytes.data(), seed.bytes.data() + length));
+    }
+}
+
+TEST(HOSTILE_SUITE, TakesEachSeedWithEveryByteReplaced) {
+    for (const Seed& seed : Seeds()) {
+        SCOPED_TRACE(seed.path);
+        Bytes changed = seed.bytes;
+        for (std::size_t position = 0; position < changed.size(); ++position) {
+            const std::uint8_t byte = changed[position];
+            for (const int replacement : {0x00, 0xFF, ~byte}) {
+                changed[position] = static_cast<std::uint8_t>(replacement);
+                Feed(changed);
+            }
+            changed[position] = byte;
+        }
+    }
+}
+
+}  // namespace
