@@ -30,7 +30,7 @@ void Report(benchmark::State& state, std::size_t allocationsBefore) {
 void CopyTheBytesOfAnEvent(benchmark::State& state) {
     alignas(Event) unsigned char from[sizeof(Event)] = {};
     alignas(Event) unsigned char to[sizeof(Event)];
-    for (auto iteration : state) {
+    for ([[maybe_unused]] auto iteration : state) {
         benchmark::DoNotOptimize(from);
         std::memcpy(to, from, sizeof to);
         benchmark::DoNotOptimize(to);
@@ -41,7 +41,7 @@ void CopyTheBytesOfAnEvent(benchmark::State& state) {
 void CopyAnEvent(benchmark::State& state) {
     const Event event(UpdateEvent);
     const std::size_t before = AllocationCount();
-    for (auto iteration : state) {
+    for ([[maybe_unused]] auto iteration : state) {
         Event copy = event;
         benchmark::DoNotOptimize(copy);
     }
@@ -53,7 +53,7 @@ void CopyAnEventWithACaption(benchmark::State& state) {
     Event event(OpenWindowEvent);
     event.caption = "Quarn Application";
     const std::size_t before = AllocationCount();
-    for (auto iteration : state) {
+    for ([[maybe_unused]] auto iteration : state) {
         Event copy = event;
         benchmark::DoNotOptimize(copy);
     }
@@ -62,7 +62,7 @@ void CopyAnEventWithACaption(benchmark::State& state) {
 
 void MakeAnEvent(benchmark::State& state) {
     trace::Start();
-    for (auto iteration : state) {
+    for ([[maybe_unused]] auto iteration : state) {
         Event event(UpdateEvent);
         benchmark::DoNotOptimize(event);
     }
@@ -78,7 +78,7 @@ void DispatchThroughTheKernel(benchmark::State& state) {
             kernel->AddChild(new Catcher, 0x1ff, 500);
         const Event event(UpdateEvent);
         const std::size_t before = AllocationCount();
-        for (auto iteration : state)
+        for ([[maybe_unused]] auto iteration : state)
             benchmark::DoNotOptimize(kernel->SendEvent(nullptr, event));
         Report(state, before);
     }

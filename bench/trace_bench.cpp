@@ -74,14 +74,14 @@ void Call(benchmark::State& state) {
     const TraceFrame init("Init", "App");
     const TraceFrame loop("MainLoop", "Kernel");
     const CountAllocations count(state);
-    for (auto iteration : state)
+    for ([[maybe_unused]] auto iteration : state)
         benchmark::DoNotOptimize(function(1));
 }
 
 void GuardWhileTracingIsOff(benchmark::State& state) {
     trace::tracing = false;
     const CountAllocations count(state);
-    for (auto iteration : state)
+    for ([[maybe_unused]] auto iteration : state)
         benchmark::DoNotOptimize(Traced(1));
 }
 

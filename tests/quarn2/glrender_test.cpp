@@ -18,11 +18,9 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
-using testing::FloatEq;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
-using testing::Pointwise;
 
 using GLMatrix = std::array<float, 16>;
 

@@ -15,11 +15,9 @@
 
 namespace {
 
-using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 constexpr std::uint32_t kInputChannels = 1U << 6 | 1U << 8;
 

@@ -12,7 +12,7 @@ std::string ReadBack(const std::string& content) {
     const std::string name = testing::TempDir() + "strings_test."
                              + testing::UnitTest::GetInstance()->current_test_info()->name();
     std::ofstream(name, std::ios::binary) << content;
-    const std::string text = ReadFile(name);
+    std::string text = ReadFile(name);
     std::remove(name.c_str());
     return text;
 }

@@ -57,10 +57,11 @@ TEST_F(TraceTest, FunctionLeftThroughAnExceptionPopsItsFrame) {
 
 void Recurse(int depth) {
     const TraceFrame frame("Recurse", "");
-    if (depth > 1)
+    if (depth > 1) {
         Recurse(depth - 1);
-    else
+    } else {
         PrintStackTrace();
+    }
 }
 
 TEST_F(TraceTest, RecursionIsOnTheStackOncePerActiveCall) {
