@@ -137,8 +137,9 @@ void ContrastCheck::CheckOnBackground(const Node& node) {
                                                              : static_cast<const void*>(&around);
     for (const auto& [mouse, when] : {std::pair(Mouse::Away, kIdle), {Mouse::Over, kHighlighted}}) {
         if (const auto behind = ColoursOf(*background, node.drawn, mouse)) {
-            Compare(node.widget->GetTheme(), *behind, identity, "'" + std::string(node.Tag()) + "'",
-                    when, file, node.declared->Where());
+            Compare(node.widget->GetTheme(), *behind, identity,
+                    "the text of '" + std::string(node.Tag()) + "'", when, file,
+                    node.declared->Where());
         }
     }
 }

@@ -247,7 +247,8 @@ private:
     }
 
     void Declare(const Statement& statement, const Word& tag) {
-        Declared widget{&statement, tag.text, std::string(statement.Text("parent")), {}, tag.text};
+        Declared widget{&statement, tag.text, std::string(statement.Text("parent")),
+                        {},         tag.text, solidified};
         if (statement.Find("tab") != nullptr)
             widget.tab = statement.Whole("tab");
         if (tag == kNone) {
@@ -336,9 +337,12 @@ private:
                                                    + Quoted(beforeConfiguration.front().text));
             return;
         }
-        for (const Word& tag : beforeConfiguration)
+        for (const Word& tag : beforeConfiguration) {
             Error(tag,
                   Quoted(tag.text) + " shows text and comes before CONF, which loads the font");
+            for (Declared& widget : result.widgets)
+                widget.misplaced = widget.misplaced || widget.Where().line == tag.place.line;
+        }
     }
 
     void CheckTabs(const std::string& tag, const TabWindowTags& window) {

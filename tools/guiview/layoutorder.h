@@ -16,6 +16,8 @@ struct Declared {
     std::optional<int> tab;
     /// By which the toolkit can find it: the tag, or one made up for a widget without.
     std::string handle;
+    /// Its size or place comes from an error that is reported, and says nothing by itself.
+    bool misplaced = false;
 
     Kind GetKind() const { return statement->kind->kind; }
     Place Where() const { return statement->Find("tag")->place; }

@@ -27,6 +27,11 @@ Box Screen() {
     return {-GLWidget::HalfWidth(), -GLWidget::guiScale, GLWidget::HalfWidth(), GLWidget::guiScale};
 }
 
+/// Whether the layout says where the widget is, and rightly so.
+bool IsPlaced(const Node& node) {
+    return node.declared != nullptr && !node.declared->misplaced;
+}
+
 struct Excess {
     float length = 0.0f;
     const char* side = "";
@@ -51,7 +56,7 @@ Excess ExcessOf(const Box& inner, const Box& outer) {
 void ScreenCheck::Run() {
     const auto& nodes = scene.Nodes();
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        if (nodes[i]->declared == nullptr)
+        if (!IsPlaced(*nodes[i]))
             continue;
         CheckPlace(*nodes[i]);
         CheckText(*nodes[i]);
@@ -85,8 +90,8 @@ bool ScreenCheck::IsBackgroundOf(const Node& earlier, const Node& later) {
 }
 
 void ScreenCheck::CheckSiblings(const Node& earlier, const Node& later) {
-    if (earlier.declared == nullptr || earlier.parent != later.parent
-        || !Scene::SeenTogether(earlier, later) || IsBackgroundOf(earlier, later))
+    if (!IsPlaced(earlier) || earlier.parent != later.parent || !Scene::SeenTogether(earlier, later)
+        || IsBackgroundOf(earlier, later))
         return;
     const std::string with =
         Quoted(earlier.Tag()) + " of line " + std::to_string(earlier.declared->Where().line);

@@ -1,0 +1,105 @@
+#include "tools/guiview/gamecheck.h"
+
+#include <gmock/gmock.h>
+
+#include "app/tags.h"
+#include "tests/tools/guiview/layout_test.h"
+
+namespace guiview {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class GameCheckTest : public LayoutTest {
+protected:
+    /// Whether a layout that consists of these lines lacks a widget of that tag.
+    bool Lacks(const std::string& layout, const std::string& tag) const {
+        return Found(kFirstLines + layout, true).find("the tag '" + tag + "'") != std::string::npos;
+    }
+};
+
+TEST_F(GameCheckTest, AMissingTagIsAnErrorOfTheWholeLayout) {
+    EXPECT_THAT(Found("", true), HasSubstr("test.gui:1:1: error: the game needs a Butt with the "
+                                           "tag 'exitbut'\n"));
+    EXPECT_THAT(Found("", true), HasSubstr("test.gui:1:1: error: the game needs a Slide with the "
+                                           "tag 'farmers'\n"));
+    EXPECT_THAT(Found("", true), HasSubstr("test.gui:1:1: error: the game needs a Combo with the "
+                                           "tag 'countrysel'\n"));
+    EXPECT_THAT(Found("", true), HasSubstr("test.gui:1:1: error: the game needs a Label with the "
+                                           "tag 'funds'\n"));
+    EXPECT_THAT(Found("", true), HasSubstr("test.gui:1:1: error: the game needs a Win with the "
+                                           "tag 'newspaper'\n"));
+}
+
+TEST_F(GameCheckTest, NothingElseNeedsTheTags) {
+    EXPECT_EQ(Found("", false), "");
+}
+
+TEST_F(GameCheckTest, EveryTagOfTheGameIsLookedFor) {
+    const std::string found = Found("", true);
+    for (const tag::Widget& widget : tag::kWidgets) {
+        const std::string finding = "with the tag '" + std::string(widget.tag) + "'\n";
+        if (widget.optional)
+            EXPECT_THAT(found, Not(HasSubstr(finding)));
+        else
+            EXPECT_THAT(found, HasSubstr(finding));
+    }
+}
+
+TEST_F(GameCheckTest, AWidgetOfItsTagIsNotMissed) {
+    EXPECT_TRUE(Lacks("CADD Label date2 NULL -1 1 A\n", "date"));
+    EXPECT_FALSE(Lacks("CADD Label date NULL -1 1 A\n", "date"));
+}
+
+TEST_F(GameCheckTest, AWidgetOfTheWrongKindIsAnError) {
+    EXPECT_THAT(
+        Found("CONF gui.conf\nCADD Label exitbut NULL -1 1 Exit\n", true),
+        HasSubstr("test.gui:2:6: error: 'exitbut' is a Label, and the game needs a Butt\n"));
+    EXPECT_THAT(
+        Found("CONF gui.conf\nCADD TWin newspaper NULL -1 1\n", true),
+        HasSubstr("test.gui:2:6: error: 'newspaper' is a TWin, and the game needs a Win\n"));
+}
+
+TEST_F(GameCheckTest, AnOptionalWidgetOfTheWrongKindIsAnError) {
+    EXPECT_THAT(Found("CONF gui.conf\nCADD Label justiceslide NULL -1 1 Justice\n", true),
+                HasSubstr("test.gui:2:6: error: 'justiceslide' is a Label, and the game needs a "
+                          "Slide\n"));
+}
+
+TEST_F(GameCheckTest, TheLongestTextsOfTheGameMustHaveRoom) {
+    EXPECT_THAT(Found("CONF gui.conf\nCADD Label funds NULL -1 1 Funds\n", true),
+                HasSubstr("test.gui:2:12: warning: the text of 'funds' is "));
+    EXPECT_THAT(Found("CONF gui.conf\nCADD Label funds NULL -1.7 1 Government funds: -1.88888e+06 "
+                      "doubloons\n",
+                      true),
+                Not(HasSubstr("'funds'")));
+    EXPECT_THAT(Found("CONF gui.conf\nCADD Label popinfo NULL -1 0.5 Population Statistics:  "
+                      "\\n\\n\n",
+                      true),
+                HasSubstr("test.gui:2:12: warning: the text of 'popinfo' takes 8 lines; the widget "
+                          "has room for 3\n"));
+}
+
+TEST_F(GameCheckTest, TheListOfPartnersGrowsWithTheirNames) {
+    EXPECT_THAT(
+        Found("CONF gui.conf\nCADD Win w NULL -1.5 -1 0 Window\nCADD Combo countrysel w 0 1\n",
+              true),
+        HasSubstr("test.gui:3:12: warning: 'countrysel' runs out of 'w', "));
+}
+
+TEST_F(GameCheckTest, WhatTheGameDoesNotReadIsNothingToPress) {
+    EXPECT_THAT(Found("CONF gui.conf\nCADD Butt other NULL 0 0 A\n", true),
+                Not(HasSubstr("'other'")));
+    EXPECT_THAT(Found("CONF gui.conf\nCADD Butt update NULL 0 0 A\n", true),
+                HasSubstr("'update' lies at the centre of the screen"));
+}
+
+TEST_F(GameCheckTest, TheTextsAreAlwaysTheSame) {
+    const HeadlessToolkit toolkit;
+    ASSERT_TRUE(GLWidget::font.Measure("data/font.ttf"));
+    EXPECT_EQ(LongestGameTexts(), LongestGameTexts());
+}
+
+}  // namespace
+}  // namespace guiview

@@ -1,0 +1,244 @@
+#include "tools/guiview/layoutorder.h"
+
+#include "tests/tools/guiview/layout_test.h"
+
+namespace guiview {
+namespace {
+
+using LayoutOrderTest = LayoutTest;
+
+// Tags
+
+TEST_F(LayoutOrderTest, AnUnknownParentIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD Label a win 0 0 A\n"),
+              "test.gui:2:14: error: unknown tag 'win'\n");
+}
+
+TEST_F(LayoutOrderTest, AParentMustComeFirst) {
+    EXPECT_EQ(FoundWithFont("CADD Label a win 0 0 A\nCADD Win win NULL 0 -1 0 A\n"),
+              "test.gui:2:14: error: unknown tag 'win'\n");
+}
+
+TEST_F(LayoutOrderTest, UnknownTagsAreErrorsInEveryStatement) {
+    EXPECT_EQ(FoundWithFont("NTAB a 0 A\nTEXT b B\nCENTRE c\nCENTREX d\nCENTREY e\n"),
+              "test.gui:2:6: error: unknown tag 'a'\n"
+              "test.gui:3:6: error: unknown tag 'b'\n"
+              "test.gui:4:8: error: unknown tag 'c'\n"
+              "test.gui:5:9: error: unknown tag 'd'\n"
+              "test.gui:6:9: error: unknown tag 'e'\n");
+}
+
+TEST_F(LayoutOrderTest, StatementsForNoWidgetAreIgnored) {
+    EXPECT_EQ(FoundWithFont("NTAB NULL 0 A\nTEXT NULL B\nCENTRE NULL\n"), "");
+}
+
+TEST_F(LayoutOrderTest, ADuplicateTagIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD Label a NULL 0 0 A\nCADD Label a NULL 0 1 B\n"),
+              "test.gui:3:12: error: the tag 'a' is taken by line 2\n");
+}
+
+TEST_F(LayoutOrderTest, WidgetsWithoutATagMayBeMany) {
+    EXPECT_EQ(FoundWithFont("CADD Label NULL NULL 0 0 A\nCADD Label NULL NULL 0 1 B\n"), "");
+}
+
+TEST_F(LayoutOrderTest, AWidgetThatIsItsOwnParentIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD Win a a 0 0 0 A\n"),
+              "test.gui:2:12: error: 'a' names itself as its parent\n");
+}
+
+TEST_F(LayoutOrderTest, TagsOfTheToolkitAreErrors) {
+    EXPECT_EQ(FoundWithFont("CADD Label __a NULL 0 0 A\nCADD Label b __c 0 0 B\nTEXT __d D\n"),
+              "test.gui:2:12: error: the tag '__a' belongs to the toolkit\n"
+              "test.gui:3:14: error: the tag '__c' belongs to the toolkit\n"
+              "test.gui:4:6: error: the tag '__d' belongs to the toolkit\n");
+}
+
+// Parents
+
+TEST_F(LayoutOrderTest, AParentThatIsNoContainerIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD Label a NULL 0 0 A\nCADD Label b a 0 0 B\n"),
+              "test.gui:3:14: error: the parent 'a' is a Label, no Win, Frame or TWin\n");
+}
+
+TEST_F(LayoutOrderTest, ATabOfWhatHasNoTabsIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD Win a NULL 0 -1 0 A\nTADD 0 Label b a 0 0 B\nNTAB a 0 A\n"),
+              "test.gui:3:16: error: the parent 'a' is a Win and has no tabs\n"
+              "test.gui:4:6: error: 'a' is a Win and has no tabs\n");
+}
+
+TEST_F(LayoutOrderTest, AWidgetOnNoTabIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nTADD 0 Label a w 0 0 A\n"
+                            "CADD Label b w 0 0.2 B\n"),
+              "test.gui:5:12: error: 'b' is on no tab of 'w' and is never seen: use TADD\n");
+}
+
+TEST_F(LayoutOrderTest, NestingDeeperThanTheToolkitDrawsIsAnError) {
+    std::string layout = "CADD Frame f0 NULL -1 -1 0\n";
+    for (int i = 1; i <= 13; ++i) {
+        layout += "CADD Frame f" + std::to_string(i) + " f" + std::to_string(i - 1) + " 0 0 0\n";
+    }
+    EXPECT_EQ(Found(layout), "test.gui:14:12: error: 'f13' is nested deeper than 12 containers\n");
+}
+
+// Tabs
+
+TEST_F(LayoutOrderTest, AGapInTheTabNumbersIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nNTAB w 2 C\n"),
+              "test.gui:4:8: error: tab 1 of 'w' is missing before tab 2\n");
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 1 B\nTADD 1 Label a w 0 0 A\n"),
+              "test.gui:3:8: error: tab 0 of 'w' is missing before tab 1\n");
+}
+
+TEST_F(LayoutOrderTest, TabsMayComeInAnyOrder) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 1 B\nNTAB w 0 A\n"
+                            "TADD 1 Label b w 0 0 B\nTADD 0 Label a w 0 0 A\n"),
+              "");
+}
+
+TEST_F(LayoutOrderTest, ATabWithoutTitleIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nTADD 1 Label a w 0 0 A\n"),
+              "test.gui:4:6: error: tab 1 of 'w' has no NTAB, so nobody can open it\n");
+}
+
+TEST_F(LayoutOrderTest, ATitleForATabThatHoldsAWidgetIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nTADD 0 Label a w 0 0 A\nNTAB w 0 A\n"),
+              "test.gui:4:8: error: NTAB empties tab 0 of 'w', which holds 'a': it belongs before "
+              "TADD\n");
+}
+
+TEST_F(LayoutOrderTest, ATitleForAnotherTabMayComeLater) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nTADD 0 Label a w 0 0 A\n"
+                            "NTAB w 1 B\nTADD 1 Label b w 0 0 B\n"),
+              "");
+}
+
+TEST_F(LayoutOrderTest, ASecondTitleIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nNTAB w 0 B\n"),
+              "test.gui:4:8: error: tab 0 of 'w' has its title from line 3\n");
+}
+
+TEST_F(LayoutOrderTest, TabNumbersThatNoWindowHasAreErrors) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w -1 A\nTADD 64 Label a w 0 0 A\n"),
+              "test.gui:3:8: error: there is no tab -1: tabs count from 0 to 63\n"
+              "test.gui:4:6: error: there is no tab 64: tabs count from 0 to 63\n");
+}
+
+TEST_F(LayoutOrderTest, ATitleAfterSolidIsAnError) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nSOLID\nNTAB w 0 A\n"),
+              "test.gui:4:1: error: NTAB comes after SOLID: the tabs are put in the wrong place\n");
+}
+
+// Themes and the configuration
+
+TEST_F(LayoutOrderTest, AThemeWhoseSecondWordIsNotNullIsAnError) {
+    EXPECT_EQ(Found("THEM default.theme NUL\n"),
+              "test.gui:1:20: error: the word behind THEM's theme is 'NUL' and must be NULL\n");
+}
+
+TEST_F(LayoutOrderTest, AThemeWithoutItsSecondWordIsAnError) {
+    EXPECT_EQ(Found("THEM default\n"), "test.gui:1:13: error: missing NULL\n");
+}
+
+TEST_F(LayoutOrderTest, TextWidgetsBeforeTheConfigurationAreErrors) {
+    EXPECT_EQ(Found("CADD Label a NULL 0 0 A\nCADD Slide b NULL 0 0.5 0.3 0\n"
+                    "CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nCONF gui.conf\n"
+                    "CADD Label c NULL 0 1 C\n"),
+              "test.gui:1:12: error: 'a' shows text and comes before CONF, which loads the font\n"
+              "test.gui:4:6: error: 'w' shows text and comes before CONF, which loads the font\n");
+}
+
+TEST_F(LayoutOrderTest, ALayoutWithTextsNeedsAConfiguration) {
+    EXPECT_EQ(Found("CADD Label a NULL 0 0 A\nCADD Label b NULL 0 1 A\n"),
+              "test.gui:1:12: error: there is no CONF to name the font of 'a'\n");
+}
+
+TEST_F(LayoutOrderTest, ALayoutWithoutTextsNeedsNone) {
+    EXPECT_EQ(Found("CADD Butt a NULL 1 1 TEX 0.1 0.1\nCADD Frame f NULL -1 0 0\n"), "");
+}
+
+// What is solid
+
+TEST_F(LayoutOrderTest, WidgetsAfterSolidAreErrors) {
+    EXPECT_EQ(FoundWithFont("CADD Win w NULL -1.5 -1 0 Window\nSOLID\nCADD Label a w 0 0 A\n"
+                            "CADD Win b NULL -1.5 0 0 Other\n"),
+              "test.gui:4:12: error: 'a' comes after SOLID: nothing makes room for it\n"
+              "test.gui:5:10: error: 'b' comes after SOLID and is never put in its place\n");
+}
+
+TEST_F(LayoutOrderTest, ASecondSolidIsAnError) {
+    EXPECT_EQ(Found("SOLID\nSOLID\n"),
+              "test.gui:2:1: error: SOLID a second time moves what is in its place already\n");
+}
+
+TEST_F(LayoutOrderTest, AContainerCentredBeforeSolidIsAWarning) {
+    EXPECT_EQ(FoundWithFont("CADD Win w NULL -1.5 -1 0 Window\nCENTREX w\n"),
+              "test.gui:3:9: warning: 'w' has no size before SOLID and is not centred\n");
+}
+
+TEST_F(LayoutOrderTest, AContainerMayBeCentredAfterSolid) {
+    EXPECT_EQ(FoundWithFont("CADD Win w NULL 0 1 0 Window\nSOLID\nCENTREX w\n"), "");
+}
+
+TEST_F(LayoutOrderTest, ALeafMayBeCentredAtOnce) {
+    EXPECT_EQ(FoundWithFont("CADD Label a NULL 0 0 A\nCENTRE a\n"), "");
+}
+
+// Values
+
+TEST_F(LayoutOrderTest, ATrackHasOneLength) {
+    const std::string finding =
+        "test.gui:1:23: error: a Slide is a width and 0, or 0 and a height, none of them "
+        "negative\n";
+    EXPECT_EQ(Found("CADD Slide a NULL 0 1 0.3 0\n"), "");
+    EXPECT_EQ(Found("CADD Slide a NULL 1 0 0 0.3\n"), "");
+    EXPECT_EQ(Found("CADD Slide a NULL 0 1 0.3 0.3\n"), finding);
+    EXPECT_EQ(Found("CADD Slide a NULL 0 1 0 0\n"), finding);
+    EXPECT_EQ(Found("CADD Slide a NULL 0 1 -0.3 0\n"), finding);
+}
+
+TEST_F(LayoutOrderTest, APictureHasASize) {
+    EXPECT_EQ(Found("CADD Butt a NULL 0 1 TEX 0 0.1\nCADD Butt b NULL 0 1 TEX 0.1 -0.1\n"),
+              "test.gui:1:26: error: a size of 0 cannot be seen\n"
+              "test.gui:2:30: error: a size of -0.1 cannot be seen\n");
+}
+
+TEST_F(LayoutOrderTest, ATextBoxHasColumnsAndRows) {
+    EXPECT_EQ(FoundWithFont("CADD Text a NULL 0 1 0 1\nCADD Text b NULL 0 1 1 1001\n"),
+              "test.gui:2:22: error: a Text has 1 to 1000 columns and rows\n"
+              "test.gui:3:24: error: a Text has 1 to 1000 columns and rows\n");
+}
+
+TEST_F(LayoutOrderTest, ItemsOfWhatShowsNoneAreAWarning) {
+    EXPECT_EQ(FoundWithFont("CADD Label a NULL 0 1 A\nTEXT a item\n"),
+              "test.gui:3:6: warning: 'a' is a Label: only a Combo shows items\n");
+}
+
+// What the toolkit is given
+
+TEST_F(LayoutOrderTest, WhatTheToolkitWouldStopAtIsLeftOut) {
+    Findings findings;
+    const LayoutFile file = ParseLayout("a.gui",
+                                        "CONF gui.conf  // font\n"
+                                        "THEM a.theme b\n"
+                                        "CADD Label a none 0 0 A\n"
+                                        "CADD Label b NULL 0 0 B\n"
+                                        "CADD Label c b 0 0 C\n"
+                                        "CADD Slide NULL NULL 0 0 1 0\n"
+                                        "// words\n"
+                                        "CENTRE none\n"
+                                        "CENTRE b\n",
+                                        findings);
+    EXPECT_EQ(FollowOrder(file, findings).buildable,
+              "CONF gui.conf\n"
+              "THEM a.theme NULL\n"
+              "\n"
+              "CADD Label b NULL 0 0 B\n"
+              "\n"
+              "CADD Slide NULL#6 NULL 0 0 1 0\n"
+              "\n"
+              "\n"
+              "CENTRE b\n");
+}
+
+}  // namespace
+}  // namespace guiview

@@ -1,0 +1,221 @@
+#include "tools/guiview/screencheck.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+#include "tests/tools/guiview/layout_test.h"
+
+namespace guiview {
+namespace {
+
+using testing::HasSubstr;
+
+/// Pictures stand for widgets of any size here: one unit is 231 pixels, a pixel 0.00433 units,
+/// and the screen spans 1.7333 by 1.3 to every side.
+class ScreenCheckTest : public LayoutTest {
+protected:
+    /// How wide a label "A" is in the theme's font.
+    static std::string LetterWidth() {
+        FontRender font;
+        EXPECT_TRUE(font.Measure("data/font.ttf"));
+        const float width = font.Advance('A') * 0.05f + 0.05f;
+        return std::to_string(std::lround(width / kPixel)) + " pixels";
+    }
+};
+
+// Outside
+
+TEST_F(ScreenCheckTest, AWidgetThatFillsTheScreenIsInside) {
+    EXPECT_EQ(Found("CADD Butt a NULL -1.7333 -1.3 TEX 3.4667 2.6\nCADD Frame f NULL 0 0 0\n"), "");
+}
+
+TEST_F(ScreenCheckTest, WidgetsOutsideTheScreenAreWarnings) {
+    EXPECT_EQ(Found("CADD Butt a NULL 1.6333 0.5 TEX 0.143 0.1\nCADD Butt b NULL -1.8 1 TEX 0.1 "
+                    "0.1\nCADD Butt c NULL 0 1.3 TEX 0.1 0.1\nCADD Butt d NULL 0 -5 TEX 1 0.1\n"),
+              "test.gui:1:11: warning: 'a' is outside the screen, 10 pixels beyond its right edge\n"
+              "test.gui:2:11: warning: 'b' is outside the screen, 15 pixels beyond its left edge\n"
+              "test.gui:3:11: warning: 'c' is outside the screen, 23 pixels beyond its upper edge\n"
+              "test.gui:4:11: warning: 'd' is outside the screen, 854 pixels beyond its lower "
+              "edge\n");
+}
+
+TEST_F(ScreenCheckTest, AWidgetThatAsksForAnEdgeIsThere) {
+    EXPECT_EQ(FoundWithFont("CADD Label a NULL 100 -100 A\nCADD Label b NULL -100 100 B\n"), "");
+}
+
+TEST_F(ScreenCheckTest, AWindowMayGrowBeyondTheEdgeThatItAskedFor) {
+    // The room for the title comes after the window was put at the edge.
+    EXPECT_EQ(
+        FoundWithFont("CADD Win w NULL -100 100 0 Top\nCADD Butt a w 0 0 TEX 0.3 0.3\n"),
+        "test.gui:2:10: warning: 'w' is outside the screen, 16 pixels beyond its upper edge\n");
+}
+
+TEST_F(ScreenCheckTest, AChildOutsideItsWindowIsAWarning) {
+    EXPECT_EQ(FoundWithFont("CADD Win w NULL -1 -1 0 Window\nCADD Butt a w -0.1 0 TEX 0.3 0.3\n"),
+              "test.gui:3:11: warning: 'a' runs out of 'w', 16 pixels beyond its left edge\n");
+}
+
+TEST_F(ScreenCheckTest, AKnobAtTheStartOfItsTrackCounts) {
+    EXPECT_EQ(
+        Found("CADD Slide a NULL -1.7333 0.5 1 0\n"),
+        "test.gui:1:12: warning: 'a' is outside the screen, 12 pixels beyond its left edge\n");
+    EXPECT_EQ(Found("CADD Slide a NULL -1.68 0.5 1 0\n"), "");
+}
+
+TEST_F(ScreenCheckTest, TheKnobOfAVerticalTrackHangsToTheLeft) {
+    EXPECT_EQ(
+        Found("CADD Slide a NULL -1.7 0.5 0 0.3\n"),
+        "test.gui:1:12: warning: 'a' is outside the screen, 15 pixels beyond its left edge\n");
+    EXPECT_EQ(Found("CADD Slide a NULL 1.68 0.5 0 0.3\n"), "");
+}
+
+// Overlaps
+
+TEST_F(ScreenCheckTest, SiblingsThatOverlapAreAWarning) {
+    EXPECT_EQ(FoundWithFont("CADD Frame f NULL -1.7 0.5 0\nCADD Butt a f 0 0 TEX 0.1 0.1\n"
+                            "CADD Butt b f 0.05 -0.02 TEX 0.2 0.2\n"),
+              "test.gui:4:11: warning: 'b' runs out of 'f', 5 pixels beyond its lower edge\n"
+              "test.gui:4:11: warning: 'b' overlaps 'a' of line 3 by 12 pixels across and 23 "
+              "pixels down\n");
+}
+
+TEST_F(ScreenCheckTest, TouchingIsNotOverlapping) {
+    EXPECT_EQ(Found("CADD Butt a NULL 1 1 TEX 0.1 0.1\nCADD Butt b NULL 1.1 1 TEX 0.1 0.1\n"
+                    "CADD Butt c NULL 1 1.099 TEX 0.2 0.1\n"),
+              "");
+}
+
+TEST_F(ScreenCheckTest, APictureMayLieBehindWhatComesLater) {
+    EXPECT_EQ(FoundWithFont("CADD Butt desk NULL -1.7333 -1.3 TEX 3.4666 2.6\n"
+                            "CADD Butt plate NULL 0.5 1 TEX 1 0.2\n"
+                            "CADD Label a NULL 0.6 1.05 A\n"),
+              "");
+}
+
+TEST_F(ScreenCheckTest, APictureOverWhatCameEarlierIsAWarning) {
+    EXPECT_EQ(FoundWithFont("CADD Label a NULL 0.6 1.05 A\nCADD Butt plate NULL 0.5 1 TEX 1 0.2\n"),
+              "test.gui:3:11: warning: 'plate' overlaps 'a' of line 2 by " + LetterWidth()
+                  + " across and 15 pixels down\n");
+}
+
+TEST_F(ScreenCheckTest, ALabelThatIsLargerThanItsBackgroundIsAWarning) {
+    EXPECT_THAT(FoundWithFont("CADD Butt plate NULL 0.5 1 TEX 0.05 0.2\n"
+                              "CADD Label a NULL 0.5 1.05 Far too wide\n"),
+                HasSubstr("test.gui:3:12: warning: 'a' overlaps 'plate' of line 2 by 12 pixels"));
+}
+
+TEST_F(ScreenCheckTest, WidgetsOfDifferentWindowsAreNoSiblings) {
+    EXPECT_EQ(Found("CADD Frame f NULL -1 0.5 0\nCADD Butt a f 0 0 TEX 0.1 0.1\n"
+                    "CADD Frame g NULL 1 0.5 0\nCADD Butt b g 0 0 TEX 0.1 0.1\n"),
+              "");
+}
+
+TEST_F(ScreenCheckTest, WidgetsOfDifferentTabsDoNotOverlap) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nNTAB w 1 B\n"
+                            "TADD 0 Butt a w 0 0 TEX 0.1 0.1\nTADD 1 Butt b w 0 0 TEX 0.1 0.1\n"),
+              "");
+    EXPECT_THAT(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nNTAB w 1 B\n"
+                              "TADD 1 Label a w 0 0 A\nTADD 1 Label b w 0 0 B\n"),
+                HasSubstr("'b' overlaps 'a' of line 5"));
+}
+
+TEST_F(ScreenCheckTest, APressThatReachesASliderBesideAButtonIsAWarning) {
+    const std::string button = "CADD Butt a NULL 1 1 TEX 0.2 0.1\n";
+    EXPECT_EQ(Found(button + "CADD Slide b NULL 0.6 0.94 0.5 0\n"),
+              "test.gui:2:12: warning: a press on 'b' or on 'a' of line 1 moves both\n");
+    EXPECT_EQ(Found(button + "CADD Slide b NULL 0.6 0.89 0.5 0\n"), "");
+}
+
+TEST_F(ScreenCheckTest, ASliderMayReachALabel) {
+    EXPECT_EQ(FoundWithFont("CADD Label a NULL 1 1 A\nCADD Slide b NULL 0.6 0.94 0.5 0\n"), "");
+}
+
+// Texts
+
+TEST_F(ScreenCheckTest, ATextOfAnotherFontThanItsWidgetWasMadeForIsAWarning) {
+    // What is made before a font could be loaded has no room for letters.
+    folder.Write("none.conf", "none.ttf\nx\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n1\n");
+    const std::string found = Found(
+        "CONF none.conf\n"
+        "CADD Label a NULL -1.5 1 Label\nCADD Butt b NULL -1.5 0.8 Button\n"
+        "CADD Check c NULL -1.5 0.6 Check\nCADD Opt d NULL -1.5 0.4 Option\n"
+        "CADD Combo f NULL 0.5 1\nTEXT f Item\n"
+        "CONF gui.conf\n");
+    EXPECT_THAT(found, HasSubstr("test.gui:2:12: warning: the text of 'a' is "));
+    EXPECT_THAT(found, HasSubstr("test.gui:3:11: warning: the text of 'b' is "));
+    EXPECT_THAT(found, HasSubstr("test.gui:4:12: warning: the text of 'c' is "));
+    EXPECT_THAT(found, HasSubstr("test.gui:5:10: warning: the text of 'd' is "));
+    EXPECT_THAT(found, HasSubstr("test.gui:6:12: warning: the text of 'f' is "));
+    EXPECT_THAT(found, HasSubstr(" pixels wider than the widget has room for\n"));
+}
+
+TEST_F(ScreenCheckTest, ATitleThatTheCutCornerPushesOutIsAWarning) {
+    std::string theme = Theme("0 0 0", "0.8 0.8 0.8");
+    theme.replace(theme.find("0 corner"), 1, "0.5");
+    folder.Write("cut.theme", theme);
+    EXPECT_THAT(FoundWithFont("THEM cut.theme NULL\nCADD Win w NULL -1 -1 0 Window\n"
+                              "CADD Butt a w 0 0 TEX 0.1 0.5\n"),
+                HasSubstr("test.gui:3:10: warning: the text of 'w' is "));
+}
+
+TEST_F(ScreenCheckTest, ASampleTextWiderThanItsWidgetIsAWarning) {
+    EXPECT_THAT(Found("CONF gui.conf\nCADD Label a NULL 1 1 A\n", false, {{"a", "Aaaaaaaaaaaa"}}),
+                HasSubstr("test.gui:2:12: warning: the text of 'a' is "));
+}
+
+TEST_F(ScreenCheckTest, ASampleTextOfMoreLinesThanItsWidgetIsAWarning) {
+    EXPECT_EQ(Found("CONF gui.conf\nCADD Label a NULL 1 1 A\\nB\n", false, {{"a", "A\nB\nC"}}),
+              "test.gui:2:12: warning: the text of 'a' takes 3 lines; the widget has room for 2\n");
+}
+
+// What clicks fall through
+
+TEST_F(ScreenCheckTest, ButtonsAndSlidersBelowAListAreWarnings) {
+    EXPECT_EQ(FoundWithFont("CADD Combo list NULL 0.9 1\nTEXT list A\nTEXT list B\nTEXT list C\n"
+                            "CADD Butt a NULL 0.9 0.85 Go\nCADD Slide b NULL 1 0.75 0.3 0\n"
+                            "CADD Butt c NULL 0.9 0.55 Go\nCADD Label d NULL 0.9 0.93 D\n"),
+              "test.gui:6:11: warning: 'a' lies below the list of 'list': a click on the list "
+              "reaches it too\n"
+              "test.gui:7:12: warning: 'b' lies below the list of 'list': a click on the list "
+              "reaches it too\n");
+}
+
+TEST_F(ScreenCheckTest, AListThatTheProgramFillsIsTakenForTwelveItems) {
+    EXPECT_THAT(FoundWithFont("CADD Combo list NULL 0.9 1\nCADD Butt a NULL 0.9 -0.1 Go\n"),
+                HasSubstr("'a' lies below the list of 'list'"));
+    EXPECT_EQ(FoundWithFont("CADD Combo list NULL 0.9 1\nCADD Butt a NULL 0.9 -0.3 Go\n"), "");
+}
+
+TEST_F(ScreenCheckTest, AListThatLeavesTheScreenIsAWarning) {
+    EXPECT_EQ(FoundWithFont("CADD Combo list NULL 0.9 -0.3\n"),
+              "test.gui:2:12: warning: the open list of 'list' reaches 46 pixels beyond the "
+              "screen's lower edge\n");
+}
+
+TEST_F(ScreenCheckTest, WhatIsOnAnotherTabThanAListIsNotBelowIt) {
+    const std::string layout =
+        "CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nNTAB w 1 B\n"
+        "TADD 0 Combo list w 0 0.8\nTEXT list A\n";
+    EXPECT_EQ(FoundWithFont(layout + "TADD 1 Butt a w 0 0.7 Go\n"), "");
+    EXPECT_THAT(FoundWithFont(layout + "TADD 0 Butt a w 0 0.7 Go\n"),
+                HasSubstr("'a' lies below the list of 'list'"));
+}
+
+TEST_F(ScreenCheckTest, ButtonsAndSlidersAtTheCentreAreWarnings) {
+    EXPECT_EQ(FoundWithFont("CADD Butt a NULL 0 0 Go\nCADD Slide b NULL -0.3 -0.1 0.2 0\n"
+                            "CADD Label c NULL -0.2 0 C\nCADD Butt d NULL 0 0.6 Go\n"),
+              "test.gui:2:11: warning: 'a' lies at the centre of the screen: a click on a message "
+              "box reaches it too\n"
+              "test.gui:3:12: warning: 'b' lies at the centre of the screen: a click on a message "
+              "box reaches it too\n");
+}
+
+TEST_F(ScreenCheckTest, ABackgroundAtTheCentreIsNothingToPress) {
+    EXPECT_EQ(FoundWithFont("CADD Butt desk NULL -1 -1 TEX 2 2\nCADD Label a NULL 0 0 A\n"), "");
+    EXPECT_THAT(FoundWithFont("CADD Butt desk NULL -1 -1 TEX 2 2\n"),
+                HasSubstr("'desk' lies at the centre of the screen"));
+}
+
+}  // namespace
+}  // namespace guiview
