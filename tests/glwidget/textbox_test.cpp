@@ -53,7 +53,7 @@ public:
     std::string WithCaret() {
         const std::string before = box.GetText();
         Strike({'|'});
-        const std::string after = box.GetText();
+        std::string after = box.GetText();
         Strike({kBackspace});
         EXPECT_EQ(box.GetText(), before);
         return after;
