@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -23,8 +24,8 @@ inline void LoadImageFile(bool (TextureData::*load)(const std::string&), const s
         const auto count = static_cast<std::size_t>(image.GetWidth())
                            * static_cast<std::size_t>(image.GetHeight()) * 4;
         Require(image.GetData() != before);
-        for (std::size_t i = 0; i < count; ++i)
-            Require(image.GetData()[i] >= 0.0f && image.GetData()[i] <= 1.0f);
+        Require(std::all_of(image.GetData(), image.GetData() + count,
+                            [](float value) { return value >= 0.0f && value <= 1.0f; }));
     } else {
         Require(image.GetData() == before);
         for (std::size_t i = 0; i < kOld.size(); ++i)

@@ -8,9 +8,10 @@
 // The bytes are the masks of a pattern, and then a text of alternatives.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::vector<std::uint32_t> pattern(size / sizeof(std::uint32_t) + 1);
-    std::memcpy(pattern.data(), data, (pattern.size() - 1) * sizeof(std::uint32_t));
-    pattern.back() = 0;
+    std::vector<std::uint32_t> pattern(size / sizeof(std::uint32_t));
+    if (!pattern.empty())
+        std::memcpy(pattern.data(), data, pattern.size() * sizeof(std::uint32_t));
+    pattern.push_back(0);
     const std::string name = NameGenerator(pattern.data()).Generate();
     Require(name.size() <= pattern.size() * 4);  // no fragment is longer
 

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -22,10 +23,17 @@ struct Seed {
     Bytes bytes;
 };
 
+/// The target's corpus and the game's own files that it reads.
 std::vector<Seed> Seeds() {
-    std::vector<Seed> seeds;
+    std::vector<std::string> paths;
     for (const auto& entry : std::filesystem::directory_iterator(HOSTILE_CORPUS))
-        seeds.push_back({entry.path().string(), FileBytes(entry.path().string())});
+        paths.push_back(entry.path().string());
+    std::istringstream own(HOSTILE_OWN_FILES);
+    for (std::string path; std::getline(own, path, ',');)
+        paths.push_back(path);
+    std::vector<Seed> seeds;
+    for (const std::string& path : paths)
+        seeds.push_back({path, FileBytes(path)});
     std::sort(seeds.begin(), seeds.end(),
               [](const Seed& a, const Seed& b) { return a.path < b.path; });
     return seeds;
@@ -46,6 +54,7 @@ TEST(HOSTILE_SUITE, TakesEachSeed) {
     EXPECT_FALSE(seeds.empty());
     for (const Seed& seed : seeds) {
         SCOPED_TRACE(seed.path);
+        EXPECT_FALSE(seed.bytes.empty());
         Feed(seed.bytes);
     }
 }

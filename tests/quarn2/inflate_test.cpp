@@ -345,7 +345,7 @@ TEST(InflateTest, LiteralSymbolThatCannotBeDecodedFails) {
 TEST(InflateTest, CodeLengthSymbolThatCannotBeDecodedFails) {
     BitWriter out;
     out.Number(1, 1).Number(2, 2).Number(0, 5).Number(0, 5).Number(0, 4);
-    out.Number(0, 12).Number(0, 64);  // a code length code without symbols
+    out.Number(0, 12).Number(0, 32).Number(0, 32);  // a code length code without symbols
     ExpectBlockError(out.Written(), {});
 }
 
