@@ -2,10 +2,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <span>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -130,13 +132,15 @@ const char* Decode(std::span<const std::uint8_t> packets, const Header& header,
 
 bool TextureData::LoadTGA(const std::string& path) {
     TraceFrame frame("LoadTGA", "TextureData");
-    std::ifstream file(path, std::ios::binary);
-    file.peek();  // a folder opens, but does not read
-    if (!file.is_open() || file.bad()) {
+    std::error_code error;
+    std::ifstream file;
+    // A folder opens, but does not read; a pipe may wait for its writer for ever.
+    if (std::filesystem::is_regular_file(path, error))
+        file.open(path, std::ios::binary);
+    if (!file.is_open()) {
         std::cerr << "Error loading texture tga file '" << path << "'\n";
         return false;
     }
-    file.clear();
     std::array<std::uint8_t, kHeaderBytes> headerBytes{};
     const bool whole = ReadBytes(file, headerBytes) == headerBytes.size();
     Header header;

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -268,7 +269,8 @@ TEST_F(PngTest, PathWithPngInItIsLoadedAsOne) {
 // Files that cannot be used
 
 TEST_F(PngTest, FileThatCannotBeOpenedIsReported) {
-    for (const std::string name : {"missing.png", ""}) {  // the second is the folder itself
+    ASSERT_EQ(mkfifo(folder.Path("pipe.png").c_str(), 0600), 0);      // nobody writes into it
+    for (const std::string name : {"missing.png", "", "pipe.png"}) {  // "": the folder itself
         testing::internal::CaptureStderr();
         EXPECT_FALSE(image.LoadPNG(folder.Path(name)));
         EXPECT_EQ(testing::internal::GetCapturedStderr(),

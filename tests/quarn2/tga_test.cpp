@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cmath>
@@ -203,6 +204,16 @@ TEST_F(TgaTest, AMissingFileIsReported) {
 TEST_F(TgaTest, AFolderIsReportedAsAFileThatCannotBeOpened) {
     folder.Write("folder.tga/file", "");
     path = folder.Path("folder.tga");
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(image.LoadTGA(path));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Error loading texture tga file '" + path + "'\n");
+    ExpectUntouched();
+}
+
+TEST_F(TgaTest, APipeWithoutAWriterIsReportedAndNotWaitedFor) {
+    path = folder.Path("pipe.tga");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     testing::internal::CaptureStderr();
     EXPECT_FALSE(image.LoadTGA(path));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
