@@ -275,6 +275,27 @@ TEST_F(MemoryTraceTest, PointersTraceTheirConstructionAndAssignment) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "#1: MMObject::CollectGarbage\n");
 }
 
+/// Prints the trace whenever it is let go of.
+class Released : public MMObject {
+public:
+    void Release() {
+        PrintStackTrace();
+        MMObject::Release();
+    }
+};
+
+TEST_F(MemoryTraceTest, PointersTraceTheirEndByTheirOwnNameAlone) {
+    auto* const object = new Released;
+    testing::internal::CaptureStderr();
+    { const Pointer<Released> pointer = object; }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "#1: ~Pointer::~Pointer\n");
+    Pointer<Released> pointer = object;
+    testing::internal::CaptureStderr();
+    pointer = nullptr;
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "#1: Pointer::operator=\n");
+    MMObject::CollectGarbage();
+}
+
 TEST_F(MemoryTraceTest, FailuresNameTheOperation) {
     const Pointer<Node> empty;
     EXPECT_EXIT(empty->RefCount(), testing::ExitedWithCode(0), "\n#1: Pointer::operator->\n$");

@@ -485,10 +485,11 @@ TEST(BlendTest, SamplesByTheSinglePrecisionQuotient) {
 }
 
 TEST(BlendTest, WithACopyOfItselfReadsTheOldPixels) {
-    TextureData image = RedImage(2, 2, {0.1f, 0.2f, 0.3f, 0.4f});
+    TextureData image = RedImage(3, 2, {0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.05f});
     const TextureData copy = image;
     EXPECT_TRUE(image.Blend(1, 1, copy));
-    EXPECT_THAT(RedOf(image), ElementsAre(0.1f + 0.1f, 0.2f + 0.2f, 0.3f + 0.3f, 0.4f + 0.4f));
+    EXPECT_THAT(RedOf(image), ElementsAre(0.1f + 0.1f, 0.2f + 0.2f, 0.3f + 0.3f, 0.4f + 0.4f,
+                                          0.5f + 0.5f, 0.05f + 0.05f));
 }
 
 TEST(BlendTest, WithAnEmptyImageAddsNothing) {
