@@ -52,14 +52,14 @@ void DrawFrame(Draw draw) {
 
 void PrintedFrame(benchmark::State& state) {
     FontRender& font = Font();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         DrawFrame([&] { font.Print("%s", kText); });
 }
 BENCHMARK(PrintedFrame)->Name("frame of 36 texts by Print")->MeasureProcessCPUTime();
 
 void ListedFrame(benchmark::State& state) {
     Font().Print("%s", "");  // leaves the list base
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         glEnable(GL_TEXTURE_2D);
         glEnable(GL_BLEND);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -73,14 +73,14 @@ BENCHMARK(ListedFrame)->Name("frame of 36 texts by display lists alone")->Measur
 
 void Measure(benchmark::State& state) {
     FontRender& font = Font();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(font.Length("%s", kText));
 }
 BENCHMARK(Measure)->Name("Length of 30 characters");
 
 void LoadFont(benchmark::State& state) {
     Font();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         FontRender font;
         if (!font.Init("font.ttf"))
             std::abort();

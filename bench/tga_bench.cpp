@@ -35,7 +35,7 @@ std::string WriteSample(int run) {
 
 void LoadTGA(benchmark::State& state) {
     const std::string path = WriteSample(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         TextureData image;
         if (!image.LoadTGA(path))
             state.SkipWithError("not loaded");
@@ -48,7 +48,7 @@ BENCHMARK(LoadTGA)->Name("TGA to floats, runs of")->Arg(1)->Arg(8)->Arg(200);
 
 void StbImage(benchmark::State& state) {
     const std::string path = WriteSample(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         int width = 0, height = 0, channels = 0;
         stbi_uc* const bytes = stbi_load(path.c_str(), &width, &height, &channels, 4);
         if (bytes == nullptr)
