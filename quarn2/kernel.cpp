@@ -127,6 +127,8 @@ bool Kernel::PropogateEvent(const Pointer<EventCatcher>& who, const Event& ev, b
     const Route& route = RouteOf(ev.type);
     Assert("kernel", 181, "\"No matching event found, but no error returned\" && 0",
            route.channels[0] != kNoChannel);
+    // Nobody is left out then, not even a child without a catcher, which cannot be delivered to.
+    const bool everybody = broadcast && !who;
     for (const int channel : route.channels) {
         if (channel == kNoChannel)
             break;
@@ -137,7 +139,7 @@ bool Kernel::PropogateEvent(const Pointer<EventCatcher>& who, const Event& ev, b
         for (const std::int32_t index : channels[static_cast<std::size_t>(channel)]) {
             const Child& child = children[static_cast<std::size_t>(index)];
             const bool isWho = child.catcher == who;
-            if (isWho != broadcast && !child.catcher->GotEvent(ev))
+            if ((everybody || isWho != broadcast) && !child.catcher->GotEvent(ev))
                 return false;
         }
     }

@@ -192,9 +192,13 @@ TEST_F(KernelTest, UnknownTypeIsPrintedAndFailsTheAssertion) {
 
 TEST_F(KernelTest, ChildWithoutACatcherFailsTheAssertion) {
     kernel->AddChild(nullptr, kAllChannels, 0);
-    const Pointer<Recorder> sender = new Recorder("sender", journal);
-    EXPECT_EXIT(kernel->SendEvent(static_cast<Recorder*>(sender), Event(UpdateEvent)),
-                testing::ExitedWithCode(0),
+    const Pointer<Recorder> recorder = new Recorder("sender", journal);
+    for (Recorder* const sender :
+         {static_cast<Recorder*>(recorder), static_cast<Recorder*>(nullptr)}) {
+        EXPECT_EXIT(kernel->SendEvent(sender, Event(UpdateEvent)), testing::ExitedWithCode(0),
+                    testing::Eq("Assert failed on quarn2/memory:160 - \"obj!=NULL\"\n"));
+    }
+    EXPECT_EXIT(kernel->SendEventTo(nullptr, Event(UpdateEvent)), testing::ExitedWithCode(0),
                 testing::Eq("Assert failed on quarn2/memory:160 - \"obj!=NULL\"\n"));
 }
 
