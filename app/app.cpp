@@ -162,6 +162,7 @@ bool App::Update(std::uint32_t milliseconds) {
 }
 
 void App::ReportFrameRate() {
+    TraceFrame frame("ReportFrameRate", "App");
     if (elapsedMs <= kFrameRateMs)
         return;
     // kept: the clock empties the accumulator every second, so this is not reached in play
@@ -186,6 +187,7 @@ bool App::Quit() {
 }
 
 void App::EndWorld() {
+    TraceFrame frame("EndWorld", "App");
     Quit();
     partner = nullptr;
     world.reset();

@@ -101,6 +101,7 @@ Country* controls::ChoosePartner(Country* partner, const World& world) {
 }
 
 controls::Order controls::ReadOrder(const Country& country, const Country& partner) {
+    TraceFrame frame("ReadOrder", "App");
     return {country.LivestockOrder(partner, Level(tag::kStockOrder)),
             country.GrainOrder(partner, Level(tag::kGrainOrder)),
             country.FineGoodsOrder(Level(tag::kFineOrder))};
@@ -125,6 +126,7 @@ void controls::Trade(Country& country, Country& partner) {
 }
 
 void controls::ClearOrder() {
+    TraceFrame frame("ClearOrder", "App");
     for (const std::string_view slider : {tag::kStockOrder, tag::kGrainOrder, tag::kFineOrder})
         GLWidget::GetByTag(slider)->SetLevel(0.0f);
 }

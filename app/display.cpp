@@ -74,6 +74,7 @@ void Display::SetValue(std::string_view name, const char* format, double value, 
 }
 
 void Display::ShowProfessions(const Country& country) {
+    TraceFrame frame("ShowProfessions", "Display");
     for (const Profession profession : kProfessions) {
         const float part = country.Count(profession) / country.population;
         SetValue(tag::Of(profession).slider, tag::Of(profession).labelFormat,
@@ -82,6 +83,7 @@ void Display::ShowProfessions(const Country& country) {
 }
 
 void Display::ShowRations(const Country& country) {
+    TraceFrame frame("ShowRations", "Display");
     if (GLWidget::GetByTag(tag::kLivestockRationLabel, false) != nullptr)
         SetValue(tag::kLivestockRation, "Livestock Ration: %.3f",
                  static_cast<double>(country.livestock.ration));
@@ -91,12 +93,14 @@ void Display::ShowRations(const Country& country) {
 }
 
 void Display::ShowOrder(float livestock, float grain, float fineGoods) {
+    TraceFrame frame("ShowOrder", "Display");
     SetValue(tag::kStockOrder, "Livestock to Buy/Sell: %.0f", static_cast<double>(livestock));
     SetValue(tag::kGrainOrder, "Grain to Buy/Sell: %.0f", static_cast<double>(grain));
     SetValue(tag::kFineOrder, "Fine Goods to Buy: %.0f", static_cast<double>(fineGoods));
 }
 
 void Display::ShowStore(const Country& country) {
+    TraceFrame frame("ShowStore", "Display");
     TextWriter text(buffer);
     text << "Livestock: ";
     text.Rounded(country.livestock.amount) << "\nGrain: ";
@@ -105,6 +109,7 @@ void Display::ShowStore(const Country& country) {
 }
 
 void Display::ShowPopulation(const Country& country) {
+    TraceFrame frame("ShowPopulation", "Display");
     TextWriter text(buffer);
     text << "Population Statistics: \nTotal: ";
     text.Rounded(country.population);
@@ -118,6 +123,7 @@ void Display::ShowPopulation(const Country& country) {
 }
 
 void Display::ShowContinent(const World& world) {
+    TraceFrame frame("ShowContinent", "Display");
     if (continent.empty()) {
         TextWriter text(continent);
         text << "Continent Information: \n"
@@ -133,18 +139,21 @@ void Display::ShowContinent(const World& world) {
 }
 
 void Display::ShowFunds(const Country& country) {
+    TraceFrame frame("ShowFunds", "Display");
     TextWriter text(buffer);
     text << "Government funds: " << country.funds << " doubloons";
     SetText(tag::kFunds, buffer);
 }
 
 void Display::ShowDate(const Date& date) {
+    TraceFrame frame("ShowDate", "Display");
     TextWriter text(buffer);
     text << "The date is " << date.Text();
     SetText(tag::kDate, buffer);
 }
 
 void Display::ShowPage(const Newspaper& newspaper, unsigned page) {
+    TraceFrame frame("ShowPage", "Display");
     TextWriter text(buffer);
     text << "Page " << static_cast<long>(page) + 1 << "\n";
     if (page < newspaper.Stories().size())
@@ -153,6 +162,7 @@ void Display::ShowPage(const Newspaper& newspaper, unsigned page) {
 }
 
 void Display::ShowFigures(const Country& country) {
+    TraceFrame frame("ShowFigures", "Display");
     if (GLWidget::GetByTag(tag::kFigures, false) == nullptr)
         return;
     const Military& military = country.military;
@@ -176,6 +186,7 @@ void Display::ShowFigures(const Country& country) {
 }
 
 void Display::ShowFrameRate(long framesPerSecond) {
+    TraceFrame frame("ShowFrameRate", "Display");
     GLWidget* const label = GLWidget::GetByTag(tag::kFrameRate, false);
     if (label == nullptr)
         return;

@@ -9,7 +9,7 @@ class Newspaper;
 class World;
 
 /// Turns the country into the texts of the labels. Keeps its buffers between frames, so that a
-/// frame in which nothing changed allocates nothing.
+/// frame in which nothing changed allocates no more than the date's text.
 class Display {
 public:
     /// Sets the label of a value, the value's name and "lab", to `value * multiplier` in a
@@ -28,7 +28,7 @@ public:
     void ShowDate(const Date& date);
     void ShowPage(const Newspaper& newspaper, unsigned page);
     void ShowFigures(const Country& country);
-    /// @return whether the layout has a place for it
+    /// Does nothing where the layout has no place for it.
     void ShowFrameRate(long framesPerSecond);
 
 private:

@@ -11,6 +11,7 @@
 #include "country/world.h"
 #include "glwidget/glwidget.h"
 #include "quarn2/strings.h"
+#include "quarn2/trace.h"
 #include "tests/app/game_fixture.h"
 
 namespace {
@@ -25,6 +26,30 @@ long SecondOfMonth(const World& world) {
     return ((day * 24L + hour) * 60 + minute) * 60 + second;
 }
 
+/// Counts the key events that reach it and keeps the last one's keys.
+class KeyListener : public GLWidget {
+public:
+    KeyListener() : GLWidget("listener", nullptr, Vector(0.0f, 0.0f), nullptr) {
+        widgets.push_back(this);
+    }
+    ~KeyListener() override {
+        widgets.remove(this);
+        tags.erase("listener");
+    }
+
+    bool TextKeyPress(const KeyFlags& keys) override {
+        ++events;
+        last = keys;
+        return true;
+    }
+    bool MouseClick(bool, bool, bool) override { return false; }
+    void Render() override {}
+    void SetFocussed(GLWidget*) override {}
+
+    int events = 0;
+    KeyFlags last{};
+};
+
 using AppTest = GameTest;
 
 TEST_F(AppTest, NewWorldIsMerovinskaWithTwelveNeighboursAndThreePartners) {
@@ -34,6 +59,10 @@ TEST_F(AppTest, NewWorldIsMerovinskaWithTwelveNeighboursAndThreePartners) {
     ASSERT_EQ(app->GetWorld()->countries.size(), 12u);
     EXPECT_EQ(app->GetWorld()->date.Text(), "1358/5/16 0:0:0");
     EXPECT_EQ(Text("newspaper"), "Merovinska Newspaper");
+    std::size_t partners = 0;
+    for (const auto& [country, sells] : Player().tradePartners)
+        partners += sells ? 1u : 0u;
+    EXPECT_EQ(partners, 3u);
     EXPECT_EQ(Widget("countrysel").GetCurrentText(), app->GetWorld()->countries[0]->name);
 }
 
@@ -227,6 +256,32 @@ TEST_F(AppTest, WeekButtonAdvancesExactlyOneWeek) {
     EXPECT_EQ(Player().elapsed, 604800.0f);  // one press, one week
 }
 
+TEST_F(AppTest, WeekRunsOnTheCountryAsItWasBeforeTheControlsOfItsFrame) {
+    StartGame();
+    app->Update(0);
+    const float perSecond = Player().grain.production;
+    const float grain = Player().grain.amount;
+    const float eaten = Player().population * Player().grain.ration;
+    SetLevel("farmers", 0.9f);
+    SetLevel("gration", 1.0f);
+    Click("farmers++");
+    Click("update");
+    app->Update(0);
+    EXPECT_NEAR(Player().grain.amount, grain + perSecond * 604800.0f - eaten, 0.01f * eaten);
+    EXPECT_FLOAT_EQ(Player().Share(Profession::Farmers), 0.91f);
+    EXPECT_FLOAT_EQ(Player().grain.ration, 0.4f);
+}
+
+TEST_F(AppTest, ClockTicksBeforeTheWeekOfItsFrame) {
+    StartGame();
+    app->Update(0);
+    Click("update");
+    app->Update(1001);
+    EXPECT_GE(Player().elapsed, 604800.0f + 300.0f);
+    EXPECT_LE(Player().elapsed, 604800.0f + 359.0f);
+    EXPECT_EQ(SecondOfMonth(*app->GetWorld()), 16L * 86400 + static_cast<long>(Player().elapsed));
+}
+
 TEST_F(AppTest, ExitButtonEndsTheGameBeforeTheClockRuns) {
     StartGame();
     app->Update(0);
@@ -240,10 +295,33 @@ TEST_F(AppTest, ExitButtonEndsTheGameBeforeTheClockRuns) {
 
 TEST_F(AppTest, EscapeEndsTheGameAndReachesNoWidget) {
     StartGame();
+    const KeyListener listener;
     Event key(KeyEvent);
+    key.keyboard.down['a'] = true;
+    key.keyboard.pressed['a'] = true;
     EXPECT_TRUE(app->GotEvent(key));
+    EXPECT_EQ(listener.events, 1);
     key.keyboard.down[27] = true;
     EXPECT_FALSE(app->GotEvent(key));
+    EXPECT_EQ(listener.events, 1);
+}
+
+TEST_F(AppTest, KeysPressedOrRepeatingReachTheWidgetsAndKeysHeldDoNot) {
+    StartGame();
+    const KeyListener listener;
+    Event key(KeyEvent);
+    key.keyboard.down['a'] = true;  // since an earlier update
+    key.keyboard.down['b'] = true;
+    key.keyboard.pressed['b'] = true;
+    EXPECT_TRUE(app->GotEvent(key));
+    EXPECT_EQ(listener.last, key.keyboard.pressed);
+}
+
+TEST_F(AppTest, EscapeAmongTheRepeatingKeysAloneEndsNothing) {
+    StartGame();
+    Event key(KeyEvent);
+    key.keyboard.pressed[27] = true;
+    EXPECT_TRUE(app->GotEvent(key));
 }
 
 TEST_F(AppTest, ReleaseWithoutAWorldDeletesNothing) {
@@ -296,6 +374,32 @@ TEST_F(AppTest, LayoutWithoutAWidgetOfTheGameEndsWithItsName) {
     Said();
     EXPECT_EXIT(app->Update(0), testing::ExitedWithCode(0),
                 "Invalid Tag Widget: 'storelab'\nAssert failed on glwidget/glwidget:539 - ");
+}
+
+TEST_F(AppTest, ReportOfAMissingLabelNamesTheCallsThatWantedIt) {
+    StartLayout({"storelab"});
+    GLWidget::tags["storelab"] = nullptr;
+    app->CreateWorld();
+    Said();
+    EXPECT_EXIT(
+        {
+            trace::Start();
+            app->Update(0);
+        },
+        testing::ExitedWithCode(0), "GLWidget::GetByTag\n#2: Display::ShowStore\n#1: App::Update");
+}
+
+TEST_F(AppTest, ReportOfAMissingTradeSliderNamesTheCallsThatWantedIt) {
+    StartLayout({"finebuy"});
+    GLWidget::tags["finebuy"] = nullptr;
+    Said();
+    EXPECT_EXIT(
+        {
+            trace::Start();
+            app->CreateWorld();
+        },
+        testing::ExitedWithCode(0),
+        "GLWidget::GetByTag\n#2: App::ClearOrder\n#1: App::CreateWorld");
 }
 
 TEST_F(AppTest, LayoutMayLackTheOptionalWidgets) {
@@ -371,6 +475,22 @@ TEST_F(AppTest, PurchaseIsPaidStoredAndClearsTheOrder) {
     EXPECT_EQ(GLWidget::GetByTag("__msgbox", false), nullptr);
 }
 
+TEST_F(AppTest, FrameOfAPurchaseShowsTheOrderBeforeItAndTheStoreAfterIt) {
+    StartGame();
+    app->Update(0);
+    SetLevel("stockbuy", 0.5f);
+    app->Update(0);
+    const std::string order = Text("stockbuylab");
+    Click("buybut");
+    app->Update(0);
+    EXPECT_EQ(Text("stockbuylab"), order);
+    EXPECT_EQ(
+        Text("storelab"),
+        "Livestock: " + std::to_string(std::lround(Player().livestock.amount)) + "\nGrain: 24000");
+    app->Update(0);
+    EXPECT_EQ(Text("stockbuylab"), "Livestock to Buy/Sell: 0");
+}
+
 TEST_F(AppTest, RefusedPurchaseSaysSoAndKeepsTheOrder) {
     StartGame();
     app->Update(0);
@@ -403,6 +523,19 @@ TEST_F(AppTest, SaleIsPaidInFullAndClearsTheOrder) {
     EXPECT_FLOAT_EQ(Player().funds, funds + funds);
     EXPECT_LT(Player().grain.amount, store);
     EXPECT_EQ(Widget("grainbuy").GetLevel(), 0.0f);
+}
+
+TEST_F(AppTest, CountryWhosePeopleAreNoNumberIsGovernedOn) {
+    StartGame();
+    app->Update(0);
+    Player().population = std::nanf("");
+    Click("butchers++");
+    app->Update(0);
+    for (const char* const button : {"update", "buybut", "sellbut"}) {
+        Click(button);
+        EXPECT_TRUE(app->Update(1001));
+    }
+    EXPECT_TRUE(std::isnan(Player().population));
 }
 
 TEST_F(AppTest, NewspaperShowsPageOneAndTheStory) {

@@ -114,6 +114,37 @@ TEST_F(DisplayTest, FiguresHaveThirteenLines) {
               "Revolt: 0    Rebellion: 0");
 }
 
+TEST_F(DisplayTest, FiguresMarkWhatIsInProgressWithItsWholeSeconds) {
+    StartGame();
+    Country& player = Player();
+    player.morale = 0.25f;
+    player.opinion = 0.75f;
+    player.military.oppressing = 0.125f;
+    player.famineChance = -0.001f;
+    player.famineTime = 10886400.0f;
+    player.plagueTime = 0.25f;  // still above nothing
+    player.rebellion = true;
+    display.ShowFigures(player);
+    EXPECT_EQ(Text("debuginfo"),
+              "The Justice level is 0.4\n"
+              "The Crime level is 0.6\n"
+              "\n"
+              "The population's morale is 0.25\n"
+              "The population's opinion is 0.75\n"
+              "The military's recruits: 1350\n"
+              "The military's average skill: 0.3\n"
+              "The military's weekly cost: 32.7115\n"
+              "The military oppressing: 0.125\n"
+              "The military patrolling: 0.4\n"
+              "The famine chance: -0.001    Famine: 1    Famine Length: 10886400\n"
+              "Plague: 1    Plague Length: 0\n"
+              "Revolt: 0    Rebellion: 1");
+    player.revolt = true;
+    player.rebellion = false;
+    display.ShowFigures(player);
+    EXPECT_TRUE(Text("debuginfo").ends_with("Revolt: 1    Rebellion: 0"));
+}
+
 TEST_F(DisplayTest, FrameRateIsShownWhereTheLayoutHasAPlaceForIt) {
     StartLayout();
     display.ShowFrameRate(60);
