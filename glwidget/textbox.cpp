@@ -207,7 +207,7 @@ float Textbox::LineWidth(std::string_view line) const {
 
 void Textbox::Render() {
     TraceFrame frame("Render", "Textbox");
-    Assert("glwidget/textbox", __LINE__, "rendering", rendering);
+    Assert("textbox", __LINE__, "rendering", rendering);
     const MatrixScope matrix;
     EnableBlending();
     DisableDepthTest();

@@ -402,7 +402,7 @@ TEST_F(TextboxTest, TextThatIsSetIsReplacedByTheNextKey) {
 
 TEST_F(TextboxTest, DrawingOutsideTheToolkitsRunIsRefused) {
     EXPECT_EXIT(box.Render(), testing::ExitedWithCode(0),
-                "Assert failed on glwidget/textbox:[0-9]+ - \"rendering\"");
+                "Assert failed on textbox:[0-9]+ - \"rendering\"");
 }
 
 /// Two text boxes and a group of options in a window.
