@@ -70,6 +70,20 @@ CLI::Validator Between(double lowest, double highest) {
             ""};
 }
 
+/// Takes decimal digits alone. Leading zeros go: to the parser they would mean another base.
+CLI::Validator SeedText() {
+    return {[](std::string& text) -> std::string {
+                std::uint32_t seed = 0;
+                const char* const last = text.data() + text.size();
+                const auto [end, error] = std::from_chars(text.data(), last, seed);
+                if (error != std::errc() || end != last)
+                    return "must be a whole number from 0 to 4294967295";
+                text = std::to_string(seed);
+                return {};
+            },
+            ""};
+}
+
 CLI::Validator StepText() {
     return {[](const std::string& text) -> std::string {
                 if (text == kRealStep || IsNumberWithin(text, 1.0, kSecondsPerYear))
@@ -81,7 +95,9 @@ CLI::Validator StepText() {
 
 void Declare(CLI::App& app, Options& options) {
     const CLI::Validator level = Between(0.0, 1.0);
-    app.add_option("--seed", options.seed, "Seed of the random draws")->capture_default_str();
+    app.add_option("--seed", options.seed, "Seed of the random draws")
+        ->transform(SeedText())
+        ->capture_default_str();
     app.add_option("--weeks", options.weeks, "Weeks to simulate at least, also a fraction")
         ->check(Between(0.0, kMostWeeks))
         ->capture_default_str();

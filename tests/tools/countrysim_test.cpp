@@ -135,6 +135,15 @@ TEST(CountrysimTest, SameSeedGivesTheSameRowsAndAnotherSeedOthers) {
     EXPECT_TRUE(rows != Rows("--seed 6"));
 }
 
+TEST(CountrysimTest, SeedIsDecimalWhateverItsLeadingZeros) {
+    EXPECT_EQ(Rows("--seed 010 --weeks 2"), Rows("--seed 10 --weeks 2"));
+    EXPECT_NE(Rows("--seed 010 --weeks 2"), Rows("--seed 8 --weeks 2"));
+}
+
+TEST(CountrysimTest, GreatestSeedIsTaken) {
+    EXPECT_NE(Rows("--seed 4294967295 --weeks 2"), Rows("--seed 1 --weeks 2"));
+}
+
 TEST(CountrysimTest, LastTickReachesTheWeeksOrPassesThem) {
     EXPECT_EQ(LinesOf(Rows("--weeks 0")), 1);
     EXPECT_EQ(LinesOf(Rows("--weeks 0.1")), 1 + 1);
@@ -287,16 +296,15 @@ TEST_P(BadOptionTest, GivesOneLineAndStatusTwo) {
     EXPECT_EQ(result.error.back(), '\n');
 }
 
-INSTANTIATE_TEST_SUITE_P(CountrysimTest, BadOptionTest,
-                         testing::Values("--unknown", "surplus", "--seed", "--seed x", "--seed=-1",
-                                         "--seed 1.5", "--seed 4294967296", "--seed 1 --seed 2",
-                                         "--weeks x", "--weeks=-1", "--weeks nan", "--weeks inf",
-                                         "--weeks 1e10", "--step 0", "--step=-5", "--step unreal",
-                                         "--step nan", "--step 1e9", "--step ''", "--farmers 1.1",
-                                         "--butchers=-0.1", "--educators x", "--warriors nan",
-                                         "--doctors 2", "--lration 1.01", "--gration x",
-                                         "--justice 7", "--bare=perhaps",
-                                         "\"$(printf 'two\\nlines')\""));
+INSTANTIATE_TEST_SUITE_P(
+    CountrysimTest, BadOptionTest,
+    testing::Values("--unknown", "surplus", "--seed", "--seed x", "--seed=-1", "--seed 1.5",
+                    "--seed ''", "--seed 0x10", "--seed 4294967296", "--seed 1 --seed 2",
+                    "--weeks x", "--weeks=-1", "--weeks nan", "--weeks inf", "--weeks 1e10",
+                    "--step 0", "--step=-5", "--step unreal", "--step nan", "--step 1e9",
+                    "--step ''", "--farmers 1.1", "--butchers=-0.1", "--educators x",
+                    "--warriors nan", "--doctors 2", "--lration 1.01", "--gration x", "--justice 7",
+                    "--bare=perhaps", "\"$(printf 'two\\nlines')\""));
 
 TEST(CountrysimTest, HelpIsNoFailure) {
     const Result result = RunTool("--help");
