@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/library_calls.h"
+#include "tests/support/trace_fixture.h"
+#include "tests/support/trace_noter.h"
 
 namespace {
 
@@ -60,6 +62,14 @@ TEST_F(TimerTest, ClockThatCannotBeStartedIsReportedAndIgnored) {
     EXPECT_THAT(Calls().journal, ElementsAre("SDL_InitSubSystem(1048577)", "SDL_QuitSubSystem(1)"));
     Calls().ticks = 107;
     EXPECT_EQ(timer->GetTime(), 7U);
+}
+
+TEST_F(TimerTest, ConstructionIsTraced) {
+    const TraceSwitch on;
+    Calls().failing = {"SDL_InitSubSystem"};
+    TraceNoter noter;
+    const Pointer<Timer> timer = new Timer;
+    EXPECT_THAT(noter.calls, ElementsAre("Timer::Timer"));
 }
 
 }  // namespace
