@@ -532,7 +532,19 @@ TEST_F(FontDrawingTest, StateAndMatrixAreRestored) {
     EXPECT_EQ(glIsEnabled(GL_LIGHTING), GL_TRUE);
     EXPECT_EQ(glIsEnabled(GL_TEXTURE_2D), GL_FALSE);
     EXPECT_EQ(glIsEnabled(GL_BLEND), GL_FALSE);
-    EXPECT_NE(Drawn(), Box());  // unlit, and not hidden by the depth
+}
+
+TEST_F(FontDrawingTest, TextIsNeitherLitNorHiddenByTheDepth) {
+    glTranslatef(0.25f, 1, 0);
+    font.Print("H");
+    const Bytes plain = window.Pixels();
+    glClearDepth(0);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glEnable(GL_DEPTH_TEST);
+    glEnable(GL_LIGHTING);
+    font.Print("H");
+    EXPECT_NE(Drawn(), Box());
+    EXPECT_EQ(window.Pixels(), plain);
 }
 
 TEST_F(FontDrawingTest, TextIsBlendedOverWhatIsThere) {

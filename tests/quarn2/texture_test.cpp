@@ -296,7 +296,7 @@ TEST_F(TextureTest, ValuesLoseTheirFractionAsBytes) {
 
 TEST_F(TextureTest, ValuesOutsideTheRangeEndAtItsEnds) {
     TextureData data = Picture(1, 1);
-    data.GetData()[0] = 1.5f;
+    data.GetData()[0] = 1.01f;
     data.GetData()[1] = -0.5f;
     data.GetData()[2] = 1e30f;
     data.GetData()[3] = std::numeric_limits<float>::quiet_NaN();

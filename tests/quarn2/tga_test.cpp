@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "quarn2/texturedata.h"
+#include "tests/support/allocations.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -300,8 +301,10 @@ TEST_F(TgaTest, AnImageAboveTheLimitIsRefused) {
 }
 
 TEST_F(TgaTest, ASmallFileThatClaimsAGreatImageIsRefusedBeforeItsPixelsAreAllocated) {
-    // Within the limit, yet its pixels would fill hundreds of megabytes.
+    // Within the limit, yet its pixels would fill a gigabyte.
+    const std::size_t allocated = AllocatedBytes();
     ExpectRefused(File(8192, 8191, 32, {0xFF, 1, 2, 3, 4}), "the image data ends too early");
+    EXPECT_LT(AllocatedBytes() - allocated, 1000000u);
 }
 
 TEST_F(TgaTest, AnyBytesEndInAnImageOrOneLine) {

@@ -8,6 +8,7 @@ namespace {
 
 // The OpenGL driver allocates from threads of its own.
 std::atomic<std::size_t> count;
+std::atomic<std::size_t> bytes;
 
 }  // namespace
 
@@ -15,10 +16,15 @@ std::size_t AllocationCount() {
     return count;
 }
 
+std::size_t AllocatedBytes() {
+    return bytes;
+}
+
 // Every form is replaced: a sanitizer has its own of whatever is missing here, and no memory may
 // come from one and go to the other. Forms for larger alignments are left to it in pairs.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     ++count;
+    bytes += size;
     return std::malloc(size == 0 ? 1 : size);
 }
 

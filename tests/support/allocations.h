@@ -5,3 +5,6 @@
 /// Number of calls of operator new in this process so far. Linking `test_allocations` replaces
 /// the process's operator new and delete.
 std::size_t AllocationCount();
+
+/// Number of bytes that these calls asked for.
+std::size_t AllocatedBytes();
