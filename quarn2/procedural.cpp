@@ -97,16 +97,18 @@ void AddOctave(std::vector<float>& values, std::size_t rows, float rowStep,
     for (std::size_t i = 0; i < rows; ++i) {
         const Place place = PlaceOf(static_cast<float>(i) / rowStep);
         if (i == 0 || place.point != point) {
-            if (i != 0 && place.point == point + 1)
+            if (i != 0 && place.point == point + 1) {
                 std::swap(upper, lower);
-            else
+            } else {
                 upper.Evaluate(columns, place.point);
+            }
             lower.Evaluate(columns, place.point + 1);
             point = place.point;
         }
-        for (std::size_t j = 0; j < columns.size(); ++j)
+        for (std::size_t j = 0; j < columns.size(); ++j) {
             *value++ +=
                 CosineInterpolate(upper.Values()[j], lower.Values()[j], place.weight) * amplitude;
+        }
     }
 }
 

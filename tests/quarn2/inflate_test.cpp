@@ -328,10 +328,11 @@ TEST(InflateTest, DistanceCodesAboveTheLastFail) {
 }
 
 TEST(InflateTest, DistanceSymbolThatCannotBeDecodedFails) {
-    for (const std::uint32_t code : {30U, 31U})  // not in the fixed code
+    for (const std::uint32_t code : {30U, 31U}) {  // not in the fixed code
         ExpectBlockError(
             FixedBlockWithAB().Fixed(257).Code(code, 5).Number(0, 20).Fixed(256).Written(),
             Text("ab"));
+    }
 }
 
 TEST(InflateTest, LiteralSymbolThatCannotBeDecodedFails) {
@@ -541,9 +542,10 @@ TEST_F(InflateAnyBytesTest, ChangedStreamsStayWithinTheBuffersAndEnd) {
             const Bytes stream = DeflateWithZlib(data, level);
             for (int run = 0; run < 200; ++run) {
                 Bytes changed = stream;
-                for (std::uint32_t change = 0; change <= Below(3); ++change)
+                for (std::uint32_t change = 0; change <= Below(3); ++change) {
                     changed[Below(static_cast<std::uint32_t>(changed.size()))] ^=
                         static_cast<std::uint8_t>(1U << Below(8));
+                }
                 DecodeGuarded(changed, 1000 + Below(2000));
             }
         }
