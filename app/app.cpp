@@ -118,7 +118,8 @@ void App::CreateWorld() {
 bool App::Update(std::uint32_t milliseconds) {
     TraceFrame frame("Update", "App");
     ++frames;
-    elapsedMs += static_cast<int>(milliseconds);
+    // Unsigned, so that a timer that jumped makes the sum wrap instead of overflow.
+    elapsedMs = static_cast<int>(static_cast<std::uint32_t>(elapsedMs) + milliseconds);
     if (controls::ExitPressed())
         return false;
 

@@ -244,6 +244,15 @@ TEST_F(AppTest, OneSecondOfFramesAdvancesFiveToSixMinutes) {
     EXPECT_EQ(Player().elapsed, static_cast<float>(advanced));
 }
 
+TEST_F(AppTest, ClockGoesOnAfterATimerThatJumped) {
+    StartGame();
+    for (int jump = 0; jump < 2; ++jump)
+        EXPECT_TRUE(app->Update(0x80000000u));  // 24 days, which the sum takes as negative
+    EXPECT_EQ(Player().elapsed, 0.0f);
+    EXPECT_TRUE(app->Update(1001));
+    EXPECT_GE(Player().elapsed, 300.0f);
+}
+
 TEST_F(AppTest, WeekButtonAdvancesExactlyOneWeek) {
     StartGame();
     app->Update(0);
