@@ -84,12 +84,14 @@ void Display::ShowProfessions(const Country& country) {
 
 void Display::ShowRations(const Country& country) {
     TraceFrame frame("ShowRations", "Display");
-    if (GLWidget::GetByTag(tag::kLivestockRationLabel, false) != nullptr)
+    if (GLWidget::GetByTag(tag::kLivestockRationLabel, false) != nullptr) {
         SetValue(tag::kLivestockRation, "Livestock Ration: %.3f",
                  static_cast<double>(country.livestock.ration));
-    if (GLWidget::GetByTag(tag::kGrainRationLabel, false) != nullptr)
+    }
+    if (GLWidget::GetByTag(tag::kGrainRationLabel, false) != nullptr) {
         SetValue(tag::kGrainRation, "Grain Ration: %.3f",
                  static_cast<double>(country.grain.ration));
+    }
 }
 
 void Display::ShowOrder(float livestock, float grain, float fineGoods) {
