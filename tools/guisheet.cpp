@@ -122,12 +122,13 @@ Colour Tick(Point p) {
     return Raised(p, distance, 0.9f);
 }
 
+/// Sliders draw it half transparent, so its lines are black and broad.
 Colour Knob(Point p) {
-    const Colour stud = Raised(p, Disc(p, kRadius), 0.55f);
-    // A dimple is shaded the other way round.
-    const Colour dimple{Lit({p.x, -p.y}, 0.55f).grey, 1.0f};
-    const Colour groove = Painted(Disc(p, 9.0f), {0.35f, 1.0f}, stud);
-    return Painted(Disc(p, 7.0f), dimple, groove);
+    constexpr Colour kBlack{0.0f, 1.0f};
+    const Colour edge = Painted(Disc(p, 23.5f), kBlack, kTransparent);
+    const Colour stud = Painted(Disc(p, 19.5f), Lit(p, 0.6f), edge);
+    const Colour groove = Painted(Disc(p, 9.5f), kBlack, stud);
+    return Painted(Disc(p, 6.5f), {1.0f, 1.0f}, groove);
 }
 
 using Picture = Colour (*)(Point);
