@@ -41,7 +41,7 @@ void BM_Inflate(benchmark::State& state) {
     const Stream stream = StreamAt(state.range(0));
     Bytes output(stream.bytes);
     std::uint32_t count = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(Inflate(output.data(), static_cast<std::uint32_t>(output.size()),
                                          &count, stream.input.data(),
                                          static_cast<std::uint32_t>(stream.input.size())));
@@ -54,7 +54,7 @@ void BM_Zlib(benchmark::State& state) {
     const Stream stream = StreamAt(state.range(0));
     Bytes output(stream.bytes);
     uLong count = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         z_stream zlib{};
         inflateInit2(&zlib, -15);
         zlib.next_in = const_cast<Bytef*>(stream.input.data());

@@ -39,7 +39,7 @@ void BM_LoadPNG(benchmark::State& state) {
     std::streambuf* const before = std::cerr.rdbuf(&messages);
     TextureData image;
     bool failed = false;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         failed |= !image.LoadPNG(file.Path());
         messages.str({});
     }
@@ -52,7 +52,7 @@ BENCHMARK(BM_LoadPNG)->DenseRange(0, kSamples - 1)->Unit(benchmark::kMillisecond
 void BM_Libpng(benchmark::State& state) {
     const SampleFile file(state.range(0));
     bool failed = false;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         png_image image{};
         image.version = PNG_IMAGE_VERSION;
         failed |= png_image_begin_read_from_file(&image, file.Path().c_str()) == 0;

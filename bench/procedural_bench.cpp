@@ -35,7 +35,7 @@ void CountPixels(benchmark::State& state) {
 
 void BM_Blur(benchmark::State& state) {
     TextureData image = MakeImage();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         image.Blur(static_cast<int>(state.range(0)));
     CountPixels(state);
 }
@@ -43,7 +43,7 @@ BENCHMARK(BM_Blur)->Arg(1)->Arg(4)->Arg(16)->Unit(benchmark::kMillisecond);
 
 void BM_BlurPlain(benchmark::State& state) {
     PlainImage image(MakeImage());
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         PlainBlur(image, static_cast<int>(state.range(0)));
     CountPixels(state);
 }
@@ -55,7 +55,7 @@ constexpr float kFrequency = 0.25f;
 
 void BM_Perlin(benchmark::State& state) {
     TextureData image = MakeImage();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         image.Perlin(kOctaves, kFrequency, 0.5f, 0.5f, 0.5f);
     CountPixels(state);
 }
@@ -63,7 +63,7 @@ BENCHMARK(BM_Perlin)->Unit(benchmark::kMillisecond);
 
 void BM_PerlinPlain(benchmark::State& state) {
     PlainImage image(MakeImage());
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         PlainPerlin(image, kOctaves, kFrequency, 0.5f, 0.5f, 0.5f);
     CountPixels(state);
 }
@@ -72,7 +72,7 @@ BENCHMARK(BM_PerlinPlain)->Unit(benchmark::kMillisecond);
 /// Cells of one pixel: nothing is shared but the lattice's points.
 void BM_PerlinFinest(benchmark::State& state) {
     TextureData image = MakeImage();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         image.Perlin(1, 1.0f / kSize, 0.5f, 0.5f, 0.5f);
     CountPixels(state);
 }
@@ -80,7 +80,7 @@ BENCHMARK(BM_PerlinFinest)->Unit(benchmark::kMillisecond);
 
 void BM_PerlinFinestPlain(benchmark::State& state) {
     PlainImage image(MakeImage());
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         PlainPerlin(image, 1, 1.0f / kSize, 0.5f, 0.5f, 0.5f);
     CountPixels(state);
 }
@@ -89,7 +89,7 @@ BENCHMARK(BM_PerlinFinestPlain)->Unit(benchmark::kMillisecond);
 void BM_Blend(benchmark::State& state) {
     TextureData image = MakeImage();
     const TextureData other = MakeImage(kSize / 2);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         image.Blend(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)), other);
     CountPixels(state);
 }
@@ -97,7 +97,7 @@ BENCHMARK(BM_Blend)->Args({1, 0})->Args({5, 3})->Args({8, 7})->Unit(benchmark::k
 
 void BM_Translate(benchmark::State& state) {
     TextureData image = MakeImage();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         image.Translate(3, -2, Vector(0, 0, 0, 1));
     CountPixels(state);
 }
@@ -105,7 +105,7 @@ BENCHMARK(BM_Translate)->Unit(benchmark::kMillisecond);
 
 void BM_Invert(benchmark::State& state) {
     TextureData image = MakeImage();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         image.Invert(true);
     CountPixels(state);
 }
@@ -113,7 +113,7 @@ BENCHMARK(BM_Invert)->Unit(benchmark::kMillisecond);
 
 void BM_Clamp(benchmark::State& state) {
     TextureData image = MakeImage();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         image.Clamp();
     CountPixels(state);
 }
@@ -121,7 +121,7 @@ BENCHMARK(BM_Clamp)->Unit(benchmark::kMillisecond);
 
 void BM_ScaleClamp(benchmark::State& state) {
     TextureData image = MakeImage();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         image.ScaleClamp();
     CountPixels(state);
 }
@@ -129,7 +129,7 @@ BENCHMARK(BM_ScaleClamp)->Unit(benchmark::kMillisecond);
 
 void BM_Blank(benchmark::State& state) {
     TextureData image;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         image.Blank(kSize, kSize);
     CountPixels(state);
 }

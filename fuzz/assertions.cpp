@@ -2,6 +2,7 @@
 
 // Takes the place of AssertFailed: the linker is told to wrap it.
 
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the linker chooses the name
 extern "C" [[noreturn]] void __wrap__Z12AssertFailedPKciS0_(const char*, int, const char*) {
     throw AssertionFailure{};
 }

@@ -11,8 +11,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::istringstream file(std::string(data, data + size));
     try {
         Require(GLWidget::StartGUI(file, "layout"));
-        for (float step = 0; step <= 8; ++step)
-            Require(GLWidget::MouseMoveWidgets(Vector(step * 100, step * 75)));
+        for (int step = 0; step <= 8; ++step) {
+            const auto place = static_cast<float>(step);
+            Require(GLWidget::MouseMoveWidgets(Vector(place * 100, place * 75)));
+        }
         Require(GLWidget::MouseClickWidgets(true, false, false));
         KeyFlags keys{};
         keys['a'] = true;

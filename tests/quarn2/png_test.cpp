@@ -66,11 +66,11 @@ protected:
     std::string Refusal(const Bytes& file) {
         LoadBlack(3, 2);
         float* const before = image.GetData();
-        const std::string messages = Load(file, false);
+        std::string messages = Load(file, false);
         EXPECT_EQ(image.GetData(), before);
         EXPECT_EQ(image.GetWidth(), 3);
         EXPECT_EQ(image.GetHeight(), 2);
-        for (std::size_t i = 0; i < 3 * 2 * 4; ++i)
+        for (std::size_t i = 0; i < std::size_t{3} * 2 * 4; ++i)
             EXPECT_EQ(image.GetData()[i], i % 4 == 3 ? 1.0f : 0.0f);
         return messages;
     }
@@ -299,9 +299,9 @@ TEST_F(PngTest, WrongSignatureIsReported) {
 }
 
 TEST_F(PngTest, ColourTypesOtherThanRgbaAreUnsupported) {
+    const Bytes stream = ZlibStream(Bytes{0, 1, 2, 3, 4});
     for (const std::uint8_t colourType : Bytes{0, 2, 3, 4})
-        EXPECT_EQ(Refusal(PngFile({.colourType = colourType}, ZlibStream(Bytes{0, 1, 2, 3, 4}))),
-                  kUnsupported);
+        EXPECT_EQ(Refusal(PngFile({.colourType = colourType}, stream)), kUnsupported);
 }
 
 TEST_F(PngTest, InterlacedFilesAreUnsupported) {
@@ -374,7 +374,7 @@ TEST_F(PngTest, StreamOfAnOptimiserLoadsUnlessALengthRepeatsAcrossTheSets) {
 }
 
 TEST_F(PngTest, UnknownFilterIsReportedWithItsPosition) {
-    Bytes rows(5 * 9);
+    Bytes rows(45);
     rows[27] = 5;  // the fourth row of two pixels
     EXPECT_EQ(Refusal(PngFile({.width = 2, .height = 5}, ZlibStream(rows))),
               std::string(kZlibRefusal) + "unsupported filter format at byte 27: 5\n");
@@ -385,9 +385,10 @@ TEST_F(PngTest, UnknownFilterIsReportedWithItsPosition) {
 }
 
 TEST_F(PngTest, TooFewBytesForTheRowsAreReportedWithTheRow) {
-    for (const std::size_t length : {18U, 19U, 26U})
+    for (const std::size_t length : {18U, 19U, 26U}) {
         EXPECT_EQ(Refusal(PngFile({.width = 2, .height = 4}, ZlibStream(Bytes(length)))),
                   kZlibRefusal + path + ": the image data ends in row 2 of 4\n");
+    }
     EXPECT_EQ(Refusal(PngFile({.width = 2}, ZlibStream({}))),
               kZlibRefusal + path + ": the image data ends in row 0 of 1\n");
 }
@@ -448,9 +449,10 @@ TEST_F(PngTest, LargestSizeIsTriedAndItsMissingRowsReported) {
 class Informer : public std::stringbuf {
 protected:
     std::streamsize xsputn(const char*, std::streamsize count) override {
-        if (trace.empty())
+        if (trace.empty()) {
             for (const trace::Frame& frame : trace::Frames())
                 trace += std::string(frame.className) + "::" + frame.function + " ";
+        }
         return count;
     }
 

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <memory>
 #include <random>
+#include <string_view>
 
 namespace {
 
@@ -46,6 +47,7 @@ private:
     std::size_t position;
 };
 
+constexpr std::array<unsigned, 3> kRepeatBits = {2, 3, 7};
 constexpr std::array<std::size_t, 19> kLengthOrder = {16, 17, 18, 0, 8,  7, 9,  6, 10, 5,
                                                       11, 4,  12, 3, 13, 2, 14, 1, 15};
 
@@ -70,9 +72,10 @@ bool BlockRepeatsAcross(std::span<const std::uint8_t> stream, std::size_t positi
             const auto count =
                 static_cast<unsigned>(std::count(lengths.begin(), lengths.end(), length));
             if (code < first + count) {
-                for (unsigned candidate = 0, skip = code - first;; ++candidate)
+                for (unsigned candidate = 0, skip = code - first;; ++candidate) {
                     if (lengths[candidate] == length && skip-- == 0)
                         return candidate;
+                }
             }
             first = (first + count) << 1;
         }
@@ -82,12 +85,8 @@ bool BlockRepeatsAcross(std::span<const std::uint8_t> stream, std::size_t positi
     for (unsigned index = 0; index < literals + distances;) {
         const unsigned entry = symbol();
         unsigned count = 1;
-        if (entry == 16)
-            count = 3 + in.Number(2);
-        else if (entry == 17)
-            count = 3 + in.Number(3);
-        else if (entry == 18)
-            count = 11 + in.Number(7);
+        if (entry >= 16)
+            count = (entry == 18 ? 11 : 3) + in.Number(kRepeatBits[entry - 16]);
         if (index < literals && index + count > literals)
             return true;
         index += count;
@@ -141,12 +140,10 @@ void WriteDynamicHeader(BitWriter& out, bool last, unsigned literalSymbols,
     for (const std::size_t symbol : kLengthOrder)
         out.Number(symbol < 13 ? 4 : 5, 3);
     for (const LengthEntry& entry : lengths) {
-        if (entry.symbol < 13)
-            out.Code(entry.symbol, 4);
-        else
-            out.Code(26 + entry.symbol - 13, 5);
+        const bool fourBits = entry.symbol < 13;
+        out.Code(fourBits ? entry.symbol : 26 + entry.symbol - 13, fourBits ? 4 : 5);
         if (entry.symbol >= 16)
-            out.Number(entry.extra, entry.symbol == 16 ? 2 : entry.symbol == 17 ? 3 : 7);
+            out.Number(entry.extra, kRepeatBits[entry.symbol - 16]);
     }
 }
 
@@ -220,12 +217,13 @@ Bytes MakeContent(Content content, std::size_t size) {
     std::minstd_rand random(static_cast<unsigned>(size) + 1);
     switch (content) {
     case Content::Text: {
-        constexpr const char* kWords[] = {"grain ", "herd ",  "the ",  "of ",    "justice\n",
-                                          "plague", "ration", "trade", " market"};
+        constexpr std::string_view kWords[] = {"grain ", "herd ",  "the ",  "of ",    "justice\n",
+                                               "plague", "ration", "trade", " market"};
         Bytes text;
-        while (text.size() < size)
-            for (const char* letter = kWords[random() % std::size(kWords)]; *letter != '\0';)
-                text.push_back(static_cast<std::uint8_t>(*letter++));
+        while (text.size() < size) {
+            const std::string_view word = kWords[random() % std::size(kWords)];
+            text.insert(text.end(), word.begin(), word.end());
+        }
         std::copy_n(text.begin(), size, bytes.begin());
         break;
     }
@@ -239,10 +237,11 @@ Bytes MakeContent(Content content, std::size_t size) {
         constexpr std::size_t kRowBytes = 1 + 64 * 4;
         for (std::size_t i = 0; i < size; ++i) {
             const std::size_t column = i % kRowBytes;
-            if (column == 0)
+            if (column == 0) {
                 bytes[i] = static_cast<std::uint8_t>(i / kRowBytes % 5);
-            else if (column % 4 != 0)  // alpha is constant and differs by nothing
+            } else if (column % 4 != 0) {  // alpha is constant and differs by nothing
                 bytes[i] = static_cast<std::uint8_t>(random() % 5 + random() % 5 - 4);
+            }
         }
         break;
     }

@@ -47,8 +47,8 @@ Pixels MakePixels(std::uint32_t width, std::uint32_t height) {
     for (std::uint32_t y = 0; y < height; ++y) {
         for (std::uint32_t x = 0; x < width; ++x) {
             const bool inside = (x / 16 + y / 16) % 3 == 0;
-            pixels.rgba.push_back(static_cast<std::uint8_t>(x * 3 + random() % 4));
-            pixels.rgba.push_back(static_cast<std::uint8_t>(y * 2 + random() % 4));
+            pixels.rgba.push_back(static_cast<std::uint8_t>(std::size_t{x} * 3 + random() % 4));
+            pixels.rgba.push_back(static_cast<std::uint8_t>(std::size_t{y} * 2 + random() % 4));
             pixels.rgba.push_back(static_cast<std::uint8_t>(inside ? 200 : x + y));
             pixels.rgba.push_back(static_cast<std::uint8_t>(inside ? 255 : 255 - y / 2));
         }
