@@ -123,7 +123,7 @@ def linked_libraries(targets):
     return libraries
 
 
-GAME = ("quarn2/", "glwidget/", "country/", "app/", "tools/", "merovinska")
+GAME = ("quarn2/", "glwidget/", "country/", "app/", "merovinska")
 EVERYTHING = ("",)
 
 
