@@ -101,6 +101,38 @@ class Play:
         self.game.wait_for_change("doctorslab", before)
         self.quit_by_escape()
 
+    def test_every_order_slider_fills_its_label(self):
+        for name in ("stockbuy", "grainbuy", "finebuy"):
+            with self.subTest(slider=name):
+                self.game.bring_up(name + "lab")
+                before = self.game.at_rest(name + "lab")
+                self.game.drag(name, 0.2)
+                self.game.wait_for_change(name + "lab", before)
+        self.quit_by_escape()
+
+    def test_a_dragged_justice_shows_among_the_figures(self):
+        def first_line():
+            label = widgets()["debuginfo"]
+            line = (label.bottom - label.top) // 13
+            return self.game.grab(label.left, label.top, label.right, label.top + line - 4)
+
+        self.game.bring_up("debuginfo")
+        self.game.wait(lambda: len(set(memoryview(first_line()).cast("I"))) > 2, "the figures")
+        before = first_line()
+        self.game.drag("justiceslide", 0.3)
+        self.game.bring_up("debuginfo")
+        self.game.wait(lambda: first_line() != before, "another level of justice")
+        self.quit_by_escape()
+
+    def test_the_newspaper_stays_on_its_only_page(self):
+        # The first edition comes with the clock's first tick.
+        self.game.wait_for_change("date", self.game.look("date"))
+        before = self.game.at_rest("paperlab")
+        self.game.click("PrevPage")
+        self.game.click("lration++")  # a frame in which the page would have been turned
+        self.assertEqual(self.game.look("paperlab"), before)
+        self.quit_by_escape()
+
     def test_a_country_is_picked_from_the_list(self):
         button = widgets()["__countryseldropbox"]
         row = button.bottom - button.top
