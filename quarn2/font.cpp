@@ -11,10 +11,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <memory>
 #include <span>
 #include <string_view>
+#include <system_error>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -42,8 +45,10 @@ struct FreeTypeDeleter {
 using Library = std::unique_ptr<std::remove_pointer_t<FT_Library>, FreeTypeDeleter>;
 using Face = std::unique_ptr<std::remove_pointer_t<FT_Face>, FreeTypeDeleter>;
 
+/// The file is held in memory: one that is written anew while it is mapped kills the process.
 struct OpenFont {
     Library library;
+    std::vector<FT_Byte> file;
     Face face;
 };
 
@@ -51,6 +56,28 @@ struct OpenFont {
 std::vector<OpenFont>& OpenFonts() {
     static std::vector<OpenFont>& fonts = *new std::vector<OpenFont>;
     return fonts;
+}
+
+FT_Error ReadBytes(const std::string& path, std::vector<FT_Byte>& bytes) {
+    std::error_code error;
+    const bool isFile = std::filesystem::is_regular_file(path, error);
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    if (!isFile || !file)
+        return FT_Err_Cannot_Open_Resource;
+    bytes.resize(static_cast<std::size_t>(std::max<std::streamoff>(file.tellg(), 0)));
+    file.seekg(0);
+    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return FT_Err_Ok;
+}
+
+FT_Error OpenFace(FT_Library library, const std::vector<FT_Byte>& bytes, FT_Face& face) {
+    if (bytes.empty())
+        return FT_Err_Unknown_File_Format;
+    const FT_Error error =
+        FT_New_Memory_Face(library, bytes.data(), static_cast<FT_Long>(bytes.size()), 0, &face);
+    // So ends the search for a format in a file shorter than what some format begins with.
+    return error == FT_Err_Invalid_Stream_Operation ? FT_Err_Unknown_File_Format : error;
 }
 
 bool Open(const std::string& path, OpenFont& font) {
@@ -62,7 +89,9 @@ bool Open(const std::string& path, OpenFont& font) {
     font.library.reset(library);
 
     FT_Face face = nullptr;
-    const FT_Error error = FT_New_Face(library, path.c_str(), 0, &face);
+    FT_Error error = ReadBytes(path, font.file);
+    if (error == FT_Err_Ok)
+        error = OpenFace(library, font.file, face);
     if (error == FT_Err_Unknown_File_Format) {
         std::cerr << "The font file format is not recgonised\n";
         return false;

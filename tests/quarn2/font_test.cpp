@@ -182,6 +182,25 @@ TEST_F(FontFileTest, AnUnknownFormatIsReported) {
     EXPECT_EQ(InitLine(path), "The font file format is not recgonised\n");
 }
 
+TEST_F(FontFileTest, AFileTooShortForAnyFormatIsOfNone) {
+    EXPECT_EQ(InitLine(folder.Write("empty.ttf", "")), "The font file format is not recgonised\n");
+    EXPECT_EQ(InitLine(folder.Write("byte.ttf", "a")), "The font file format is not recgonised\n");
+}
+
+TEST_F(FontFileTest, IsNotMappedSoThatItMayBeWrittenAnewAtAnyTime) {
+    const std::string path = folder.Write("font.ttf", FileBytes(kFont));
+    FontRender font;
+    ASSERT_TRUE(font.Init(path));
+    std::ifstream maps("/proc/self/maps");
+    const std::string mapped{std::istreambuf_iterator<char>(maps), {}};
+    ASSERT_FALSE(mapped.empty());
+    EXPECT_EQ(mapped.find(path), std::string::npos);
+}
+
+TEST_F(FontFileTest, AFolderCannotBeLoaded) {
+    EXPECT_EQ(InitLine("data"), "Error loading the font\n");
+}
+
 TEST_F(FontFileTest, AMissingFileIsReported) {
     EXPECT_EQ(InitLine(folder.Path("none.ttf")), "Error loading the font\n");
 }
