@@ -1,16 +1,26 @@
 // Shows a layout as the game would draw it, and checks and formats it.
 
+#include <SDL.h>
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cstdio>
+#include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "quarn2/glrender.h"
+#include "quarn2/kernel.h"
+#include "quarn2/memory.h"
+#include "quarn2/sdlinput.h"
 #include "tools/guiview/exitguard.h"
 #include "tools/guiview/layoutcheck.h"
 #include "tools/guiview/layoutformat.h"
+#include "tools/guiview/liveview.h"
+#include "tools/guiview/pictureshot.h"
 #include "tools/guiview/rewrite.h"
 #include "tools/guiview/status.h"
 
@@ -20,6 +30,11 @@ using namespace guiview;
 
 struct Options {
     std::string layout;
+    std::string picture;
+    bool crop = false;
+    std::vector<std::string> clicked;
+    std::string hovered;
+    std::string pressed;
     bool tree = false;
     bool check = false;
     bool game = false;
@@ -30,6 +45,8 @@ struct Options {
 
 void Declare(CLI::App& app, Options& options) {
     app.add_option("LAYOUT", options.layout, "The layout file")->required();
+    auto* const picture = app.add_option("--png", options.picture,
+                                         "Write a picture of the layout and show no window");
     auto* const tree =
         app.add_flag("--tree", options.tree, "Print tag, kind, parent and box of every widget");
     auto* const check = app.add_flag("--check", options.check,
@@ -37,16 +54,28 @@ void Declare(CLI::App& app, Options& options) {
                                      "--format, the lines that it would change");
     auto* const format = app.add_flag("--format", options.format,
                                       "Align the columns of the layout and change nothing else");
-    app.add_flag("--game", options.game,
-                 "Check for the game: its tags, and its longest texts in their widgets")
-        ->needs(check);
+    picture->type_name("FILE")->excludes(tree, check, format);
+    tree->excludes(check, format);
     app.add_flag("--json", options.json, "Print what is wrong as JSON")->needs(check);
+    app.add_flag("--game", options.game,
+                 "Show the longest texts of the game; with --check, look also for what the game "
+                 "needs");
     app.add_option("--text", options.texts,
-                   "TAG=TEXT: a text to show in a widget; \\n begins a line, and in a Combo an "
-                   "item")
+                   "A text to show in a widget; \\n begins a line, and in a Combo an item")
         ->type_name("TAG=TEXT")
         ->allow_extra_args(false);
-    tree->excludes(check, format);
+    app.add_option("--click", options.clicked, "Click on this widget before the picture is taken")
+        ->type_name("TAG")
+        ->allow_extra_args(false)
+        ->needs(picture);
+    app.add_option("--hover", options.hovered, "Hold the mouse over this widget")
+        ->type_name("TAG")
+        ->needs(picture);
+    app.add_option("--press", options.pressed, "Hold the left button down over this widget")
+        ->type_name("TAG")
+        ->needs(picture);
+    app.add_flag("--crop", options.crop, "Leave out what is empty around the widgets")
+        ->needs(picture);
 }
 
 int Fail(const std::string& message) {
@@ -91,43 +120,92 @@ int Format(const Options& options) {
     return kClean;
 }
 
-/// Fills in the texts, of which each must have its widget.
-bool Fill(const SampleTexts& texts) {
-    const std::string unknown = FillTexts(texts);
-    if (!unknown.empty())
-        Fail("--text: no widget has the tag '" + unknown + "'");
-    return unknown.empty();
+/// Whether all those have a widget for whom there is a text; says which has not.
+bool KnowsTags(const LayoutSource& layout, const SampleTexts& texts) {
+    for (const auto& [tag, text] : texts) {
+        if (std::ranges::find(layout.Declared().widgets, tag, &Declared::tag)
+            != layout.Declared().widgets.end())
+            continue;
+        Fail("--text: no widget has the tag '" + tag + "'");
+        return false;
+    }
+    return true;
 }
 
-int Check(const Options& options, const SampleTexts& texts) {
-    const auto layout = BuiltLayout::Read(options.layout);
-    if (layout == nullptr)
-        return FailToRead(options);
-    return Print(CheckLayout(*layout, options.game, texts), options.json);
+int Check(const Options& options, const LayoutSource& layout, const SampleTexts& texts) {
+    return Print(CheckLayout(layout, options.game, texts), options.json);
 }
 
-int PrintTree(const Options& options, const SampleTexts& texts) {
-    const auto layout = BuiltLayout::Read(options.layout);
-    if (layout == nullptr)
-        return FailToRead(options);
-    if (!Fill(texts))
-        return kUnusable;
-    std::cerr << layout->FromReading().AsText();
-    std::cout << DescribeTree(Scene(layout->Declared())) << std::flush;
+/// Prints the errors among what was found. @return whether there are any
+bool ReportErrors(const Findings& findings) {
+    Findings errors;
+    for (const Finding& finding : findings.List()) {
+        if (finding.severity == Severity::Error)
+            errors.Error(finding.file, finding.place, finding.message);
+    }
+    std::cerr << errors.AsText();
+    return errors.HasErrors();
+}
+
+int PrintTree(const LayoutSource& layout, const SampleTexts& texts) {
+    const BuiltLayout built(layout);
+    FillTexts(texts);
+    std::cout << DescribeTree(Scene(layout.Declared())) << std::flush;
     if (!std::cout)
         return Fail("the tree cannot be written");
-    return layout->FromReading().HasErrors() ? kFindings : kClean;
+    return ReportErrors(layout.Found()) ? kFindings : kClean;
 }
 
-int Run(const Options& options) {
+int TakePicture(const Options& options, const LayoutSource& layout, SampleTexts texts) {
+    if (ReportErrors(CheckLayout(layout, false, texts)))
+        return kFindings;
+    const Pose pose{std::move(texts), options.game, options.clicked, options.hovered,
+                    options.pressed};
+    return guiview::TakePicture(layout, pose, options.crop, options.picture) ? kClean : kUnusable;
+}
+
+/// @return whether there is a status; none asks for a new start
+std::optional<int> ShowLive(const Options& options, SampleTexts texts) {
+    if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
+        return Fail("there is no display: --png, --tree and --check need none");
+    const Pointer<Kernel> kernel = new Kernel;
+    new SDLInput(kernel, false);
+    new GLRender(kernel);
+    const Pointer<LiveView> view =
+        new LiveView(kernel, {options.layout, std::move(texts), options.game});
+    kernel->MainLoop();
+    SDL_Quit();
+    if (view->StartAnew())
+        return std::nullopt;
+    return view->Opened() ? kClean : kUnusable;
+}
+
+int Show(const Options& options, const SampleTexts& texts, char** arguments) {
+    if (const auto status = ShowLive(options, texts))
+        return *status;
+    // The toolkit keeps what it was given for as long as a process lives.
+    execv("/proc/self/exe", arguments);
+    return Fail("cannot start anew");
+}
+
+int Run(const Options& options, char** arguments) {
     SampleTexts texts;
     if (!ReadTexts(options, texts))
         return Fail("--text takes TAG=TEXT");
     if (options.format)
         return Format(options);
+    const auto layout = LayoutSource::Read(options.layout);
+    if (!layout)
+        return FailToRead(options);
+    if (!KnowsTags(*layout, texts))
+        return kUnusable;
     if (options.check)
-        return Check(options, texts);
-    return PrintTree(options, texts);
+        return Check(options, *layout, texts);
+    if (options.tree)
+        return PrintTree(*layout, texts);
+    if (!options.picture.empty())
+        return TakePicture(options, *layout, texts);
+    return Show(options, texts, arguments);
 }
 
 }  // namespace
@@ -146,5 +224,5 @@ int main(int argc, char** argv) {
         return Fail(message);
     }
     const ExitGuard guard;
-    return Run(options);
+    return Run(options, argv);
 }

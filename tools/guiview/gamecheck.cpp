@@ -59,10 +59,14 @@ float WidthOf(std::string_view text) {
     return width;
 }
 
+/// The one of the font's digits that takes most room; 8 where they are alike.
 char WidestDigit() {
-    const std::string_view digits = "0123456789";
-    return *std::ranges::max_element(digits, {},
-                                     [](char digit) { return GLWidget::font.Advance(digit); });
+    char widest = '8';
+    for (const char digit : std::string_view("0123456789")) {
+        if (GLWidget::font.Advance(digit) > GLWidget::font.Advance(widest))
+            widest = digit;
+    }
+    return widest;
 }
 
 /// The widest of the fragments that may stand at a position of a name.
@@ -192,6 +196,13 @@ SampleTexts LongestGameTexts() {
             std::ranges::replace(text, '8', digit);
     }
     return texts;
+}
+
+void FillGameTexts() {
+    SampleTexts texts = LongestGameTexts();
+    std::erase_if(
+        texts, [](const auto& entry) { return GLWidget::GetByTag(entry.first, false) == nullptr; });
+    FillTexts(texts);
 }
 
 }  // namespace guiview

@@ -17,6 +17,9 @@ bool GameAnswers(const Node& node);
 /// The longest texts that the game puts on the screen, by tag. Measures with the toolkit's font.
 SampleTexts LongestGameTexts();
 
+/// Fills those in whose widgets there are.
+void FillGameTexts();
+
 /// The game's own message.
 inline constexpr const char* kRefusal = "You cannot buy this much from this country.";
 

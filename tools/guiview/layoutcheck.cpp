@@ -1,7 +1,9 @@
 #include "tools/guiview/layoutcheck.h"
 
 #include <algorithm>
+#include <set>
 #include <sstream>
+#include <utility>
 
 #include "tools/guiview/contrastcheck.h"
 #include "tools/guiview/gamecheck.h"
@@ -14,10 +16,6 @@ namespace {
 
 constexpr int kOkButton = 1;
 
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, path.rfind('/') + 1);
-}
-
 /// Where a message box opens, in its theme.
 Box MeasureMessageBox() {
     const ErrorStreamCapture silence;
@@ -27,35 +25,34 @@ Box MeasureMessageBox() {
     return BoxOf(window->Getbbox(), Vector(0.0f, 0.0f));
 }
 
-void FillGameTexts() {
-    SampleTexts texts = LongestGameTexts();
-    std::erase_if(
-        texts, [](const auto& entry) { return GLWidget::GetByTag(entry.first, false) == nullptr; });
-    FillTexts(texts);
-}
-
 }  // namespace
 
-std::unique_ptr<BuiltLayout> BuiltLayout::Read(const std::string& path) {
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.rfind('/') + 1);
+}
+
+std::optional<LayoutSource> LayoutSource::Read(const std::string& path) {
     const auto content = ReadTextFile(path);
     if (!content)
-        return nullptr;
-    return std::unique_ptr<BuiltLayout>(new BuiltLayout(path, *content));
+        return std::nullopt;
+    return LayoutSource(path, *content);
 }
 
-BuiltLayout::BuiltLayout(const std::string& path, const std::string& content)
+LayoutSource::LayoutSource(const std::string& path, const std::string& content)
     : folder(FolderOf(path)),
       file(ParseLayout(path, content, findings)),
-      declarations(FollowOrder(file, findings)),
-      visit(folder) {
+      declarations(FollowOrder(file, findings)) {}
+
+void LayoutSource::Build() const {
     const ErrorStreamCapture silence;
     std::istringstream buildable(declarations.buildable);
-    GLWidget::StartGUI(buildable, path);
+    GLWidget::StartGUI(buildable, file.path);
 }
 
-Findings CheckLayout(const BuiltLayout& layout, bool forGame, const SampleTexts& texts) {
+Findings CheckLayout(const LayoutSource& layout, bool forGame, const SampleTexts& texts) {
     const std::string& path = layout.File().path;
-    Findings findings = layout.FromReading();
+    Findings findings = layout.Found();
+    const BuiltLayout built(layout);
     ResourceCheck(layout.File(), layout.Declared(), layout.Folder(), findings).Run(forGame);
     if (forGame) {
         CheckGameTags(layout.Declared(), path, findings);
@@ -63,7 +60,14 @@ Findings CheckLayout(const BuiltLayout& layout, bool forGame, const SampleTexts&
     }
     FillTexts(texts);
     const Box messageBox = MeasureMessageBox();
-    const Scene scene(layout.Declared(), forGame);
+    std::set<std::string> settled;
+    for (const auto& [tag, text] : texts)
+        settled.insert(tag);
+    for (const Declared& widget : layout.Declared().widgets) {
+        if (forGame)
+            settled.insert(widget.tag);
+    }
+    const Scene scene(layout.Declared(), std::move(settled));
     const auto answers = [&](const Node& node) { return !forGame || GameAnswers(node); };
     ScreenCheck(scene, path, answers, messageBox, findings).Run();
     ContrastCheck contrast(scene, path, findings);

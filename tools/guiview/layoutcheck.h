@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -10,33 +9,55 @@
 
 namespace guiview {
 
-/// A layout whose widgets stand in the toolkit, as far as they can be built, without a display.
-/// While it lives the folder of the layout is the current one, as for a program that uses it.
-class BuiltLayout {
+/// The folder of a path, with its "/"; empty for a name alone.
+std::string FolderOf(const std::string& path);
+
+/// A layout as it was read, and what its statements come to.
+class LayoutSource {
 public:
-    /// @return null when the file cannot be read
-    static std::unique_ptr<BuiltLayout> Read(const std::string& path);
+    /// @return nothing when the file cannot be read
+    static std::optional<LayoutSource> Read(const std::string& path);
+
+    // No copies: the declarations refer to the file's statements.
+    LayoutSource(LayoutSource&&) = default;
+    LayoutSource& operator=(LayoutSource&&) = default;
+    LayoutSource(const LayoutSource&) = delete;
+    LayoutSource& operator=(const LayoutSource&) = delete;
+
+    /// Builds the widgets, as far as they can be, in the toolkit as it is. The current folder
+    /// must be the layout's. What the toolkit says of it is not shown.
+    void Build() const;
 
     const LayoutFile& File() const { return file; }
     const Declarations& Declared() const { return declarations; }
     /// The folder as the user named it, with its "/"; empty for the current one.
     const std::string& Folder() const { return folder; }
-    const Findings& FromReading() const { return findings; }
+    /// What was found in reading it.
+    const Findings& Found() const { return findings; }
 
 private:
-    BuiltLayout(const std::string& path, const std::string& content);
+    LayoutSource(const std::string& path, const std::string& content);
 
     std::string folder;
     Findings findings;
     LayoutFile file;
     Declarations declarations;
+};
+
+/// The widgets of a layout in the toolkit, without a display. While it lives the folder of the
+/// layout is the current one, as for a program that uses it.
+class BuiltLayout {
+public:
+    explicit BuiltLayout(const LayoutSource& layout) : visit(layout.Folder()) { layout.Build(); }
+
+private:
     FolderVisit visit;
     HeadlessToolkit toolkit;
 };
 
-/// Everything that is wrong with a layout and its files.
+/// Everything that is wrong with a layout and its files. Builds it.
 /// @param forGame  also what the game needs of it, shown with the longest texts that it can show
 /// @param texts    to show in place of the layout's own, after the game's
-Findings CheckLayout(const BuiltLayout& layout, bool forGame, const SampleTexts& texts);
+Findings CheckLayout(const LayoutSource& layout, bool forGame, const SampleTexts& texts);
 
 }  // namespace guiview

@@ -89,8 +89,8 @@ std::string_view Node::KindWord() const {
     return declared != nullptr ? declared->statement->kind->word : "Butt";
 }
 
-Scene::Scene(const Declarations& declarations, bool textsAreFinal)
-    : declared(declarations), finalTexts(textsAreFinal) {
+Scene::Scene(const Declarations& declarations, std::set<std::string> settled)
+    : declared(declarations), settledLabels(std::move(settled)) {
     for (GLWidget* widget : GLWidget::widgets)
         Add(widget, nullptr, std::nullopt, Vector(0.0f, 0.0f));
 }
@@ -99,28 +99,37 @@ void Scene::Add(GLWidget* widget, const Node* parent, std::optional<int> tab,
                 const Vector& origin) {
     const auto found = std::ranges::find(declared.widgets, widget->GetName(), &Declared::handle);
     const Declared* const entry = found == declared.widgets.end() ? nullptr : &*found;
-    Node& node = *owned.emplace_back(std::make_unique<Node>(
-        Node{widget, entry, parent, tab, BoxOf(widget->Getbbox(), origin), {}, {}}));
-    node.drawn = finalTexts && node.IsKind(Kind::Label) ? LinesBox(node) : DrawnBox(node);
+    Node& node = *owned.emplace_back(std::make_unique<Node>());
+    node.widget = widget;
+    node.declared = entry;
+    node.parent = parent;
+    node.tab = tab;
+    node.box = BoxOf(widget->Getbbox(), origin);
+    const bool settled = node.IsKind(Kind::Label) && settledLabels.contains(entry->tag);
+    node.drawn = settled ? LinesBox(node) : DrawnBox(node);
     node.clicks = ClickBox(node);
+    const bool covered = tab && std::ranges::count(parent->widget->GetChildren(), widget) == 0;
+    node.shown = !covered && (parent == nullptr || parent->shown);
     order.push_back(&node);
-    AddChildren(node, origin);
-}
 
-void Scene::AddChildren(const Node& node, const Vector& origin) {
-    const Vector inner = origin + InnerOrigin(*node.widget);
-    const auto* const window = dynamic_cast<TabWindow*>(node.widget);
-    if (window == nullptr || window->GetTabs().empty()) {
-        for (GLWidget* child : node.widget->GetChildren())
-            Add(child, &node, std::nullopt, inner);
+    const Vector inner = origin + InnerOrigin(*widget);
+    const auto* const window = dynamic_cast<TabWindow*>(widget);
+    if (window != nullptr && !window->GetTabs().empty()) {
+        AddTabs(node, origin, inner);
         return;
     }
-    for (const TabWindow::Tab& tab : window->GetTabs()) {
+    for (GLWidget* child : widget->GetChildren())
+        Add(child, &node, std::nullopt, inner);
+}
+
+void Scene::AddTabs(const Node& node, const Vector& origin, const Vector& inner) {
+    const auto& tabs = static_cast<TabWindow&>(*node.widget).GetTabs();
+    for (const TabWindow::Tab& tab : tabs) {
         if (tab.button)
             Add(tab.button.get(), &node, std::nullopt, origin);
     }
     int number = 0;
-    for (const TabWindow::Tab& tab : window->GetTabs()) {
+    for (const TabWindow::Tab& tab : tabs) {
         for (GLWidget* child : tab.widgets)
             Add(child, &node, number, inner);
         ++number;
@@ -142,10 +151,30 @@ bool Scene::SeenTogether(const Node& a, const Node& b) {
     return true;
 }
 
+const Node* Scene::At(float x, float y) const {
+    const auto contains = [&](const Node* node) {
+        const Box& box = node->box;
+        return node->shown && x >= box.left && x <= box.right && y >= box.bottom && y <= box.top;
+    };
+    const auto found = std::find_if(order.rbegin(), order.rend(), contains);
+    return found == order.rend() ? nullptr : *found;
+}
+
 std::string ThemeName(const Theme& theme) {
     const auto found = std::ranges::find_if(
         GLWidget::themes, [&](const auto& entry) { return entry.second == &theme; });
     return found == GLWidget::themes.end() ? std::string() : found->first;
+}
+
+std::string DescribeBox(const Box& box) {
+    std::string text;
+    for (const float edge : {box.left, box.bottom, box.right, box.top}) {
+        std::array<char, 48> number;
+        // adding zero turns a negative zero into zero
+        std::snprintf(number.data(), number.size(), " %8.4f", static_cast<double>(edge) + 0.0);
+        text += number.data();
+    }
+    return text;
 }
 
 std::string DescribeTree(const Scene& scene) {
@@ -164,13 +193,7 @@ std::string DescribeTree(const Scene& scene) {
         text += tag + std::string(tagWidth - tag.size() + 1, ' ');
         text += kind + std::string(5 - kind.size() + 1, ' ');
         text += parent + std::string(parentWidth - parent.size(), ' ');
-        for (const float edge :
-             {node->box.left, node->box.bottom, node->box.right, node->box.top}) {
-            std::array<char, 48> number;
-            // adding zero turns a negative zero into zero
-            std::snprintf(number.data(), number.size(), " %8.4f", static_cast<double>(edge) + 0.0);
-            text += number.data();
-        }
+        text += DescribeBox(node->box);
         if (node->tab)
             text += "  tab " + std::to_string(*node->tab);
         text += '\n';

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,13 +15,14 @@ namespace guiview {
 
 /// A widget of the tree and where it is.
 struct Node {
-    GLWidget* widget;          // not owned
-    const Declared* declared;  ///< null for what the toolkit makes itself; not owned
-    const Node* parent;        ///< null at the top; not owned
-    std::optional<int> tab;    ///< of the parent, when it has tabs
-    Box box;                   ///< the toolkit's own bounding box
-    Box drawn;                 ///< what of it can be seen
-    Box clicks;                ///< where it answers a press; empty when it answers none
+    GLWidget* widget = nullptr;          // not owned
+    const Declared* declared = nullptr;  ///< null for what the toolkit makes itself; not owned
+    const Node* parent = nullptr;        ///< null at the top; not owned
+    std::optional<int> tab;              ///< of the parent, when it has tabs
+    Box box;                             ///< the toolkit's own bounding box
+    Box drawn;                           ///< what of it can be seen
+    Box clicks;                          ///< where it answers a press; empty when it answers none
+    bool shown = false;                  ///< not on a tab that another one covers
 
     std::string_view Tag() const;
     /// As a layout names it.
@@ -36,25 +38,27 @@ struct Node {
 /// a container before its children, tab buttons before what is on the tabs.
 class Scene {
 public:
-    /// @param textsAreFinal  labels show no other texts than now, so that their lines are what
-    ///     can be seen of them; otherwise all the room that they keep is
-    explicit Scene(const Declarations& declarations, bool textsAreFinal = false);
+    /// @param settled  labels that show no other texts than now, so that their lines are what can
+    ///     be seen of them; of others it is all the room that they keep
+    explicit Scene(const Declarations& declarations, std::set<std::string> settled = {});
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 
     const std::vector<const Node*>& Nodes() const { return order; }
     /// Null when the tree has no such widget.
     const Node* Find(std::string_view tag) const;
+    /// The one on top among those shown, or null.
+    const Node* At(float x, float y) const;
 
     /// Whether both can be on the screen at once: they are on no two tabs of one window.
     static bool SeenTogether(const Node& a, const Node& b);
 
 private:
     void Add(GLWidget* widget, const Node* parent, std::optional<int> tab, const Vector& origin);
-    void AddChildren(const Node& node, const Vector& origin);
+    void AddTabs(const Node& window, const Vector& origin, const Vector& inner);
 
     const Declarations& declared;
-    bool finalTexts;
+    std::set<std::string> settledLabels;
     std::vector<std::unique_ptr<Node>> owned;
     std::vector<const Node*> order;
 };
@@ -62,6 +66,9 @@ private:
 /// One line per widget: tag, kind, parent and bounding box (left, bottom, right, top on the
 /// screen, in GUI units), and the tab of what is on one.
 std::string DescribeTree(const Scene& scene);
+
+/// Left, bottom, right and top, as a tree is described with.
+std::string DescribeBox(const Box& box);
 
 /// The name by which layouts know a theme.
 std::string ThemeName(const Theme& theme);

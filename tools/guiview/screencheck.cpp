@@ -148,8 +148,11 @@ void ScreenCheck::CheckLabel(const Node& node) {
     const Theme& theme = node.widget->GetTheme();
     auto& label = static_cast<Label&>(*node.widget);
     const std::string& wrapped = label.Wrapped();
-    CheckWidth(node, wrapped, node.box.Width() - theme.fontSize.x / 2.0f);
     const auto lines = std::count(wrapped.begin(), wrapped.end(), '\n') + 1;
+    // Lines that the toolkit breaks by itself hang over: it does not count what moves to the next
+    // one. What matters is where they then reach, which is looked at as for any widget.
+    if (lines == std::count(label.GetText().begin(), label.GetText().end(), '\n') + 1)
+        CheckWidth(node, wrapped, node.box.Width() - theme.fontSize.x / 2.0f);
     const float step = kLineStep * theme.fontSize.y;
     if (static_cast<float>(lines) * step <= node.box.Height() + kTolerance)
         return;

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <system_error>
 
 namespace guiview {
@@ -81,15 +80,15 @@ std::optional<int> ParseWhole(std::string_view word) {
 std::optional<std::string> ReadTextFile(const std::string& path) {
     std::error_code error;
     // Asked first: opening what is no file may wait for ever.
-    if (!std::filesystem::is_regular_file(path, error)
-        || std::filesystem::file_size(path, error) >= kMostBytes || error)
+    if (!std::filesystem::is_regular_file(path, error))
         return std::nullopt;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
     std::ifstream file(path, std::ios::binary);
-    if (!file)
+    if (error || size >= kMostBytes || !file)
         return std::nullopt;
-    std::string content{std::istreambuf_iterator<char>(file), {}};
-    if (file.bad())
-        return std::nullopt;
+    std::string content(static_cast<std::size_t>(size), '\0');
+    file.read(content.data(), static_cast<std::streamsize>(content.size()));
+    content.resize(static_cast<std::size_t>(file.gcount()));
     return content;
 }
 

@@ -69,7 +69,7 @@ TEST_F(GameCheckTest, AnOptionalWidgetOfTheWrongKindIsAnError) {
 
 TEST_F(GameCheckTest, TheLongestTextsOfTheGameMustHaveRoom) {
     EXPECT_THAT(Found("CONF gui.conf\nCADD Label funds NULL -1 1 Funds\n", true),
-                HasSubstr("test.gui:2:12: warning: the text of 'funds' is "));
+                HasSubstr("test.gui:2:12: warning: the text of 'funds' takes "));
     EXPECT_THAT(Found("CONF gui.conf\nCADD Label funds NULL -1.7 1 Government funds: -1.88888e+06 "
                       "doubloons\n",
                       true),

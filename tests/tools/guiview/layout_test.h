@@ -40,8 +40,7 @@ protected:
     Findings Check(const std::string& layout, bool forGame = false,
                    const SampleTexts& texts = {}) const {
         folder.Write("test.gui", layout);
-        const auto built = BuiltLayout::Read(Path());
-        return CheckLayout(*built, forGame, texts);
+        return CheckLayout(*LayoutSource::Read(Path()), forGame, texts);
     }
 
     /// What is printed, with the paths from the folder on.

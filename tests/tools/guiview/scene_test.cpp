@@ -7,10 +7,11 @@ namespace {
 
 class SceneTest : public LayoutTest {
 protected:
-    std::string Tree(const std::string& layout) const {
-        folder.Write("test.gui", layout);
-        const auto built = BuiltLayout::Read(Path());
-        return DescribeTree(Scene(built->Declared()));
+    std::string Tree(const std::string& content) const {
+        folder.Write("test.gui", content);
+        const auto layout = LayoutSource::Read(Path());
+        const BuiltLayout built(*layout);
+        return DescribeTree(Scene(layout->Declared()));
     }
 };
 
@@ -66,11 +67,12 @@ TEST_F(SceneTest, ASliderHasTheToolkitsBox) {
 }
 
 TEST_F(SceneTest, TheGamesOwnLayoutBuildsItsTree) {
-    const auto built = BuiltLayout::Read("data/my.gui.debug");
-    ASSERT_NE(built, nullptr);
-    EXPECT_EQ(built->FromReading().AsText(), "");
-    const Scene scene(built->Declared());
-    for (const Declared& widget : built->Declared().widgets)
+    const auto layout = LayoutSource::Read("data/my.gui.debug");
+    ASSERT_TRUE(layout);
+    EXPECT_EQ(layout->Found().AsText(), "");
+    const BuiltLayout built(*layout);
+    const Scene scene(layout->Declared());
+    for (const Declared& widget : layout->Declared().widgets)
         EXPECT_NE(scene.Find(widget.tag), nullptr) << widget.tag;
 }
 

@@ -164,6 +164,15 @@ TEST_F(ScreenCheckTest, ASampleTextWiderThanItsWidgetIsAWarning) {
                 HasSubstr("test.gui:2:12: warning: the text of 'a' is "));
 }
 
+TEST_F(ScreenCheckTest, LinesThatTheToolkitBreaksMayHangOverIntoTheOpen) {
+    const std::string layout =
+        "CONF gui.conf\nCADD Win w NULL -1 -1 0 Window\nCADD Label a w 0 0 AAAAAAAAAA\\n\\n\\n\n";
+    const SampleTexts text = {{"a", "AAAAAAA AAAAAA AAAAAA AAAAAAA"}};
+    EXPECT_EQ(Found(layout + "CADD Butt wide w 0 0.3 TEX 1 0.1\n", false, text), "");
+    EXPECT_THAT(Found(layout, false, text),
+                HasSubstr("test.gui:3:12: warning: 'a' runs out of 'w'"));
+}
+
 TEST_F(ScreenCheckTest, ASampleTextOfMoreLinesThanItsWidgetIsAWarning) {
     EXPECT_EQ(Found("CONF gui.conf\nCADD Label a NULL 1 1 A\\nB\n", false, {{"a", "A\nB\nC"}}),
               "test.gui:2:12: warning: the text of 'a' takes 3 lines; the widget has room for 2\n");

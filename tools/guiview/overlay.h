@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "tools/guiview/scene.h"
+
+namespace guiview {
+
+/// What the live view draws over the widgets. Needs a current OpenGL context.
+
+/// What can be seen of every widget, with its tag.
+void DrawOutlines(const Scene& scene);
+
+/// A line of text at the edge of the screen that is far from the mouse.
+/// @param mouseY  in GUI units
+void DrawNote(const std::string& text, float mouseY);
+
+/// Tag, kind, box and theme in one line.
+std::string DescribeNode(const Node& node);
+
+}  // namespace guiview

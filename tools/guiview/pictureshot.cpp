@@ -1,0 +1,173 @@
+#include "tools/guiview/pictureshot.h"
+
+#include <GL/gl.h>
+#include <png.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <iostream>
+
+#include "quarn2/glrender.h"
+#include "quarn2/kernel.h"
+#include "quarn2/memory.h"
+#include "tools/guiview/gamecheck.h"
+#include "tools/guiview/scene.h"
+#include "tools/guiview/virtualdisplay.h"
+
+namespace guiview {
+
+namespace {
+
+constexpr int kWidth = 800;
+constexpr int kHeight = 600;
+constexpr int kBitsPerPixel = 24;
+constexpr int kMargin = 8;  ///< pixels around a cropped picture
+/// Longer than any highlight or flash takes.
+constexpr int kSettleMs = 10000;
+
+bool Fail(const std::string& what) {
+    std::cerr << "guiview: " << what << '\n';
+    return false;
+}
+
+/// Red, green and blue of every pixel, the bottom row first.
+class Pixels {
+public:
+    Pixels() : bytes(static_cast<std::size_t>(kWidth) * kHeight * kChannels) {
+        glPixelStorei(GL_PACK_ALIGNMENT, 1);
+        glReadPixels(0, 0, kWidth, kHeight, GL_RGB, GL_UNSIGNED_BYTE, bytes.data());
+    }
+
+    const std::uint8_t* At(int x, int y) const {
+        return &bytes[(static_cast<std::size_t>(y) * kWidth + static_cast<std::size_t>(x))
+                      * kChannels];
+    }
+
+    struct Area {
+        int left = kWidth;
+        int bottom = kHeight;
+        int right = 0;
+        int top = 0;
+    };
+
+    static Area Whole() { return {0, 0, kWidth, kHeight}; }
+
+    /// The part that is not of the colour of the corner, and the margin around it.
+    Area Used() const {
+        Area used;
+        for (int y = 0; y < kHeight; ++y) {
+            for (int x = 0; x < kWidth; ++x) {
+                if (std::equal(At(x, y), At(x, y) + kChannels, At(0, 0)))
+                    continue;
+                used.left = std::min(used.left, x - kMargin);
+                used.bottom = std::min(used.bottom, y - kMargin);
+                used.right = std::max(used.right, x + 1 + kMargin);
+                used.top = std::max(used.top, y + 1 + kMargin);
+            }
+        }
+        if (used.right == 0)
+            return Whole();
+        return {std::max(used.left, 0), std::max(used.bottom, 0), std::min(used.right, kWidth),
+                std::min(used.top, kHeight)};
+    }
+
+    bool Write(const Area& area, const std::string& file) const {
+        png_image image{};
+        image.version = PNG_IMAGE_VERSION;
+        image.width = static_cast<png_uint_32>(area.right - area.left);
+        image.height = static_cast<png_uint_32>(area.top - area.bottom);
+        image.format = PNG_FORMAT_RGB;
+        // A negative stride: the file begins with the top row.
+        const png_int_32 stride = -kWidth * kChannels;
+        if (png_image_write_to_file(&image, file.c_str(), 0, At(area.left, area.bottom), stride,
+                                    nullptr)
+            != 0)
+            return true;
+        return Fail(file + ": cannot be written: " + image.message);
+    }
+
+private:
+    static constexpr int kChannels = 3;
+    std::vector<std::uint8_t> bytes;
+};
+
+void Settle() {
+    // The first update may overshoot; the second puts it right.
+    GLWidget::UpdateWidgets(kSettleMs);
+    GLWidget::UpdateWidgets(kSettleMs);
+}
+
+/// Moves the mouse over the middle of a widget.
+bool Hover(const LayoutSource& layout, const std::string& tag) {
+    const Scene scene(layout.Declared());
+    const Node* const node = scene.Find(tag);
+    if (node == nullptr)
+        return Fail("no widget has the tag '" + tag + "'");
+    const float x = (node->box.left + node->box.right) / 2.0f;
+    const float y = (node->box.bottom + node->box.top) / 2.0f;
+    GLWidget::MouseMoveWidgets({(x / GLWidget::HalfWidth() + 1.0f) * kWidth / 2.0f,
+                                (1.0f - y / GLWidget::guiScale) * kHeight / 2.0f});
+    Settle();
+    return true;
+}
+
+void Press(bool down) {
+    GLWidget::MouseClickWidgets(down, false, false);
+    Settle();
+}
+
+bool Strike(const LayoutSource& layout, const Pose& pose) {
+    if (pose.longestGameTexts)
+        FillGameTexts();
+    FillTexts(pose.texts);
+    Settle();
+    for (const std::string& tag : pose.clicked) {
+        if (!Hover(layout, tag))
+            return false;
+        Press(true);
+        Press(false);
+    }
+    if (!pose.hovered.empty() && !Hover(layout, pose.hovered))
+        return false;
+    if (pose.pressed.empty())
+        return true;
+    if (!Hover(layout, pose.pressed))
+        return false;
+    Press(true);
+    return true;
+}
+
+}  // namespace
+
+void DrawScreen() {
+    glClearColor(0.0f, 0.0f, 0.8f, 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glLoadIdentity();
+    GLWidget::RenderWidgets();
+}
+
+bool TakePicture(const LayoutSource& layout, const Pose& pose, bool crop, const std::string& file) {
+    const auto display = VirtualDisplay::Start(kWidth, kHeight);
+    if (display == nullptr)
+        return false;
+    const Pointer<Kernel> kernel = new Kernel;
+    const Pointer<GLRender> window = new GLRender(kernel);
+    if (!window->OpenWindow("guiview", kWidth, kHeight, kBitsPerPixel, false))
+        return false;
+    bool taken = false;
+    {
+        const FolderVisit visit(layout.Folder());
+        layout.Build();
+        taken = Strike(layout, pose);
+    }
+    if (taken) {
+        DrawScreen();
+        const Pixels pixels;
+        taken = pixels.Write(crop ? pixels.Used() : Pixels::Whole(), file);
+    }
+    window->Close();
+    return taken;
+}
+
+}  // namespace guiview

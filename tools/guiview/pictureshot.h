@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/guiview/headless.h"
+#include "tools/guiview/layoutcheck.h"
+
+namespace guiview {
+
+/// What is done to a layout before its picture is taken.
+struct Pose {
+    SampleTexts texts;
+    bool longestGameTexts = false;
+    std::vector<std::string> clicked;  ///< tags, in order
+    std::string hovered;               ///< a tag, or empty
+    std::string pressed;               ///< a tag, or empty; stays held down
+};
+
+/// Draws a layout on a virtual display and writes the picture as a PNG file.
+/// @param crop  leaves out what is empty around the widgets
+/// @return false, after one line on standard error, when that cannot be done
+[[nodiscard]] bool TakePicture(const LayoutSource& layout, const Pose& pose, bool crop,
+                               const std::string& file);
+
+/// Clears the screen as the game does and draws the widgets. Needs a current OpenGL context.
+void DrawScreen();
+
+}  // namespace guiview
