@@ -363,11 +363,15 @@ TEST(InflateTest, RepeatAtTheStartOfTheLiteralSetFails) {
 }
 
 TEST(InflateTest, RepeatAtTheStartOfTheDistanceSetFails) {
-    constexpr LengthEntry kNothingBefore[] = {{18, 86}, {2}, {2}, {18, 127},
-                                              {18, 8},  {2}, {2}, {16, 0}};
+    // In one sequence it would repeat the length of symbol 257.
+    constexpr LengthEntry kNothingBefore[] = {{18, 86}, {2}, {2},     {18, 127}, {18, 8},
+                                              {2},      {2}, {16, 0}, {2}};
     BitWriter out;
-    WriteDynamicHeader(out, true, 258, 3, kNothingBefore);
-    ExpectBlockError(out.Number(0, 30).Written(), {});
+    WriteDynamicHeader(out, true, 258, 4, kNothingBefore);
+    out.Code(kA, 2).Code(kLengthThree, 2).Code(0, 2).Code(kEnd, 2);
+    ASSERT_EQ(InflateWithZlib(out.Written(), kRoom).output, Text("aaaa"));
+    EXPECT_TRUE(RepeatsCrossTheSets(out.Written()));
+    ExpectBlockError(out.Written(), {});
 }
 
 // What a call takes and leaves

@@ -87,7 +87,9 @@ bool BlockRepeatsAcross(std::span<const std::uint8_t> stream, std::size_t positi
         unsigned count = 1;
         if (entry >= 16)
             count = (entry == 18 ? 11 : 3) + in.Number(kRepeatBits[entry - 16]);
-        if (index < literals && index + count > literals)
+        const bool reachesAcross = index < literals && index + count > literals;
+        const bool looksBackAcross = index == literals && entry == 16;
+        if (reachesAcross || looksBackAcross)
             return true;
         index += count;
     }
