@@ -97,7 +97,7 @@ class Scripts(unittest.TestCase):
         result = self.command("./check", "--preset", "fast")
         self.assertEqual(result.returncode, 1)
         self.assertEqual(result.stderr, "check: there is no preset fast; "
-                         "usage: ./check [--preset release|debug|sanitize]\n")
+                         "usage: ./check [--preset release|debug|sanitize|tidy]\n")
 
     # Packages
 
