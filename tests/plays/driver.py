@@ -129,10 +129,18 @@ class Game:
                                            X.ZPixmap, 0xFFFFFFFF).data
 
     def look(self, tag, part=1.0):
-        """A widget's pixels, or those of the given part from its left."""
+        """A widget's pixels, or those of the given part from its left. Of a slider only the strip
+        along its line is looked at: the text of a neighbour may reach into the rest of its box."""
         widget = widgets()[tag]
-        return self.grab(widget.left, widget.top,
-                         widget.left + int((widget.right - widget.left) * part), widget.bottom)
+        left, top, right, bottom = widget.left, widget.top, widget.right, widget.bottom
+        if widget.kind == "Slider":
+            x, y = widget.middle
+            strip = 4
+            if right - left > bottom - top:
+                top, bottom = y - strip, y + strip
+            else:
+                left, right = x - strip, x + strip
+        return self.grab(left, top, left + int((right - left) * part), bottom)
 
     # Waiting
 
