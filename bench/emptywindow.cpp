@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // The least that a program with an SDL window and OpenGL does: opens the window and presents
 // cleared pictures until it is ended. The game's start is measured against its start.
 

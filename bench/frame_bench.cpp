@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // A frame of the game without its OpenGL calls: the mouse and the keys handed to the widgets,
 // the controls read, every label written. The layout is the game's own, read in an empty folder,
 // so that no picture and no font is loaded.

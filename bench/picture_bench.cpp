@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // What a whole frame of the game costs beside its texts alone. Needs a display; to be started in
 // the data directory.
 

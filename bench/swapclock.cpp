@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // Loaded before SDL (LD_PRELOAD), appends the monotonic clock in nanoseconds, eight bytes each,
 // to the file named by SWAPCLOCK whenever a picture has been presented. So a program can be timed
 // without knowing it.

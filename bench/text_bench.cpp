@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // Text by Print beside the same text by display lists alone, a frame at a time, and what it
 // costs to load the font and to measure. Processor time, of the driver's threads, too. Needs a
 // display; run in the folder data.

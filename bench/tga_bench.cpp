@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // The TGA decoder to floats beside stb_image to bytes, on the same files.
 
 #include <benchmark/benchmark.h>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // The toolkit without its OpenGL calls. The tree is the game's own layout, read in an empty
 // folder, so that no picture and no font is loaded.
 #include <benchmark/benchmark.h>

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 set(SDL_BUILDING_LIBRARY TRUE)  # no SDLmain: our main is the program's own
 find_package(SDL 1.2 REQUIRED)
 set(OpenGL_GL_PREFERENCE GLVND)

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 # What every target of ours is compiled with. Library headers come in as SYSTEM
 # through their imported targets, so the warnings are about our own code alone.
 add_library(merovinska_options INTERFACE)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// What the people earn in a year and how much of it the treasury takes.

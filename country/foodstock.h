@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// What the two food stocks of a country share. A production is fixed when workers are set:

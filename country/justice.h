@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// Crime, which drifts on its own, and the justice that the player sets against it. Both levels

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 # merovinska_add_fuzz_target(EXECUTABLE TARGET): gives an executable the one function of a
 # target. The fuzzer feeds it, and so do tests.
 set(MEROVINSKA_FUZZ_TARGETS

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// Sixteen floats in OpenGL's column-major order: the model-view transformation, to keep and

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 # What ./play, ./check and the scripts beside this one share. To be sourced under
 # set -euo pipefail; what reads the tree expects to stand in its root.
 # shellcheck shell=bash

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 # merovinska_python_tests(FILE [CLASSES ...] [ENVIRONMENT NAME=VALUE ...] [PROPERTIES ...]): one
 # CTest entry per test of a Python file, which finds the build in the environment. CLASSES are those
 # that inherit the file's tests, where these do not stand in a class of their own. Debian's

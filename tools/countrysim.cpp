@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // The country without a window: one CSV row per tick, so that the model can be studied, plotted
 // and compared.
 

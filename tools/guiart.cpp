@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // Draws the sheet of small pictures that the widgets use.
 
 #include <CLI/CLI.hpp>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // Shows a layout as the game would draw it, and checks and formats it.
 
 #include <SDL.h>

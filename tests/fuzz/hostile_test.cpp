@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // Feeds one fuzz target with the valid files of its corpus and with damaged ones. The target
 // itself checks what must hold whatever comes in.
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 """Plays the real game: starts it on a virtual display of its own, moves the mouse, presses keys
 and looks at the picture. Nothing in the game helps; what a play knows, a player could see."""
 

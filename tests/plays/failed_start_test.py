@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 """A start of the game that fails. Its end is as clean as any other's."""
 
 import os

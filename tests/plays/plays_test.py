@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 """Whole plays of the game with a real mouse and keyboard, on both SDL libraries."""
 
 import os

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // widgetmap FILE, started in the data directory, tells the plays where the game's widgets are:
 // one line per widget that a player can reach, with its tag, its kind, its box in window pixels
 // (left, top, right, bottom) and the tag of the button that has to be pressed to bring it up, or

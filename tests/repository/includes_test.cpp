@@ -1,4 +1,7 @@
-// The house has floors (ARCHITECTURE.md): what stands on one includes only what stands below.
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
+// The house has floors: what stands on one includes only what stands below.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

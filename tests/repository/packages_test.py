@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 """packages.txt names what a fresh machine needs: nothing that the tree compiles against, links to
 or calls comes from a package that the list would not bring along."""
 

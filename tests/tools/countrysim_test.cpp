@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 // countrysim is run as its users run it, and its rows are compared with the library's figures.
 
 #include <gmock/gmock.h>

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 """guiview as a program: its options, its status, its pictures and its live view."""
 
 import json

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 """The examples of docs/LAYOUT.md: takes them out of the document, and draws their pictures.
 
 layout_examples.py GUIVIEW renews the pictures."""

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
 """docs/LAYOUT.md tells the truth: its examples are clean, and look as they are shown."""
 
 import os

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
 #include "tools/guiview/scene.h"
 
 #include "tests/tools/guiview/layout_test.h"
