@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -214,18 +215,22 @@ int Run(const Options& options, char** arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Shows a layout as the game would draw it, and checks and formats it.");
-    Options options;
-    Declare(app, options);
     try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0)
-            return app.exit(error);  // help was asked for
-        std::string message = error.what();
-        std::ranges::replace(message, '\n', ' ');
-        return Fail(message);
+        CLI::App app("Shows a layout as the game would draw it, and checks and formats it.");
+        Options options;
+        Declare(app, options);
+        try {
+            app.parse(argc, argv);
+        } catch (const CLI::ParseError& error) {
+            if (error.get_exit_code() == 0)
+                return app.exit(error);  // help was asked for
+            std::string message = error.what();
+            std::ranges::replace(message, '\n', ' ');
+            return Fail(message);
+        }
+        const ExitGuard guard;
+        return Run(options, argv);
+    } catch (const std::exception& error) {
+        return Fail(error.what());
     }
-    const ExitGuard guard;
-    return Run(options, argv);
 }

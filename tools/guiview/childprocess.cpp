@@ -38,6 +38,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments, bool silen
         return;
     // Made before the fork, behind which nothing may be allocated.
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments)
         pointers.push_back(const_cast<char*>(argument.c_str()));
     pointers.push_back(nullptr);

@@ -46,6 +46,7 @@ Rgb MeanOf(const std::vector<Rgb>& colours) {
 /// What all but the specks of the colours reach.
 double RatioTo(const Rgb& text, const std::vector<Rgb>& behind) {
     std::vector<double> ratios;
+    ratios.reserve(behind.size());
     for (const Rgb& colour : behind)
         ratios.push_back(ContrastRatio(text, colour));
     const auto place =

@@ -45,10 +45,11 @@ std::vector<std::string> FilesOf(const std::string& layout) {
     const LayoutFile file =
         ParseLayout(layout, ReadTextFile(layout).value_or(std::string()), ignored);
     for (const Statement& statement : file.statements) {
-        if (const Word* const theme = statement.Find("theme"))
+        if (const Word* const theme = statement.Find("theme")) {
             add(theme->text, ThemeRules(), kPictureLine);
-        else if (const Word* const configuration = statement.Find("file"))
+        } else if (const Word* const configuration = statement.Find("file")) {
             add(configuration->text, ConfigurationRules(), kFontLine);
+        }
     }
     return files;
 }

@@ -81,9 +81,10 @@ std::string WidestFragment(std::uint32_t mask, bool first) {
         const auto count = std::ranges::count(kFragments[row], '|') + 1;
         for (std::uint32_t i = 0; i < static_cast<std::uint32_t>(count); ++i) {
             std::string fragment(NameGenerator::Alternative(kFragments[row], i));
-            if (first)
+            if (first) {
                 fragment[0] =
                     static_cast<char>(std::toupper(static_cast<unsigned char>(fragment[0])));
+            }
             if (WidthOf(fragment) > WidthOf(widest))
                 widest = fragment;
         }
@@ -116,19 +117,21 @@ std::string WidestStory() {
 }
 
 std::string PopulationText() {
-    std::string text = "Population Statistics: \nTotal: " + std::string(kNineDigits);
+    std::string text = "Population Statistics: \nTotal: ";
+    text += kNineDigits;
     for (const tag::ProfessionTags& profession : tag::kProfessionTags)
-        text += "\n" + std::string(profession.plural) + ": " + std::string(kNineDigits);
-    return text + "\nIdle: " + std::string(kNineDigits);
+        text.append("\n").append(profession.plural).append(": ").append(kNineDigits);
+    return text.append("\nIdle: ").append(kNineDigits);
 }
 
 std::string ContinentText(const std::string& name) {
     std::string text =
         "Continent Information: \n"
         "Buy Cost of Livestock, Grain. Sell Cost of Livestock, Grain.\n";
-    for (std::size_t i = 1; i <= World::kCountryCount; ++i)
-        text +=
-            "Country " + std::to_string(i) + ": " + name + " - 1.48888 1.48888 0.888888 0.888888\n";
+    for (std::size_t i = 1; i <= World::kCountryCount; ++i) {
+        text.append("Country ").append(std::to_string(i)).append(": ").append(name);
+        text += " - 1.48888 1.48888 0.888888 0.888888\n";
+    }
     return text;
 }
 
@@ -149,9 +152,10 @@ void CheckGameTags(const Declarations& declarations, const std::string& path, Fi
         const std::string kind(WordFor(needed.role));
         const auto found = std::ranges::find(declarations.widgets, tag, &Declared::tag);
         if (found == declarations.widgets.end()) {
-            if (!needed.optional)
+            if (!needed.optional) {
                 findings.Error(path, {},
                                "the game needs a " + kind + " with the tag '" + tag + "'");
+            }
         } else if (found->GetKind() != KindFor(needed.role)) {
             findings.Error(path, found->statement->Find("kind")->place,
                            "'" + tag + "' is a " + std::string(found->statement->kind->word)
@@ -190,9 +194,10 @@ SampleTexts LongestGameTexts() {
         {std::string(tag::kFigures), kFigures},
         {std::string(tag::kFrameRate), "FPS: 8888"},
     };
-    for (const tag::ProfessionTags& profession : tag::kProfessionTags)
+    for (const tag::ProfessionTags& profession : tag::kProfessionTags) {
         texts.emplace_back(std::string(profession.slider) + "lab",
                            std::string(profession.plural) + ": 100%");
+    }
     const char digit = WidestDigit();
     for (auto& [tag, text] : texts) {
         if (tag != tag::kPaper)

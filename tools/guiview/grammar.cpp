@@ -37,16 +37,16 @@ constexpr FieldRule kGrid[] = {{Whole, "columns"}, {Whole, "rows"}};
 constexpr FieldRule kSize[] = {{Number, "width"}, {Number, "height"}};
 
 constexpr KindRule kKinds[] = {
-    {.kind = Kind::Win, .word = "Win", .fields = kWindow, .container = true},
-    {.kind = Kind::Frame, .word = "Frame", .fields = kFrame, .container = true, .showsText = false},
-    {.kind = Kind::TWin, .word = "TWin", .fields = {}, .container = true, .showsText = false},
-    {.kind = Kind::Check, .word = "Check", .fields = kTextFields, .clickable = true},
-    {.kind = Kind::Opt, .word = "Opt", .fields = kTextFields, .clickable = true},
-    {.kind = Kind::Combo, .word = "Combo", .fields = {}, .clickable = true},
-    {.kind = Kind::Butt, .word = "Butt", .fields = kCaption, .clickable = true},
-    {.kind = Kind::Slide, .word = "Slide", .fields = kSize, .clickable = true, .showsText = false},
-    {.kind = Kind::Text, .word = "Text", .fields = kGrid, .clickable = true},
-    {.kind = Kind::Label, .word = "Label", .fields = kTextFields},
+    {.word = "Win", .fields = kWindow, .kind = Kind::Win, .container = true},
+    {.word = "Frame", .fields = kFrame, .kind = Kind::Frame, .container = true, .showsText = false},
+    {.word = "TWin", .fields = {}, .kind = Kind::TWin, .container = true, .showsText = false},
+    {.word = "Check", .fields = kTextFields, .kind = Kind::Check, .clickable = true},
+    {.word = "Opt", .fields = kTextFields, .kind = Kind::Opt, .clickable = true},
+    {.word = "Combo", .fields = {}, .kind = Kind::Combo, .clickable = true},
+    {.word = "Butt", .fields = kCaption, .kind = Kind::Butt, .clickable = true},
+    {.word = "Slide", .fields = kSize, .kind = Kind::Slide, .clickable = true, .showsText = false},
+    {.word = "Text", .fields = kGrid, .kind = Kind::Text, .clickable = true},
+    {.word = "Label", .fields = kTextFields, .kind = Kind::Label},
 };
 
 template <typename Rules>

@@ -35,9 +35,9 @@ enum class Kind { Win, Frame, TWin, Check, Opt, Combo, Butt, Slide, Text, Label 
 
 /// A kind of widget as a layout names it.
 struct KindRule {
-    Kind kind;
     std::string_view word;
     std::span<const FieldRule> fields;
+    Kind kind;
     bool container = false;  ///< and attached only when the layout is solidified
     bool clickable = false;
     bool showsText = true;

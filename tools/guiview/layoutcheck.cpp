@@ -75,9 +75,10 @@ Findings CheckLayout(const LayoutSource& layout, bool forGame, const SampleTexts
     ScreenCheck(scene, path, answers, messageBox, findings).Run();
     ContrastCheck contrast(scene, path, findings);
     contrast.Run();
-    if (forGame)
+    if (forGame) {
         contrast.CheckOwnFill(*GLWidget::themes["messagebox"], "the message box",
                               layout.Folder() + "messagebox.theme", {});
+    }
     findings.Sort(path);
     return findings;
 }

@@ -125,10 +125,11 @@ private:
             const Cell& cell = row.cells[i];
             line += padding;
             const std::string blanks(columns[i].before - WidthOf(cell.before), ' ');
-            if (cell.number)
+            if (cell.number) {
                 line += blanks + cell.before + cell.after;
-            else
+            } else {
                 line += cell.before;
+            }
             padding = cell.number ? "" : blanks;
             padding += std::string(columns[i].after - WidthOf(cell.after), ' ') + " ";
         }

@@ -177,7 +177,7 @@ bool LiveView::CheckFiles(Report report) const {
     if (options.forGame)
         arguments.emplace_back("--game");
     for (const auto& [tag, text] : options.texts)
-        arguments.insert(arguments.end(), {"--text", tag + "=" + text});
+        arguments.push_back(std::string("--text=").append(tag).append("=").append(text));
     arguments.push_back(options.layout);
     ChildProcess check(arguments, false);
     const auto list = nlohmann::json::parse(check.ReadAll(), nullptr, false);

@@ -69,10 +69,11 @@ void ResourceCheck::CheckDefaultTheme() {
 void ResourceCheck::CheckTheme(const std::string& name, Place where, const std::string& needs) {
     if (!known.insert(name).second)
         return;
-    if (const auto content = ReadTextFile(name))
+    if (const auto content = ReadTextFile(name)) {
         CheckTheme(name, *content);
-    else
+    } else {
         findings.Error(layout.path, where, needs + " '" + name + "' cannot be read");
+    }
 }
 
 void ResourceCheck::CheckTheme(const std::string& name, const std::string& content) {
@@ -100,17 +101,19 @@ void ResourceCheck::CheckConfiguration(const Word& name) {
         return;
     const ErrorStreamCapture said;
     FontRender measure;
-    if (!measure.Measure(font->text))
+    if (!measure.Measure(font->text)) {
         findings.Error(path, font->place,
                        "the font '" + font->text + "' cannot be loaded" + Reason(said));
+    }
 }
 
 void ResourceCheck::CheckPicture(const std::string& picture, const std::string& file, Place where) {
     const ErrorStreamCapture said;
     TextureData data;
-    if (!data.Load(picture))
+    if (!data.Load(picture)) {
         findings.Error(file, where,
                        "the picture '" + picture + "' cannot be loaded" + Reason(said));
+    }
 }
 
 }  // namespace guiview

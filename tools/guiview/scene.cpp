@@ -111,8 +111,9 @@ void Scene::Add(GLWidget* widget, const Node* parent, std::optional<int> tab,
     const bool settled = node.IsKind(Kind::Label) && settledLabels.contains(entry->tag);
     node.drawn = settled ? LinesBox(node) : DrawnBox(node);
     node.clicks = ClickBox(node);
-    const bool covered = tab && std::ranges::count(parent->widget->GetChildren(), widget) == 0;
-    node.shown = !covered && (parent == nullptr || parent->shown);
+    node.shown = parent == nullptr || parent->shown;
+    if (parent != nullptr && tab)
+        node.shown = node.shown && std::ranges::count(parent->widget->GetChildren(), widget) > 0;
     order.push_back(&node);
 
     const Vector inner = origin + InnerOrigin(*widget);

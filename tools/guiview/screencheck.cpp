@@ -130,9 +130,10 @@ void ScreenCheck::CheckText(const Node& node) {
         break;
     case Kind::Combo: {
         const float button = node.widget->GetChildren().front()->Getbbox().z;
-        for (const std::string& item : node.widget->GetTexts())
+        for (const std::string& item : node.widget->GetTexts()) {
             CheckWidth(node, item,
                        node.box.Width() - button - 3.0f * theme.border - theme.fontSize.x);
+        }
         break;
     }
     default:
