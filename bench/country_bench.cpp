@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdint>
 #include <cstdlib>
 
 #include "country/date.h"
@@ -10,6 +11,7 @@
 #include "country/newspaper.h"
 #include "country/rates.h"
 #include "country/world.h"
+#include "tools/countrysim/campaign.h"
 
 namespace {
 
@@ -93,6 +95,27 @@ void Tick(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * ticksOfCampaign);
 }
 BENCHMARK(Tick)->ArgName("seconds")->Arg(kWeek)->Arg(330);
+
+/// What `countrysim --summary` does for a row: the world, its draws and the ticks, from a country
+/// that nothing but plagues strikes to one that ends early.
+void CampaignSummary(benchmark::State& state) {
+    Campaign campaign;
+    campaign.weeks = 200.0;
+    campaign.step = kSecondsPerWeek;
+    if (state.range(0) != 0) {
+        campaign.policy.shares = {0.26f, 0.52f, 0.0f, 0.0f, 0.1f};
+        campaign.policy.justice = 0.56f;
+        campaign.policy.renew = true;
+    }
+    campaign.seed = 0;
+    std::int64_t ticks = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        ++campaign.seed;
+        ticks += Summarise(campaign).weeks;
+    }
+    state.SetItemsProcessed(ticks);
+}
+BENCHMARK(CampaignSummary)->ArgName("fed")->Arg(0)->Arg(1);
 
 /// All that a click on the week button starts in the world.
 void WorldWeek(benchmark::State& state) {

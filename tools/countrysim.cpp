@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// The country without a window: one CSV row per tick, so that the model can be studied, plotted
-// and compared.
+// The country without a window: one CSV row per tick or per campaign, so that the model can be
+// studied, plotted and compared.
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -12,48 +12,54 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <functional>
 #include <iostream>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "country/rates.h"
-#include "country/world.h"
+#include "tools/countrysim/campaign.h"
 
 namespace {
 
 constexpr int kBadOption = 2;
 constexpr double kMostWeeks = 1e9;
 constexpr char kRealStep[] = "real";
+constexpr char kSummaryHelp[] =
+    "Columns of --summary: seed; weeks survived, which are the whole weeks at whose end there "
+    "were people (nothing else ends a country, and the campaign ends with them); the week, from "
+    "1, of the first famine, the first plague and the rebellion, empty when there was none; then "
+    "lowest and last, of the figures at the ends of the ticks, of livestock, grain, people, "
+    "funds, morale and crime.";
 
-/// A share of the people, and the level that the game's slider for it starts at.
+/// One per profession.
 struct ShareOption {
     const char* name;
     const char* help;
-    float level;
 };
 
 constexpr std::array<ShareOption, kProfessions.size()> kShareOptions{{
-    {"--farmers", "Share of the farmers (0.251; bare: 0.25)", 0.251f},
-    {"--butchers", "Share of the butchers (0.501; bare: 0.5)", 0.501f},
-    {"--educators", "Share of the educators (0.01; bare: 0)", 0.01f},
-    {"--warriors", "Share of the warriors (0)", 0.0f},
-    {"--doctors", "Share of the doctors (0)", 0.0f},
+    {"--farmers", "Share of the farmers (0.251; bare: 0.25)"},
+    {"--butchers", "Share of the butchers (0.501; bare: 0.5)"},
+    {"--educators", "Share of the educators (0.01; bare: 0)"},
+    {"--warriors", "Share of the warriors (0)"},
+    {"--doctors", "Share of the doctors (0)"},
 }};
-constexpr float kRationLevel = 0.5f;
-constexpr float kJusticeLevel = 0.5f;
+
+/// Campaigns of these seeds, both included.
+struct Seeds {
+    std::uint32_t from = 1;
+    std::uint32_t to = 1;
+};
 
 struct Options {
-    std::uint32_t seed = 1;
-    double weeks = 52.0;
+    std::string seed = "1";
+    std::string seeds;  // instead of one seed
     std::string step = "604800";
-    std::array<std::optional<float>, kProfessions.size()> shares;
-    float livestockRation = kRationLevel;
-    float grainRation = kRationLevel;
-    std::optional<float> justice;
-    bool bare = false;
     bool noNewspaper = false;
+    bool summary = false;
+    Campaign campaign;
 };
 
 bool IsNumberWithin(const std::string& text, double lowest, double highest) {
@@ -73,16 +79,35 @@ CLI::Validator Between(double lowest, double highest) {
             ""};
 }
 
-/// Takes decimal digits alone. Leading zeros go: to the parser they would mean another base.
+/// Takes decimal digits alone; leading zeros mean nothing.
+std::optional<std::uint32_t> ParseSeed(std::string_view text) {
+    std::uint32_t seed = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seed);
+    if (error != std::errc() || end != text.data() + text.size())
+        return std::nullopt;
+    return seed;
+}
+
+/// Takes FROM-TO, of which the second is not less than the first.
+std::optional<Seeds> ParseSeeds(std::string_view text) {
+    const std::size_t dash = std::min(text.find('-'), text.size());
+    const std::optional<std::uint32_t> from = ParseSeed(text.substr(0, dash));
+    const std::optional<std::uint32_t> to = ParseSeed(text.substr(std::min(dash + 1, text.size())));
+    if (!from || !to || *from > *to)
+        return std::nullopt;
+    return Seeds{*from, *to};
+}
+
 CLI::Validator SeedText() {
-    return {[](std::string& text) -> std::string {
-                std::uint32_t seed = 0;
-                const char* const last = text.data() + text.size();
-                const auto [end, error] = std::from_chars(text.data(), last, seed);
-                if (error != std::errc() || end != last)
-                    return "must be a whole number from 0 to 4294967295";
-                text = std::to_string(seed);
-                return {};
+    return {[](const std::string& text) -> std::string {
+                return ParseSeed(text) ? "" : "must be a whole number from 0 to 4294967295";
+            },
+            ""};
+}
+
+CLI::Validator SeedsText() {
+    return {[](const std::string& text) -> std::string {
+                return ParseSeeds(text) ? "" : "must be two seeds in order, as in 1-1000";
             },
             ""};
 }
@@ -98,10 +123,13 @@ CLI::Validator StepText() {
 
 void Declare(CLI::App& app, Options& options) {
     const CLI::Validator level = Between(0.0, 1.0);
-    app.add_option("--seed", options.seed, "Seed of the random draws")
-        ->transform(SeedText())
-        ->capture_default_str();
-    app.add_option("--weeks", options.weeks, "Weeks to simulate at least, also a fraction")
+    Policy& policy = options.campaign.policy;
+    CLI::Option* seed = app.add_option("--seed", options.seed, "Seed of the random draws");
+    seed->check(SeedText())->capture_default_str();
+    CLI::Option* seeds = app.add_option("--seeds", options.seeds,
+                                        "A campaign for each seed FROM-TO, with --summary");
+    seeds->check(SeedsText())->excludes(seed);
+    app.add_option("--weeks", options.campaign.weeks, "Weeks to simulate at least, also a fraction")
         ->check(Between(0.0, kMostWeeks))
         ->capture_default_str();
     app.add_option("--step", options.step,
@@ -109,39 +137,31 @@ void Declare(CLI::App& app, Options& options) {
         ->check(StepText())
         ->capture_default_str();
     for (std::size_t i = 0; i < kShareOptions.size(); ++i) {
-        app.add_option(kShareOptions[i].name, options.shares[i], kShareOptions[i].help)
+        app.add_option(kShareOptions[i].name, policy.shares[i], kShareOptions[i].help)
             ->check(level);
     }
-    app.add_option("--lration", options.livestockRation, "Level of the livestock ration's slider")
+    app.add_option("--lration", policy.livestockRation, "Level of the livestock ration's slider")
         ->check(level)
         ->capture_default_str();
-    app.add_option("--gration", options.grainRation, "Level of the grain ration's slider")
+    app.add_option("--gration", policy.grainRation, "Level of the grain ration's slider")
         ->check(level)
         ->capture_default_str();
-    app.add_option("--justice", options.justice, "Level of justice (0.5; bare: 0.4)")->check(level);
-    app.add_flag("--bare", options.bare,
-                 "The player's country alone, with no world around it and no newspaper");
+    app.add_option("--justice", policy.justice, "Level of justice (0.5; bare: 0.4)")->check(level);
+    app.add_flag("--renew", policy.renew,
+                 "Set the workers to work anew before every tick, as moving their sliders does");
+    CLI::Option* bare =
+        app.add_flag("--bare", options.campaign.bare,
+                     "The player's country alone, with no world around it and no newspaper");
+    app.add_option("--trade", policy.trade,
+                   "Before every tick sell the food beyond so many weeks' need to the first "
+                   "neighbour, and buy from it what is missing, as far as the funds reach")
+        ->check(Between(0.0, kMostWeeks))
+        ->excludes(bare);
     app.add_flag("--no-newspaper", options.noNewspaper, "Drop the newspaper and its draws");
-}
-
-/// What the game's controls do to the country in the first frame.
-void Govern(Country& country, const Options& options) {
-    if (options.justice || !options.bare)
-        country.justice.justiceLevel = options.justice.value_or(kJusticeLevel);
-    bool anyShare = false;
-    for (const Profession profession : kProfessions) {
-        const auto index = static_cast<std::size_t>(profession);
-        const std::optional<float> share = options.shares[index];
-        if (!share && options.bare)
-            continue;
-        country.SetShare(profession, share.value_or(kShareOptions[index].level));
-        country.Normalise(profession);
-        anyShare = true;
-    }
-    if (!anyShare)
-        country.Normalise(Profession::Farmers);
-    country.livestock.ration = options.livestockRation * 2.0f * country.livestock.baseRation;
-    country.grain.ration = options.grainRation * 2.0f * country.grain.baseRation;
+    CLI::Option* summary =
+        app.add_flag("--summary", options.summary, "A row per campaign instead of one per tick");
+    seeds->needs(summary);
+    app.footer(kSummaryHelp);
 }
 
 void PrintHeader() {
@@ -161,41 +181,66 @@ void PrintRow(std::int64_t tick, const Country& country) {
     std::printf(",%d\n", country.rebellion ? 1 : 0);
 }
 
-/// Runs the campaign on a country that `tick` advances by the seconds given.
-void Simulate(Country& country, const Options& options, const std::function<void(float)>& tick) {
-    country.SetMessageStream(&std::cerr);  // the rows have the standard output to themselves
-    Govern(country, options);
-
-    const bool real = options.step == kRealStep;
-    const float fixedStep = real ? 0.0f : std::stof(options.step);
-    const double total = options.weeks * static_cast<double>(kSecondsPerWeek);
-    double spent = 0.0;
+void PrintRows(const Campaign& campaign) {
     PrintHeader();
-    for (std::int64_t row = 1; spent < total; ++row) {
-        const float seconds = real ? World::DrawClockSeconds() : fixedStep;
-        tick(seconds);
-        PrintRow(row, country);
-        spent += static_cast<double>(seconds);
+    std::int64_t tick = 0;
+    // the rows have the standard output to themselves
+    Run(campaign, &std::cerr, [&](const Country& country, double, float) {
+        PrintRow(++tick, country);
+        return true;
+    });
+}
+
+void PrintSummaryHeader() {
+    std::puts(
+        "seed,weeks,famine,plague,rebellion,livestock_lowest,livestock_last,grain_lowest,"
+        "grain_last,people_lowest,people_last,funds_lowest,funds_last,morale_lowest,morale_last,"
+        "crime_lowest,crime_last");
+}
+
+void PrintSummary(std::uint32_t seed, const Summary& summary) {
+    std::printf("%lu,%lld", static_cast<unsigned long>(seed),
+                static_cast<long long>(summary.weeks));
+    for (const std::optional<std::int64_t>& week :
+         {summary.famine, summary.plague, summary.rebellion}) {
+        std::putchar(',');
+        if (week)
+            std::printf("%lld", static_cast<long long>(*week));
+    }
+    for (const Range& range : {summary.livestock, summary.grain, summary.people, summary.funds,
+                               summary.morale, summary.crime})
+        std::printf(",%.9g,%.9g", static_cast<double>(range.lowest),
+                    static_cast<double>(range.last));
+    std::putchar('\n');
+}
+
+void PrintSummaries(Campaign& campaign, Seeds seeds) {
+    PrintSummaryHeader();
+    for (std::uint64_t seed = seeds.from; seed <= seeds.to; ++seed) {
+        campaign.seed = static_cast<std::uint32_t>(seed);
+        PrintSummary(campaign.seed, Summarise(campaign));
+        if (std::ferror(stdout) != 0)
+            return;  // nobody hears the rest
     }
 }
 
-void Run(const Options& options) {
-    std::srand(options.seed);
-    if (options.bare) {
-        Country country(World::kPlayerName, World::kPlayerPeople);
-        Simulate(country, options, [&](float seconds) { country.Process(seconds); });
-        return;
-    }
-    World world;
-    if (options.noNewspaper) {
-        Simulate(world.player, options, [&](float seconds) { world.player.Process(seconds); });
-    } else {
-        Simulate(world.player, options, [&](float seconds) { world.Advance(seconds); });
-    }
+void RunAsAsked(Options& options) {
+    Campaign& campaign = options.campaign;
+    campaign.newspaper = !options.noNewspaper;
+    if (options.step != kRealStep)
+        campaign.step = std::stof(options.step);
+    campaign.seed = *ParseSeed(options.seed);
+    const Seeds seeds =
+        options.seeds.empty() ? Seeds{campaign.seed, campaign.seed} : *ParseSeeds(options.seeds);
+    if (options.summary)
+        PrintSummaries(campaign, seeds);
+    else
+        PrintRows(campaign);
 }
 
 int ParseAndRun(int argc, char** argv) {
-    CLI::App app("Simulates the country of the game and prints a CSV row per tick.");
+    CLI::App app(
+        "Simulates the country of the game and prints CSV: a row per tick or per campaign.");
     Options options;
     Declare(app, options);
     try {
@@ -208,7 +253,7 @@ int ParseAndRun(int argc, char** argv) {
         std::cerr << "countrysim: " << message << '\n';
         return kBadOption;
     }
-    Run(options);
+    RunAsAsked(options);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         std::cerr << "countrysim: cannot write the rows\n";
         return EXIT_FAILURE;

@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -288,6 +289,164 @@ TEST(CountrysimTest, RationOfZeroEnds) {
     EXPECT_EQ(LinesOf(Rows("--weeks 60 --lration 0.0000001 --gration 0.0000001")), 1 + 60);
 }
 
+constexpr char kSummaryHeader[] =
+    "seed,weeks,famine,plague,rebellion,livestock_lowest,livestock_last,grain_lowest,grain_last,"
+    "people_lowest,people_last,funds_lowest,funds_last,morale_lowest,morale_last,crime_lowest,"
+    "crime_last\n";
+
+std::vector<std::string> Fields(const std::string& row) {
+    std::vector<std::string> fields(1);
+    for (const char letter : row) {
+        if (letter == ',')
+            fields.emplace_back();
+        else
+            fields.back() += letter;
+    }
+    return fields;
+}
+
+std::vector<std::vector<std::string>> Table(const std::string& rows) {
+    std::vector<std::vector<std::string>> table;
+    std::istringstream text(rows);
+    for (std::string line; std::getline(text, line);)
+        table.push_back(Fields(line));
+    table.erase(table.begin());
+    return table;
+}
+
+/// The summary row that a campaign's rows per tick call for.
+std::string Summed(const std::string& seed, const std::string& rows) {
+    const std::vector<std::size_t> ranges{4, 5, 2, 3, 8, 10};  // columns with a lowest and a last
+    std::vector<std::vector<std::string>> table = Table(rows);
+    const auto extinct = [](const auto& row) { return std::stof(row[2]) <= 0.0f; };
+    const auto end = std::find_if(table.begin(), table.end(), extinct);
+    if (end != table.end())
+        table.erase(end + 1, table.end());
+    double before = 0.0;
+    double survived = 0.0;
+    std::string first[3];
+    for (const auto& row : table) {
+        const std::string week = std::to_string(static_cast<long>(before / 604800.0) + 1);
+        const bool struck[3] = {std::stof(row[13]) > 0.0f, std::stof(row[14]) > 0.0f,
+                                row[15] == "1"};
+        for (int i = 0; i < 3; ++i) {
+            if (struck[i] && first[i].empty())
+                first[i] = week;
+        }
+        before = std::stod(row[1]);
+        if (!extinct(row))
+            survived = before;
+    }
+    std::string summed = seed + ',' + std::to_string(static_cast<long>(survived / 604800.0));
+    for (const std::string& week : first)
+        summed += ',' + week;
+    for (const std::size_t column : ranges) {
+        const auto less = [=](const auto& one, const auto& other) {
+            return std::stof(one[column]) < std::stof(other[column]);
+        };
+        summed += ',' + (*std::min_element(table.begin(), table.end(), less))[column] + ','
+                  + table.back()[column];
+    }
+    return summed + '\n';
+}
+
+class SummaryTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(SummaryTest, AgreesWithTheRowsOfTheSameCampaign) {
+    const std::string policy = GetParam();
+    for (const std::string seed : {"1", "3", "1358"}) {
+        const Result rows = RunTool("--seed " + seed + ' ' + policy);
+        const Result summary = RunTool("--summary --seed " + seed + ' ' + policy);
+        EXPECT_EQ(summary.status, 0);
+        EXPECT_EQ(summary.out, kSummaryHeader + Summed(seed, rows.out));
+        EXPECT_EQ(summary.error, "");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    CountrysimTest, SummaryTest,
+    testing::Values("--weeks 40", "--weeks 2.5", "--weeks 200",  // before, and past, the end
+                    "--weeks 300 --farmers 0.3 --butchers 0.6 --doctors 0.09",
+                    "--weeks 300 --justice 1 --farmers 0.26 --butchers 0.52 --renew",
+                    "--weeks 300 --farmers 0.4 --butchers 0 --trade 5 --renew --justice 0.56",
+                    "--weeks 300 --bare", "--weeks 60 --step 86400 --lration 0.3",
+                    "--weeks 0.5 --step real", "--weeks 400 --no-newspaper --gration 0.67",
+                    // crime falls until the newspaper names people, with draws of its own
+                    "--weeks 400 --justice 1 --farmers 0.46 --butchers 0.52 --gration 0.67"));
+
+TEST(CountrysimTest, EverySeedOfTheRangeHasItsRowInOrder) {
+    std::string expected = kSummaryHeader;
+    for (const char* seed : {"8", "9", "10", "11"})
+        expected += Rows(std::string("--summary --weeks 100 --seed ") + seed)
+                        .substr(sizeof kSummaryHeader - 1);
+    EXPECT_EQ(Rows("--summary --weeks 100 --seeds 8-11"), expected);
+    EXPECT_EQ(LinesOf(Rows("--summary --weeks 1 --seeds 4294967295-4294967295")), 2);
+}
+
+TEST(CountrysimTest, SummaryOfNoWeeksHasTheFiguresOfTheStart) {
+    const auto row = Table(Rows("--summary --weeks 0")).at(0);
+    EXPECT_EQ(row[1], "0");
+    EXPECT_EQ(row[2] + row[3] + row[4], "");
+    EXPECT_EQ(row[5], "15000");
+    EXPECT_EQ(row[7], "24000");
+    EXPECT_EQ(row[9], "38685");
+}
+
+TEST(CountrysimTest, CampaignOfASummaryEndsWithItsPeople) {
+    const auto row = Table(Rows("--summary --weeks 1000")).at(0);
+    EXPECT_LT(std::stoi(row[1]), 100);
+    EXPECT_LE(std::stof(row[10]), 0.0f);
+}
+
+TEST(CountrysimTest, SummaryThatCannotBeWrittenIsAFailure) {
+    const Result result = RunTool("--summary --seeds 1-4294967295 --weeks 1", "/dev/full");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.error, "countrysim: cannot write the rows\n");
+}
+
+TEST(CountrysimTest, RenewedWorkersFollowThePeopleAndTheRations) {
+    std::srand(2);
+    World world;
+    Country& player = world.player;
+    GovernAsTheGame(player);
+    player.livestock.ration = 0.4f * 2.0f * 0.1f;
+    std::string expected = kHeader;
+    for (int tick = 1; tick <= 30; ++tick) {
+        SetShares(player, {0.251f, 0.501f, 0.01f, 0.0f, 0.0f});
+        world.Advance(kWeek);
+        expected += Row(tick, player);
+    }
+    EXPECT_EQ(Rows("--seed 2 --weeks 30 --lration 0.4 --renew"), expected);
+}
+
+TEST(CountrysimTest, TradeKeepsTheWeeksOfFoodThatTheFundsAllow) {
+    // Half the people farm and nobody keeps the herd: grain pays for it.
+    const auto table =
+        Table(Rows("--seed 3 --weeks 60 --farmers 0.5 --butchers 0 --renew --trade 5"));
+    for (const auto& row : table) {
+        const float people = std::stof(row[2]);
+        EXPECT_GT(std::stof(row[3]), 0.0f) << "funds of week " << row[0];
+        if (std::stoi(row[0]) < 20)
+            continue;  // by then the herd is bought
+        EXPECT_NEAR(std::stof(row[4]), 4.0f * 0.1f * people, 0.02f * people);
+        EXPECT_GT(std::stof(row[5]), 4.0f * 0.2f * people);
+    }
+}
+
+TEST(CountrysimTest, TradeThatKeepsNothingSellsAllToTheFirstCountryBeforeTheTick) {
+    std::srand(5);
+    World world;
+    Country& player = world.player;
+    GovernAsTheGame(player);
+    const Country& partner = *world.countries[0];
+    const float livestock = player.livestock.amount;
+    const float grain = player.grain.amount;
+    player.Sell(livestock, grain, &partner);
+    world.Advance(kWeek);
+    EXPECT_EQ(Table(Rows("--seed 5 --weeks 1 --trade 0")).at(0),
+              Fields(Row(1, player).substr(0, Row(1, player).size() - 1)));
+}
+
 class BadOptionTest : public testing::TestWithParam<const char*> {};
 
 TEST_P(BadOptionTest, GivesOneLineAndStatusTwo) {
@@ -307,7 +466,13 @@ INSTANTIATE_TEST_SUITE_P(
                     "--step 0", "--step=-5", "--step unreal", "--step nan", "--step 1e9",
                     "--step ''", "--farmers 1.1", "--butchers=-0.1", "--educators x",
                     "--warriors nan", "--doctors 2", "--lration 1.01", "--gration x", "--justice 7",
-                    "--bare=perhaps", "\"$(printf 'two\\nlines')\""));
+                    "--bare=perhaps", "--seeds 1-3", "--summary --seeds 3", "--summary --seeds 9-3",
+                    "--summary --seeds=-1-3", "--summary --seeds=-3", "--summary --seeds 3-",
+                    "--summary --seeds -", "--summary --seeds ''", "--summary --seeds 1-2-3",
+                    "--summary --seeds 1-x", "--summary --seeds 1-4294967296",
+                    "--summary --seeds 1-3 --seed 1", "--trade x", "--trade=-1", "--trade nan",
+                    "--trade 3 --bare", "--renew=maybe", "--summary=maybe",
+                    "\"$(printf 'two\\nlines')\""));
 
 TEST(CountrysimTest, HelpIsNoFailure) {
     const Result result = RunTool("--help");
@@ -315,7 +480,8 @@ TEST(CountrysimTest, HelpIsNoFailure) {
     EXPECT_EQ(result.error, "");
     for (const char* option :
          {"--seed", "--weeks", "--step", "--farmers", "--butchers", "--educators", "--warriors",
-          "--doctors", "--lration", "--gration", "--justice", "--bare", "--no-newspaper"})
+          "--doctors", "--lration", "--gration", "--justice", "--bare", "--no-newspaper", "--renew",
+          "--trade", "--seeds", "--summary", "weeks survived"})
         EXPECT_THAT(result.out, testing::HasSubstr(option));
 }
 

@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
+#include "tools/countrysim/campaign.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "country/newspaper.h"
+#include "country/rates.h"
+#include "country/world.h"
+
+namespace {
+
+void SetShares(Country& country, const Policy& policy, bool bare) {
+    bool anyShare = false;
+    for (const Profession profession : kProfessions) {
+        const auto index = static_cast<std::size_t>(profession);
+        const std::optional<float> share = policy.shares[index];
+        if (!share && bare)
+            continue;
+        country.SetShare(profession, share.value_or(kFirstShares[index]));
+        country.Normalise(profession);
+        anyShare = true;
+    }
+    if (!anyShare)
+        country.Normalise(Profession::Farmers);
+}
+
+/// What the game's controls do to the country in the first frame: the workers begin before the
+/// rations change.
+void Govern(Country& country, const Policy& policy, bool bare) {
+    if (policy.justice || !bare)
+        country.justice.justiceLevel = policy.justice.value_or(kFirstJustice);
+    SetShares(country, policy, bare);
+    country.livestock.ration = policy.livestockRation * 2.0f * country.livestock.baseRation;
+    country.grain.ration = policy.grainRation * 2.0f * country.grain.baseRation;
+}
+
+/// Sells what is in store beyond the weeks to keep, then buys what is missing, livestock first,
+/// as far as the funds reach. Without funds nothing can be traded: they size an order.
+void Trade(Country& country, const Country& partner, float weeks) {
+    if (!(country.funds > 0.0f))
+        return;
+    const float people = std::max(country.population, 0.0f);
+    const float herd = weeks * people * country.livestock.ration;
+    const float granary = weeks * people * country.grain.ration;
+    country.Sell(std::max(country.livestock.amount - herd, 0.0f),
+                 std::max(country.grain.amount - granary, 0.0f), &partner);
+    const float heads = std::min(std::max(herd - country.livestock.amount, 0.0f),
+                                 country.funds / partner.livestockBuyPrice);
+    country.Buy(heads, 0.0f, 0.0f, &partner);
+    const float units = std::min(std::max(granary - country.grain.amount, 0.0f),
+                                 std::max(country.funds, 0.0f) / partner.grainBuyPrice);
+    country.Buy(0.0f, units, 0.0f, &partner);
+}
+
+/// @param partner  null for none
+/// @param paper    null for none
+void RunIn(Country& country, const Country* partner, Newspaper* paper, const Campaign& campaign,
+           const Watcher& watch) {
+    const Policy& policy = campaign.policy;
+    const double total = campaign.weeks * static_cast<double>(kSecondsPerWeek);
+    for (double spent = 0.0; spent < total;) {
+        if (policy.renew)
+            SetShares(country, policy, campaign.bare);
+        if (policy.trade && partner != nullptr)
+            Trade(country, *partner, *policy.trade);
+        const float seconds = campaign.step ? *campaign.step : World::DrawClockSeconds();
+        country.Process(seconds);
+        if (paper != nullptr)
+            paper->Update(seconds);
+        if (!watch(country, spent, seconds))
+            return;
+        spent += static_cast<double>(seconds);
+    }
+}
+
+void Note(Range& range, float value, bool first) {
+    range.lowest = first ? value : std::min(range.lowest, value);
+    range.last = value;
+}
+
+/// Takes down the country's figures.
+void NoteFigures(Summary& summary, const Country& country, bool first) {
+    Note(summary.livestock, country.livestock.amount, first);
+    Note(summary.grain, country.grain.amount, first);
+    Note(summary.people, country.population, first);
+    Note(summary.funds, country.funds, first);
+    Note(summary.morale, country.morale, first);
+    Note(summary.crime, country.justice.crimeLevel, first);
+}
+
+void NoteOnce(std::optional<std::int64_t>& when, bool happens, std::int64_t week) {
+    if (happens && !when)
+        when = week;
+}
+
+std::int64_t WholeWeeks(double seconds) {
+    return static_cast<std::int64_t>(seconds / static_cast<double>(kSecondsPerWeek));
+}
+
+}  // namespace
+
+void Run(const Campaign& campaign, std::ostream* messages, const Watcher& watch,
+         const std::function<void(const Country&)>& begin) {
+    const auto govern = [&](Country& country) {
+        country.SetMessageStream(messages);
+        Govern(country, campaign.policy, campaign.bare);
+        if (begin)
+            begin(country);
+    };
+    std::srand(campaign.seed);
+    if (campaign.bare) {
+        Country country(World::kPlayerName, World::kPlayerPeople);
+        govern(country);
+        RunIn(country, nullptr, nullptr, campaign, watch);
+        return;
+    }
+    World world;
+    govern(world.player);
+    // The game's player trades with the first country for good.
+    RunIn(world.player, world.countries[0].get(), campaign.newspaper ? &world.newspaper : nullptr,
+          campaign, watch);
+}
+
+Summary Summarise(const Campaign& campaign) {
+    Summary summary{};
+    bool first = true;
+    Run(
+        campaign, nullptr,
+        [&](const Country& country, double spent, float seconds) {
+            const std::int64_t week = WholeWeeks(spent) + 1;
+            NoteOnce(summary.famine, country.famineTime > 0.0f, week);
+            NoteOnce(summary.plague, country.plagueTime > 0.0f, week);
+            NoteOnce(summary.rebellion, country.rebellion, week);
+            NoteFigures(summary, country, first);
+            first = false;
+            if (!(country.population > 0.0f))
+                return false;
+            summary.weeks = WholeWeeks(spent + static_cast<double>(seconds));
+            return true;
+        },
+        [&](const Country& country) { NoteFigures(summary, country, true); });
+    return summary;
+}
