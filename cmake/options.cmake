@@ -23,6 +23,14 @@ if(MEROVINSKA_COVERAGE)
   target_compile_options(merovinska_options INTERFACE --coverage -fprofile-abs-path)
   target_link_options(merovinska_options INTERFACE --coverage)
 endif()
+if(MEROVINSKA_HARDEN)
+  target_compile_options(merovinska_options INTERFACE
+    -fstack-protector-strong -fstack-clash-protection -fcf-protection -fPIE
+    -ffile-prefix-map=${PROJECT_BINARY_DIR}=build -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+  target_compile_definitions(merovinska_options INTERFACE _FORTIFY_SOURCE=2 _GLIBCXX_ASSERTIONS)
+  target_link_options(merovinska_options INTERFACE
+    -pie -Wl,-z,relro -Wl,-z,now -Wl,--as-needed)
+endif()
 if(MEROVINSKA_FUZZ)
   # The other compiler warns of other things; g++'s warnings are the ones that count.
   target_compile_options(merovinska_options INTERFACE -Wno-error

@@ -1,0 +1,16 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
+# Read by cpack: the times in the package are those of the last commit, so that the same tree
+# gives the same bytes. A tree without its history takes the time of the changelog's entry.
+if("$ENV{SOURCE_DATE_EPOCH}" STREQUAL "")
+  execute_process(
+    COMMAND git -c safe.directory=* -C ${CPACK_MEROVINSKA_SOURCE} log -1 --format=%ct
+    OUTPUT_VARIABLE seconds OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+  if(NOT seconds MATCHES "^[0-9]+$")
+    execute_process(
+      COMMAND dpkg-parsechangelog -S Timestamp -l ${CPACK_MEROVINSKA_SOURCE}/packaging/changelog
+      OUTPUT_VARIABLE seconds OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  endif()
+  set(ENV{SOURCE_DATE_EPOCH} ${seconds})
+endif()
