@@ -34,10 +34,14 @@ public:
     /// @param milliseconds  since the previous one
     /// @return false when the player asked to end the game
     bool Update(std::uint32_t milliseconds);
+    /// Clears the window and draws the widgets. @return true
     bool Render(bool flag);
+    /// Ends the toolkit. @return true
     bool Quit();
 
+    /// Null before the world is made and after it is ended.
     World* GetWorld() { return world.get(); }
+    /// The trade partner; null before the first update.
     const Country* GetPartner() const { return partner; }
 
 private:

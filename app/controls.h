@@ -12,7 +12,9 @@ class World;
 /// click is asked once: asking clears it.
 namespace controls {
 
+/// Whether the exit button was clicked.
 bool ExitPressed();
+/// Whether the button that lets a week pass was clicked.
 bool WeekPressed();
 
 /// The -- and ++ buttons of both rations move their sliders by one hundredth.
@@ -37,11 +39,13 @@ struct Order {
     float grain;
     float fineGoods;
 };
+/// The trade sliders' levels in goods, as far as the funds would reach.
 Order ReadOrder(const Country& country, const Country& partner);
 
 /// Buys and sells when asked to. A refused purchase is said in a message box.
 void Trade(Country& country, Country& partner);
 
+/// Puts the three trade sliders to 0.
 void ClearOrder();
 
 /// Turns the newspaper's page.

@@ -76,6 +76,7 @@ inline constexpr std::string_view kNewspaper = "newspaper";
 /// What a widget does for the game, and so what it must be.
 enum class Role { Button, Slider, List, Label, Window };
 
+/// A widget that a layout of the game must have.
 struct Widget {
     std::string_view tag;
     Role role;

@@ -10,8 +10,8 @@
 class Date {
 public:
     int year = 0;
-    int month = 0;
-    int day = 0;
+    int month = 0;  ///< from 1
+    int day = 0;    ///< from 1
     int hour = 0;
     int minute = 0;
     int second = 0;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+/// The schools: a head-count and two values that nothing needs.
 struct Education {
     float firstValue = 0.0f;   ///< kept, read by nothing
     float secondValue = 0.0f;  ///< kept, read by nothing

@@ -10,12 +10,12 @@ public:
     float amount;             ///< units in store
     float ration;             ///< units eaten per person and week
     float production = 0.0f;  ///< units gained per game second
-    float baseRation;
-    float yield;           ///< units per worker and week at the base ration
-    float hungryRation;    ///< at or below it people are hungry
-    float starvingRation;  ///< at or below it they starve slowly
-    float wellFedRation;   ///< at or above it they are well fed
-    float gorgingRation;   ///< at or above it they gorge themselves
+    float baseRation;         ///< the ration at which people are neither hungry nor well fed
+    float yield;              ///< units per worker and week at the base ration
+    float hungryRation;       ///< at or below it people are hungry
+    float starvingRation;     ///< at or below it they starve slowly
+    float wellFedRation;      ///< at or above it they are well fed
+    float gorgingRation;      ///< at or above it they gorge themselves
 
     FoodStock(float initialAmount, float baseRationOfStock, float yieldOfStock);
 
@@ -26,6 +26,7 @@ public:
     /// @param people  person-weeks eaten; the stock never goes below 0 this way
     void Consume(float people);
 
+    /// Exactly 0: a single unit keeps the people from starving fast.
     bool IsEmpty() const { return amount == 0.0f; }
     bool IsStarving() const { return ration <= starvingRation; }
     bool IsHungry() const { return ration <= hungryRation; }
@@ -36,5 +37,6 @@ public:
     float HungerFactor() const;
 
 protected:
+    /// Brings the amount back to 0 to `capacity`.
     void KeepWithin(float capacity);
 };

@@ -7,8 +7,8 @@
 /// are fractions.
 class Justice {
 public:
-    float crimeLevel = 0.6f;
-    float justiceLevel = 0.4f;
+    float crimeLevel = 0.6f;    ///< 0 to 1
+    float justiceLevel = 0.4f;  ///< 0 to 1
 
     /// The distance between the two levels; it also moves the people's morale.
     float Gap() const;

@@ -29,19 +29,20 @@ public:
     Justice justice;
     Education education;
     Military military;
-    float morale = 0.5f;   ///< never below 0 after a tick's food state; no upper bound
-    float opinion = 0.5f;  ///< as morale
-    float population;      ///< a head-count; disasters may drive it below 0
-    float famineChance = 0.0f;
-    float famineTime = 0.0f;  ///< game seconds left; a famine is in progress while above 0
-    float plagueTime = 0.0f;  ///< game seconds left; a plague is in progress while above 0
-    bool rebellion = false;   ///< once true, never cleared
-    bool revolt = false;      ///< only shown
-    float elapsed = 0.0f;     ///< game seconds since the country was created
+    float morale = 0.5f;        ///< never below 0 after a tick's food state; no upper bound
+    float opinion = 0.5f;       ///< as morale
+    float population;           ///< a head-count; disasters may drive it below 0
+    float famineChance = 0.0f;  ///< from 1 on certain in a tick of a week; may fall below 0
+    float famineTime = 0.0f;    ///< game seconds left; a famine is in progress while above 0
+    float plagueTime = 0.0f;    ///< game seconds left; a plague is in progress while above 0
+    bool rebellion = false;     ///< once true, never cleared
+    bool revolt = false;        ///< only shown
+    float elapsed = 0.0f;       ///< game seconds since the country was created
 
     /// Famine, plague and rebellion spare a country for its first 48 weeks.
     static constexpr float kGracePeriod = 29030400.0f;
 
+    /// With the stores, shares and levels that every country begins with.
     explicit Population(int people);
 
     float Share(Profession profession) const { return shares[Index(profession)]; }

@@ -15,6 +15,7 @@ class Theme;
 /// What all widgets that hold others do alike.
 namespace container {
 
+/// In the order of every traversal; not owned.
 using Children = std::span<GLWidget* const>;
 
 /// Hands a click to every child in order. When a unique child was clicked, the last such one,
@@ -28,6 +29,7 @@ void MoveMouse(Children children, float x, float y);
 /// Tells every child that `other` became the active one.
 void PassFocussed(Children children, GLWidget* other);
 
+/// Whether one of the children has the focus.
 bool AnyHasFocus(Children children);
 
 /// Draws the children around the model-view origin in two layers, so that what is opened over

@@ -32,8 +32,11 @@ public:
 
     // The order of the virtual operations is the toolkit's own and is kept.
     virtual ~GLWidget();
+    /// Renames a tab; does nothing where there are none.
     virtual void SetTabText(int index, std::string_view newText);
+    /// Replaces the shown text.
     virtual void SetText(std::string_view newText);
+    /// Appends an item to a list.
     virtual bool AddText(std::string_view newText);
     /// Moves `child`, which sits at the inner origin, to this widget's centre.
     virtual bool Centre(GLWidget* child, bool inX, bool inY);
@@ -41,15 +44,23 @@ public:
     virtual bool MouseClick(bool left, bool middle, bool right) = 0;
     /// @param screen  window pixels from the top left
     virtual bool MouseMove(const Vector& screen);
+    /// Takes the keys that were pressed in this update.
     virtual bool TextKeyPress(const KeyFlags& keys);
+    /// The same in the parent's GUI units.
     virtual bool MouseMove(float x, float y);
+    /// Moves highlight and flash on by that time.
     virtual bool Update(int milliseconds);
+    /// Draws at the current model-view position and changes nothing. Needs RenderWidgets around it.
     virtual void Render() = 0;
+    /// Moves the widget. @return its new position
     virtual Vector operator+=(const Vector& offset);
     /// Whether at most one of a container's children of this sort is active.
     virtual bool Unique();
+    /// The class's name.
     virtual std::string GetType();
+    /// Takes a child, which is not owned. A group of unique children goes back to its first one.
     virtual bool AddChild(GLWidget* child);
+    /// The box that clicks and layouts go by, in the parent's coordinates.
     virtual Vector Getbbox();
     /// The area that children may use; all zero where there is none.
     virtual Vector GetValidArea();
@@ -57,7 +68,9 @@ public:
     virtual bool Solidify();
     /// Tells a unique widget that `other` became the active one.
     virtual void SetFocussed(GLWidget* other) = 0;
+    /// Makes a tab; only tab windows can.
     virtual bool AddTab(int index, std::string_view title);
+    /// Puts a widget on a tab; only tab windows can.
     virtual bool AddToTab(int index, GLWidget* widget);
     /// Whether the mouse is over this widget.
     virtual bool Within();
@@ -65,9 +78,12 @@ public:
     GLWidget(const GLWidget&) = delete;
     GLWidget& operator=(const GLWidget&) = delete;
 
+    /// Makes the widget active. @return true
     bool Enable();
+    /// Gives the widget the focus. @return true
     bool Focus();
     bool HasFocus() const { return focus; }
+    /// Below -0.5: drawn after the siblings.
     float GetDepth() const { return depth; }
 
     // What the application polls, once per frame.
@@ -77,24 +93,30 @@ public:
     bool BeenChanged();
     /// The active flag: for a button, held down after a press over it.
     bool Clicked() const { return active; }
+    /// A slider's value, 0 to 1.
     float GetLevel() const { return level; }
     /// Clamped to [0, 1].
     void SetLevel(float newLevel);
+    /// Whether the mouse holds the knob or the window.
     bool Dragging() const { return dragging; }
     /// The selected item's text, or the empty string.
     const std::string& GetCurrentText() const;
     const std::string& GetText() const { return text; }
     const std::string& GetName() const { return name; }
+    /// Null at the top.
     GLWidget* GetParent() const { return parent; }
     const Theme& GetTheme() const { return *theme; }
     const std::vector<std::string>& GetTexts() const { return texts; }
     const std::vector<GLWidget*>& GetChildren() const { return children; }
 
     // The entry points of the application, once per event or frame. Each returns true.
+    /// @param screen  window pixels from the top left
     static bool MouseMoveWidgets(const Vector& screen);
     static bool MouseClickWidgets(bool left, bool middle, bool right);
     static bool TextKeyPressWidgets(const KeyFlags& keys);
+    /// @param milliseconds  since the last call
     static bool UpdateWidgets(int milliseconds);
+    /// Draws all widgets into the current OpenGL context.
     static bool RenderWidgets();
 
     /// The widget registered under `tag`, or null. With `complain`, an unknown tag is named on
@@ -109,11 +131,13 @@ public:
     /// Reads the toolkit configuration: font, sheet rectangles, fade rate. A value that is
     /// missing or malformed stays as it was.
     static bool Init(const std::string& path);
+    /// The same from a stream.
     static bool Init(std::istream& file);
     /// Builds the widgets of a layout file.
     static bool StartGUI(const std::string& path);
     /// @param path  as which the file is reported
     static bool StartGUI(std::istream& file, const std::string& path);
+    /// Frees nothing: what the toolkit made stays until the process ends. @return true
     static bool Quit();
 
     /// Registers a new theme of the built-in values, without a texture, under `themeName`. An
@@ -127,14 +151,15 @@ public:
 
     // Shared by all widgets. The containers are never destroyed, so that what they hold stays
     // reachable until the process is gone.
+    /// By tag; not owned.
     using TagMap = std::map<std::string, GLWidget*, std::less<>>;
     using ThemeMap = std::map<std::string, Theme*, std::less<>>;  ///< never freed
-    static TagMap& tags;
-    static ThemeMap& themes;
+    static TagMap& tags;                                          ///< every named widget
+    static ThemeMap& themes;                                      ///< every named theme
     static std::list<GLWidget*>& widgets;  ///< top level, in order of creation
-    static FontRender& font;
-    static std::uint32_t fontLoads;   ///< counts them: what was measured before is out of date
-    static std::int32_t viewport[4];  ///< x, y, width, height in pixels
+    static FontRender& font;               ///< the one font; its size is set before each use
+    static std::uint32_t fontLoads;        ///< counts them: what was measured before is out of date
+    static std::int32_t viewport[4];       ///< x, y, width, height in pixels
     /// 0 none, 1 OK, 2 Cancel, 4 Yes, 8 No. Every widget's construction clears it.
     static std::uint32_t msgboxResult;
     static bool rendering;       ///< RenderWidgets is running
@@ -158,6 +183,7 @@ public:
     static float HalfWidth();
 
 protected:
+    /// The mouse's buttons.
     struct Buttons {
         bool left = false;
         bool middle = false;
@@ -171,15 +197,15 @@ protected:
     float depth = 0.0f;        ///< below -0.5: drawn after the siblings
     float highlight = 0.0f;    ///< 0 to 1
     float flash = 0.0f;        ///< 0 to 1
-    float level = 0.0f;
-    Buttons buttons;  ///< as of the last click event
-    Vector position;
-    Vector size;
-    Vector mouse;  ///< in the parent's coordinates
+    float level = 0.0f;        ///< 0 to 1
+    Buttons buttons;           ///< as of the last click event
+    Vector position;           ///< lower left corner, in the parent's inner coordinates
+    Vector size;               ///< width and height
+    Vector mouse;              ///< in the parent's coordinates
     bool focus = false;
-    bool active = false;
-    bool clicked = false;
-    bool changed = false;
+    bool active = false;   ///< held, ticked or chosen
+    bool clicked = false;  ///< until BeenClicked is asked
+    bool changed = false;  ///< until BeenChanged is asked
     std::string text;
     Theme* theme;  // not owned
     std::string name;

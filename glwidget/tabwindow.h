@@ -40,6 +40,7 @@ public:
     /// Tabs that one window may have.
     static constexpr int kMostTabs = 64;
 
+    /// A tab and what it shows.
     struct Tab {
         std::string name;
         std::vector<GLWidget*> widgets;  // not owned

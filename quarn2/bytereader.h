@@ -11,10 +11,13 @@
 /// once fewer bytes are left than it needs.
 class ByteReader {
 public:
+    /// @param bytes  not copied; they outlive the reader
     explicit ByteReader(std::span<const std::uint8_t> bytes) : rest(bytes) {}
 
+    /// Bytes not read yet.
     std::size_t Left() const { return rest.size(); }
 
+    /// Passes over `count` bytes.
     [[nodiscard]] bool Skip(std::size_t count) {
         if (rest.size() < count)
             return false;
@@ -22,6 +25,7 @@ public:
         return true;
     }
 
+    /// One byte.
     [[nodiscard]] bool U8(std::uint8_t& value) {
         if (rest.empty())
             return false;
@@ -30,6 +34,7 @@ public:
         return true;
     }
 
+    /// Two bytes, the low one first, as in TGA.
     [[nodiscard]] bool U16LE(std::uint16_t& value) {
         if (rest.size() < 2)
             return false;
@@ -38,6 +43,7 @@ public:
         return true;
     }
 
+    /// Four bytes, the high one first, as in PNG.
     [[nodiscard]] bool U32BE(std::uint32_t& value) {
         if (rest.size() < 4)
             return false;

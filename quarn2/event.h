@@ -40,16 +40,17 @@ struct KeyboardEvent {
 
 /// The one record that every event kind travels in, by value: flat but for the caption.
 struct Event {
+    /// @param kind  an EventType; 0 is none and is not to be sent
     explicit Event(std::uint32_t kind = 0) : type(kind) {}
 
-    std::uint32_t type;
+    std::uint32_t type;  ///< an EventType
 
     // Mouse: window pixels from the top left; motion since the last mouse event, dy upwards.
     std::int32_t x = 0, y = 0, z = 0;
     std::int32_t dx = 0, dy = 0, dz = 0;
     bool left = false, middle = false, right = false;
 
-    KeyboardEvent keyboard;
+    KeyboardEvent keyboard;  ///< of a KeyEvent
 
     std::uint32_t time = 0;  ///< milliseconds since the last update event
 

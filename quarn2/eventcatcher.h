@@ -11,6 +11,7 @@ class Kernel;
 /// Whatever receives events. It becomes a child of a kernel by Kernel::AddChild.
 class EventCatcher : public MMObject {
 public:
+    /// @param newKernel  kept for the catcher's own use; may be null. It does not join the kernel.
     explicit EventCatcher(const Pointer<Kernel>& newKernel);
     ~EventCatcher() override;
 
@@ -20,5 +21,5 @@ public:
     virtual bool GotEvent(Event ev) = 0;
 
 protected:
-    Pointer<Kernel> kernel;
+    Pointer<Kernel> kernel;  ///< the one of the constructor; may be null
 };

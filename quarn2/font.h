@@ -37,6 +37,7 @@ public:
         return code >= 0 && code < kGlyphCount ? advances[code] : 0.0f;
     }
 
+    /// Codes that have a glyph, from 0.
     static constexpr int kGlyphCount = 128;
 
 private:

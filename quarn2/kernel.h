@@ -29,6 +29,7 @@ struct Child {
 /// changed or removed from inside GotEvent.
 class Kernel : public EventCatcher {
 public:
+    /// Channels that a mask can name, from 0.
     static constexpr std::size_t kChannelCount = 9;
 
     Kernel();
@@ -37,6 +38,7 @@ public:
     bool AddChild(const Pointer<EventCatcher>& catcher, std::uint32_t mask, std::uint32_t priority);
     /// Removes a catcher's subscriptions, but never two that follow each other directly.
     bool RemoveChild(const Pointer<EventCatcher>& catcher);
+    /// Gives all subscriptions of a catcher another mask and priority. @return true
     bool ChangeProps(const Pointer<EventCatcher>& catcher, std::uint32_t mask,
                      std::uint32_t priority);
 
@@ -46,6 +48,7 @@ public:
     bool SendEvent(const Pointer<EventCatcher>& sender, const Event& ev);
     /// The same for one child, if it subscribed to the event's channels.
     bool SendEventTo(const Pointer<EventCatcher>& target, const Event& ev);
+    /// What both of the above do: to all but `who` with `broadcast`, to `who` alone without.
     bool PropogateEvent(const Pointer<EventCatcher>& who, const Event& ev, bool broadcast);
     /// The kernel's own view of an event.
     bool InternalEvent(const Event& ev);

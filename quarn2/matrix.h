@@ -10,11 +10,13 @@ public:
     /// The identity.
     Matrix();
 
+    /// Makes this the identity; OpenGL's matrices stay.
     void identity();
     /// Takes OpenGL's current model-view matrix and returns a copy.
     Matrix GetModelView();
     /// Multiplies OpenGL's current matrix by this one and returns a copy.
     Matrix ApplyModelView() const;
 
+    /// Column by column.
     float elements[16];
 };

@@ -19,6 +19,7 @@ public:
 
     // Neither is virtual, and both test `shutdown` first: during the final sweep a Pointer
     // may still refer to an object that is gone.
+    /// One Pointer more.
     void AddRef();
     /// Never frees: the count may reach zero, or fall below it when misused.
     void Release();

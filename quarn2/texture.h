@@ -11,11 +11,12 @@ class TextureData;
 /// The cache's key: a file and how it is uploaded.
 class TextureDetails {
 public:
+    /// @param uploadFlags  as `flags`
     TextureDetails(std::string file, std::int32_t uploadFlags);
 
     bool operator==(const TextureDetails& other) const;
 
-    std::string filename;
+    std::string filename;  ///< as given: two spellings of one file are two keys
     /// 1: no mipmaps, and only the red channel; 2, 4: clamped in s, t; 16: floats as they are.
     std::int32_t flags;
 };

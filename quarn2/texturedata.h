@@ -61,10 +61,14 @@ public:
     /// weighted by its mode (0 to 9).
     bool Blend(int mode, int otherMode, const TextureData& other);
 
+    /// Pixels.
     int GetWidth() const { return width; }
+    /// Pixels.
     int GetHeight() const { return height; }
+    /// Four floats per pixel: red, green, blue, alpha. Copies of the image share them.
     float* GetData() { return data.get(); }
     const float* GetData() const { return data.get(); }
+    /// Always 32, whatever the file had.
     int GetBitsPerPixel() const { return 32; }
 
 private:

@@ -13,6 +13,7 @@ public:
     /// A clock that cannot be started is one line on standard error and nothing more.
     Timer();
 
+    /// Milliseconds; wraps after 49 days.
     std::uint32_t GetTime() const;
 
 private:

@@ -16,6 +16,7 @@ struct Frame {
     const char* className;  ///< empty for a free function
 };
 
+/// Whether calls are recorded.
 inline bool tracing = false;
 
 /// The frames, oldest first. Never destroyed, so that static objects may still be traced
@@ -34,6 +35,7 @@ void Start();
 /// Both arguments must be string literals. Allocates nothing.
 class TraceFrame {
 public:
+    /// @param className  empty for a free function
     TraceFrame(const char* function, const char* className) {
         if (trace::tracing)
             trace::Frames().push_back({function, className});
