@@ -13,7 +13,7 @@ set label "D  15%, 30%, set weekly, lean rations" at screen 0.035,0.035 textcolo
 set label "E  25%, 50%, set weekly, lean rations" at screen 0.45,0.035 textcolor rgb wax
 set title "Grain, in thousand units"
 set yrange [0:150]
-set label "A" at 127,136 right textcolor rgb ink
+set label "A" at 91,36  textcolor rgb ink
 set label "B" at 185,53  textcolor rgb wax
 set label "C" at 185,29  textcolor rgb brass
 set label "D" at 185,86  textcolor rgb slate
@@ -22,10 +22,10 @@ plot for [i=1:5] "stores.csv" skip 1 using 1:(column(i+1)) with lines ls i
 unset label
 set title "Herd, in thousand heads"
 set yrange [0:60]
-set label "A" at 133,54 right textcolor rgb ink
+set label "A" at 43,8  textcolor rgb ink
 set label "B" at 102,35.5  textcolor rgb wax
 set label "C" at 187,33  textcolor rgb brass
 set label "D" at 185,45  textcolor rgb slate
-set label "E" at 164,54  textcolor rgb wax
+set label "E" at 8,3.5  textcolor rgb wax
 plot for [i=1:5] "stores.csv" skip 1 using 1:(column(i+6)) with lines ls i
 unset multiplot

@@ -1,0 +1,126 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+"""The code and the commands in the tree's documents. Run as a program,
+
+    documents.py DOCUMENT FOLDER
+
+it writes the document's named pieces of C++ to files in the folder."""
+
+import re
+import sys
+from dataclasses import dataclass, field
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+
+# Words that begin a command in running text, too.
+PROGRAMS = re.compile(r"(\./(play|check)|(scripts|docs|fuzz|build)/\S+|cmake|ctest|kill|"
+                      r"countrysim|guiview|guiart|docs/\S+)( |$)")
+
+
+@dataclass
+class Block:
+    """A fenced block: what it is, in the words behind the fence, and its lines."""
+    document: Path
+    line: int
+    kind: str
+    name: str
+    lines: list = field(default_factory=list)
+
+
+@dataclass
+class Command:
+    text: str
+    place: str
+    output: str = None  # what the document shows; None where it shows nothing
+
+
+def documents():
+    """Every document of the tree."""
+    return sorted(path for path in ROOT.rglob("*.md")
+                  if not any(part == "build" or part.startswith(".")
+                             for part in path.relative_to(ROOT).parts))
+
+
+def blocks(document):
+    found = []
+    current = None
+    for number, line in enumerate(document.read_text().splitlines(), 1):
+        if line.lstrip().startswith("```"):
+            if current is None:
+                kind, _, name = line.strip().removeprefix("```").partition(" ")
+                current = Block(document, number, kind, name)
+            else:
+                found.append(current)
+                current = None
+        elif current is not None:
+            current.lines.append(line)
+    return found
+
+
+def indented(document):
+    """Lines that an empty line and four blanks make code, outside of lists and fences."""
+    fenced = in_list = False
+    before = ""
+    for number, line in enumerate(document.read_text().splitlines(), 1):
+        if line.lstrip().startswith("```"):
+            fenced = not fenced
+        elif not fenced:
+            if re.match(r"\s*([-*]|\d+\.) ", line):
+                in_list = True
+            elif line and not line.startswith(" "):
+                in_list = False
+            if line.startswith("    ") and not before.strip() and not in_list:
+                yield number
+        before = line
+
+
+def shell(block):
+    """The commands of a block of kind sh or console."""
+    place = f"{block.document.relative_to(ROOT)}:{block.line}"
+    if block.kind == "sh":
+        return [Command(re.sub(r"\s+# .*", "", line).strip(), place)
+                for line in block.lines if line.strip() and not line.startswith("#")]
+    commands = []
+    for line in block.lines:
+        if line.startswith("$ "):
+            commands.append(Command(line[2:], place, ""))
+        else:
+            commands[-1].output += line + "\n"
+    return commands
+
+
+def in_text(document):
+    """Commands between backquotes in running text."""
+    fenced = False
+    for number, line in enumerate(document.read_text().splitlines(), 1):
+        if line.lstrip().startswith("```"):
+            fenced = not fenced
+        if fenced:
+            continue
+        for code in re.findall(r"`([^`]+)`", line):
+            if PROGRAMS.match(code):
+                yield Command(code, f"{document.relative_to(ROOT)}:{number}")
+
+
+def commands():
+    """Every command of every document."""
+    found = []
+    for document in documents():
+        for block in blocks(document):
+            if block.kind in ("sh", "console"):
+                found += shell(block)
+        found += in_text(document)
+    return found
+
+
+def main():
+    document, folder = map(Path, sys.argv[1:])
+    folder.mkdir(parents=True, exist_ok=True)
+    for block in blocks(document):
+        if block.kind == "cpp" and block.name:
+            (folder / block.name).write_text("\n".join(block.lines) + "\n")
+
+
+if __name__ == "__main__":
+    main()

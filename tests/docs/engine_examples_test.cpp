@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
+// The pieces of code in docs/ENGINE.md do what the text says.
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "farbfeld.h"
+#include "framecounter.h"
+#include "meter.h"
+#include "tavern.h"
+#include "tests/glwidget/drawn_widget_test.h"
+#include "tests/glwidget/widget_test.h"
+
+namespace {
+
+void SendFrame(const Pointer<Kernel>& kernel, std::uint32_t milliseconds) {
+    Event update(UpdateEvent);
+    update.time = milliseconds;
+    EXPECT_TRUE(kernel->SendEvent(Pointer<EventCatcher>(), update));
+    EXPECT_TRUE(kernel->SendEvent(Pointer<EventCatcher>(), Event(RenderEvent)));
+}
+
+TEST(FrameCounterExample, CountsThePicturesOfTheLastWholeSecond) {
+    const Pointer<Kernel> kernel(new Kernel);
+    const Pointer<FrameCounter> counter(new FrameCounter(kernel));
+    for (int frame = 0; frame < 50; ++frame)
+        SendFrame(kernel, 20);
+    EXPECT_EQ(counter->PerSecond(), 49U);  // the fiftieth picture is drawn after the second
+    for (int frame = 0; frame < 25; ++frame)
+        SendFrame(kernel, 40);
+    EXPECT_EQ(counter->PerSecond(), 25U);
+}
+
+class MeterExample : public WidgetTest {};
+
+TEST_F(MeterExample, KeepsItsLevelWithinTheBar) {
+    Meter meter("meter", nullptr, Vector(0.0f, 0.0f), theme, Vector(0.4f, 0.1f));
+    meter.SetLevel(1.5f);
+    EXPECT_EQ(meter.GetLevel(), 1.0f);
+    EXPECT_FALSE(meter.MouseClick(true, false, false));
+    EXPECT_FLOAT_EQ(meter.Getbbox().z, 0.4f);
+    EXPECT_FLOAT_EQ(meter.Getbbox().w, 0.1f);
+}
+
+class DrawnMeterExample : public DrawnWidgetTest {};
+
+TEST_F(DrawnMeterExample, IsFilledUpToItsLevel) {
+    Meter meter("meter", nullptr, Vector(0.0f, 0.0f), theme, Vector(1.0f, 0.2f));
+    meter.SetLevel(0.25f);
+    Draw(meter);
+    constexpr Colour kFull{0, 0, 153};  // the fill at the theme's dim
+    constexpr Colour kEmpty{255, 0, 0};
+    EXPECT_EQ(At(0.02f, 0.1f), kFull);
+    EXPECT_EQ(At(0.23f, 0.1f), kFull);
+    EXPECT_EQ(At(0.27f, 0.1f), kEmpty);
+    EXPECT_EQ(At(0.98f, 0.1f), kEmpty);
+    EXPECT_EQ(At(1.02f, 0.1f), kBlack);
+    EXPECT_EQ(At(0.5f, 0.22f), kBlack);
+}
+
+/// One pixel wide, two high.
+std::vector<std::uint8_t> Farbfeld(const std::vector<std::uint8_t>& channels) {
+    std::vector<std::uint8_t> file{'f', 'a', 'r', 'b', 'f', 'e', 'l', 'd', 0, 0, 0, 1, 0, 0, 0, 2};
+    for (const std::uint8_t byte : channels)
+        file.push_back(byte);
+    return file;
+}
+
+const std::vector<std::uint8_t> kTwoPixels{255, 255, 0, 0, 51, 0, 255, 255,
+                                           0,   0,   0, 0, 0,  0, 102, 102};
+
+TEST(FarbfeldExample, DecodesTheHighBytes) {
+    TextureData image;
+    ASSERT_TRUE(DecodeFarbfeld("two.ff", Farbfeld(kTwoPixels), image));
+    EXPECT_EQ(image.GetWidth(), 1);
+    EXPECT_EQ(image.GetHeight(), 2);
+    EXPECT_FLOAT_EQ(image.GetData()[0], 1.0f);
+    EXPECT_FLOAT_EQ(image.GetData()[2], 0.2f);
+    EXPECT_FLOAT_EQ(image.GetData()[7], 0.4f);
+}
+
+TEST(FarbfeldExample, FileCutAtAnyLengthIsRefusedInOneLine) {
+    const std::vector<std::uint8_t> whole = Farbfeld(kTwoPixels);
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        const std::vector<std::uint8_t> cut(whole.begin(),
+                                            whole.begin() + static_cast<std::ptrdiff_t>(length));
+        TextureData image;
+        testing::internal::CaptureStderr();
+        EXPECT_FALSE(DecodeFarbfeld("cut.ff", cut, image));
+        EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                  length < 16 ? "cut.ff: not a farbfeld picture\n"
+                              : "cut.ff: the pixels end too early\n");
+    }
+}
+
+TEST(FarbfeldExample, GreatSizesAreRefusedBeforeTheyAreAllocated) {
+    std::vector<std::uint8_t> file = Farbfeld(kTwoPixels);
+    for (std::size_t byte = 8; byte < 16; ++byte)
+        file[byte] = 255;
+    TextureData image;
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(DecodeFarbfeld("great.ff", file, image));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "great.ff: a picture of this size cannot be loaded\n");
+}
+
+TEST(TavernExample, CheersUpByTheShareOfTheIdle) {
+    Population people(1000);
+    people.SetShare(Profession::Farmers, 0.5f);
+    people.SetShare(Profession::Butchers, 0.0f);
+    std::srand(5);
+    const double draw = UnitDraw();
+    std::srand(5);
+    SitInTavern(people, kSecondsPerWeek);
+    EXPECT_FLOAT_EQ(people.morale, static_cast<float>(0.5 + draw * 0.002 * 0.5));
+}
+
+}  // namespace
