@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "tools/guiart/shapes.h"
+
 namespace {
 
 // Pixels. Widgets draw a picture at 12 to 23 pixels, for which the mipmaps of 12 and of 24 are
@@ -17,41 +19,10 @@ constexpr int kCell = 48;
 constexpr int kMargin = 8;
 constexpr int kPitch = kCell + 2 * kMargin;
 
-/// A point of a picture in pixels from the cell's centre, y upwards.
-struct Point {
-    float x, y;
-};
+using shape::Coverage;
 
-float Length(Point p) {
-    return std::sqrt(p.x * p.x + p.y * p.y);
-}
-
-// Distances to a shape's edge in pixels, negative inside.
-
-float Disc(Point p, float radius) {
-    return Length(p) - radius;
-}
-
-float RoundedSquare(Point p, float halfSide, float cornerRadius) {
-    const float inner = halfSide - cornerRadius;
-    const Point beyond{std::fabs(p.x) - inner, std::fabs(p.y) - inner};
-    const Point outside{std::max(beyond.x, 0.0f), std::max(beyond.y, 0.0f)};
-    return Length(outside) + std::min(std::max(beyond.x, beyond.y), 0.0f) - cornerRadius;
-}
-
-float Stroke(Point p, Point from, Point to, float halfWidth) {
-    const Point along{to.x - from.x, to.y - from.y};
-    const Point offset{p.x - from.x, p.y - from.y};
-    const float position = std::clamp(
-        (offset.x * along.x + offset.y * along.y) / (along.x * along.x + along.y * along.y), 0.0f,
-        1.0f);
-    return Length({offset.x - position * along.x, offset.y - position * along.y}) - halfWidth;
-}
-
-/// The share of a pixel that lies inside, from its centre's distance to the edge.
-float Coverage(float distance) {
-    return std::clamp(0.5f - distance, 0.0f, 1.0f);
-}
+/// Cells are painted around their centre.
+constexpr Point kCentre{0.0f, 0.0f};
 
 struct Colour {
     float grey, alpha;
@@ -104,15 +75,15 @@ Colour Rimmed(Point p, float distance) {
 constexpr float kRadius = 20.5f;  // leaves room for the outline
 
 Colour OptionRing(Point p) {
-    return Rimmed(p, Disc(p, kRadius));
+    return Rimmed(p, shape::Disc(p, kCentre, kRadius));
 }
 
 Colour OptionDot(Point p) {
-    return Raised(p, Disc(p, 9.5f), 0.8f);
+    return Raised(p, shape::Disc(p, kCentre, 9.5f), 0.8f);
 }
 
 Colour TickBox(Point p) {
-    return Rimmed(p, RoundedSquare(p, 19.0f, 4.5f));
+    return Rimmed(p, shape::RoundedBox(p, kCentre, {19.0f, 19.0f}, 4.5f));
 }
 
 Colour Tick(Point p) {
@@ -120,18 +91,17 @@ Colour Tick(Point p) {
     constexpr Point kLow{-3.0f, -9.5f};
     constexpr Point kHigh{13.0f, 13.5f};
     constexpr float kHalfWidth = 4.25f;
-    const float distance =
-        std::min(Stroke(p, kLeft, kLow, kHalfWidth), Stroke(p, kLow, kHigh, kHalfWidth));
+    const float distance = shape::Path(p, {kLeft, kLow, kHigh}, kHalfWidth);
     return Raised(p, distance, 0.9f);
 }
 
 /// Sliders draw it half transparent, so its lines are black and broad.
 Colour Knob(Point p) {
     constexpr Colour kBlack{0.0f, 1.0f};
-    const Colour edge = Painted(Disc(p, 23.5f), kBlack, kTransparent);
-    const Colour stud = Painted(Disc(p, 19.5f), Lit(p, 0.6f), edge);
-    const Colour groove = Painted(Disc(p, 9.5f), kBlack, stud);
-    return Painted(Disc(p, 6.5f), {1.0f, 1.0f}, groove);
+    const Colour edge = Painted(shape::Disc(p, kCentre, 23.5f), kBlack, kTransparent);
+    const Colour stud = Painted(shape::Disc(p, kCentre, 19.5f), Lit(p, 0.6f), edge);
+    const Colour groove = Painted(shape::Disc(p, kCentre, 9.5f), kBlack, stud);
+    return Painted(shape::Disc(p, kCentre, 6.5f), {1.0f, 1.0f}, groove);
 }
 
 using Picture = Colour (*)(Point);

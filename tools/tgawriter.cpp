@@ -17,8 +17,8 @@
 namespace {
 
 constexpr std::uint8_t kRunLengthTrueColour = 10;
-constexpr std::uint8_t kDepth = 32;
-constexpr std::uint8_t kEightAlphaBits = 8;  // and the first row at the bottom
+constexpr std::uint8_t kEightAlphaBits = 8;  // and, as with none, the first row at the bottom
+constexpr std::uint8_t kOpaque = 255;
 constexpr std::uint8_t kRunBit = 0x80;
 constexpr std::size_t kLongestPacket = 128;
 
@@ -49,16 +49,26 @@ std::size_t RawLength(std::span<const Pixel> pixels) {
                                     - pixels.begin());
 }
 
-void EncodeRow(std::span<const Pixel> row, std::vector<std::uint8_t>& file) {
+void EncodeRow(std::span<const Pixel> row, int pixelBytes, std::vector<std::uint8_t>& file) {
     while (!row.empty()) {
         const std::size_t equal = RunLength(row);
         const bool run = equal > 1;
         const std::size_t count = std::min(run ? equal : RawLength(row), kLongestPacket);
         file.push_back(static_cast<std::uint8_t>((run ? kRunBit : 0) | (count - 1)));
         for (const Pixel& pixel : row.first(run ? 1 : count))
-            file.insert(file.end(), pixel.begin(), pixel.end());
+            file.insert(file.end(), pixel.begin(), pixel.begin() + pixelBytes);
         row = row.subspan(count);
     }
+}
+
+bool IsOpaque(const TextureData& image) {
+    const float* alpha = image.GetData() + 3;
+    const std::ptrdiff_t count = std::ptrdiff_t{image.GetWidth()} * image.GetHeight();
+    for (std::ptrdiff_t pixel = 0; pixel < count; ++pixel) {
+        if (ByteOf(alpha[pixel * 4]) != kOpaque)
+            return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -66,6 +76,8 @@ void EncodeRow(std::span<const Pixel> row, std::vector<std::uint8_t>& file) {
 std::vector<std::uint8_t> EncodeTGA(const TextureData& image) {
     const int width = image.GetWidth();
     const int height = image.GetHeight();
+    const bool opaque = IsOpaque(image);
+    const int pixelBytes = opaque ? 3 : 4;
     std::vector<std::uint8_t> file{0,
                                    0,
                                    kRunLengthTrueColour,
@@ -82,8 +94,8 @@ std::vector<std::uint8_t> EncodeTGA(const TextureData& image) {
                                    High(width),
                                    Low(height),
                                    High(height),
-                                   kDepth,
-                                   kEightAlphaBits};
+                                   static_cast<std::uint8_t>(8 * pixelBytes),
+                                   opaque ? std::uint8_t{0} : kEightAlphaBits};
     const float* value = image.GetData();
     std::vector<Pixel> row(static_cast<std::size_t>(width));
     for (int y = 0; y < height; ++y) {
@@ -91,7 +103,7 @@ std::vector<std::uint8_t> EncodeTGA(const TextureData& image) {
             pixel = {ByteOf(value[2]), ByteOf(value[1]), ByteOf(value[0]), ByteOf(value[3])};
             value += 4;
         }
-        EncodeRow(row, file);
+        EncodeRow(row, pixelBytes, file);
     }
     return file;
 }

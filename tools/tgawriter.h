@@ -9,7 +9,8 @@
 
 class TextureData;
 
-/// The image as a run-length-encoded TGA file (type 10) of 32 bits, rows in the array's order.
+/// The image as a run-length-encoded TGA file (type 10), rows in the array's order: of 24 bits when
+/// it is opaque, else of 32.
 /// Neither side may exceed 65535.
 std::vector<std::uint8_t> EncodeTGA(const TextureData& image);
 

@@ -4,19 +4,23 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
-#include <sys/wait.h>
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <random>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "quarn2/texturedata.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/guiart/gallery.h"
+#include "tools/guiart/surfaces.h"
 #include "tools/guisheet.h"
 #include "tools/tgawriter.h"
 
@@ -53,18 +57,64 @@ Bytes PixelBytes(const TextureData& image) {
     return bytes;
 }
 
-TEST(GuiArtTest, DrawingTheSheetAgainGivesTheCommittedBytes) {
-    const Bytes committed = FileBytes(kSheetFile);
+class GalleryTest : public testing::TestWithParam<GalleryPicture> {
+protected:
+    const std::string file = std::string("data/") + GetParam().file;
+};
+
+TEST_P(GalleryTest, DrawingItAgainGivesTheCommittedBytes) {
+    const Bytes committed = FileBytes(file);
     ASSERT_FALSE(committed.empty());
-    EXPECT_TRUE(EncodeTGA(DrawGuiSheet()) == committed)
-        << "draw it again with: guiart " << kSheetFile;
+    EXPECT_TRUE(EncodeTGA(GetParam().draw()) == committed) << "draw it again with: guiart data";
 }
 
-TEST(GuiArtTest, TheProgramWritesTheSheet) {
+TEST_P(GalleryTest, HasSidesThatTexturesKeep) {
+    TextureData picture;
+    ASSERT_TRUE(picture.Load(file));
+    EXPECT_TRUE(std::has_single_bit(static_cast<unsigned>(picture.GetWidth())));
+    EXPECT_TRUE(std::has_single_bit(static_cast<unsigned>(picture.GetHeight())));
+}
+
+INSTANTIATE_TEST_SUITE_P(Pictures, GalleryTest, testing::ValuesIn(Gallery()),
+                         [](const auto& picture) {
+                             const std::string file = picture.param.file;
+                             return file.substr(0, file.find('.'));
+                         });
+
+TEST(GuiArtTest, EveryPictureOfTheDataIsDrawnHere) {
+    std::set<std::string> drawn;
+    for (const GalleryPicture& picture : Gallery())
+        drawn.insert(picture.file);
+    std::set<std::string> found;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator("data")) {
+        if (entry.path().extension() == ".tga")
+            found.insert(entry.path().filename());
+    }
+    EXPECT_EQ(found, drawn);
+}
+
+TEST(GuiArtTest, TheProgramWritesEveryPicture) {
     const TemporaryFolder folder;
-    EXPECT_EQ(RunGuiArt(folder, folder.Path("sheet.tga")), 0);
-    EXPECT_TRUE(FileBytes(folder.Path("sheet.tga")) == FileBytes(kSheetFile));
+    EXPECT_EQ(RunGuiArt(folder, folder.Path("")), 0);
+    for (const GalleryPicture& picture : Gallery()) {
+        EXPECT_TRUE(FileBytes(folder.Path(picture.file))
+                    == FileBytes(std::string("data/") + picture.file))
+            << picture.file;
+    }
     EXPECT_EQ(Text(folder.Path("output")) + Text(folder.Path("errors")), "");
+}
+
+TEST(GuiArtTest, TheProgramWritesASinglePicture) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(RunGuiArt(folder, folder.Path("") + " --only seal.tga"), 0);
+    EXPECT_TRUE(FileBytes(folder.Path("seal.tga")) == FileBytes("data/seal.tga"));
+    EXPECT_FALSE(std::filesystem::exists(folder.Path("desk.tga")));
+}
+
+TEST(GuiArtTest, AnUnknownPictureIsNamed) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(RunGuiArt(folder, folder.Path("") + " --only sky.tga"), 2);
+    EXPECT_EQ(Text(folder.Path("errors")), "guiart: there is no picture sky.tga\n");
 }
 
 TEST(GuiArtTest, TheProgramPrintsTheRectanglesOfTheConfiguration) {
@@ -96,19 +146,42 @@ TEST(GuiArtTest, TheConfigurationOfTheGameHasTheseRectangles) {
     }
 }
 
+TEST(GuiArtTest, ShadowsLieBelowTheSheetsOfTheLayout) {
+    constexpr float kPixelsPerUnit = 600.0f / 2.6f;
+    std::ifstream layout("data/my.gui.debug");
+    std::set<std::string> met;
+    for (std::string line; std::getline(layout, line);) {
+        std::istringstream words(line);
+        std::string statement, kind, tag, parent, picture;
+        float x = 0.0f, y = 0.0f, width = 0.0f, height = 0.0f;
+        words >> statement >> kind >> tag >> parent >> x >> y >> picture >> width >> height;
+        const auto place = std::ranges::find(kSheetPlaces, tag, &SheetPlace::tag);
+        if (place == std::end(kSheetPlaces))
+            continue;
+        met.insert(tag);
+        const auto pixel = [&](float units) { return std::lround(units * kPixelsPerUnit); };
+        EXPECT_EQ(pixel(x) + 400, place->left) << tag;
+        EXPECT_EQ(300 - pixel(y), place->bottom) << tag;
+        EXPECT_EQ(pixel(width), place->right - place->left) << tag;
+        EXPECT_EQ(pixel(height), place->bottom - place->top) << tag;
+    }
+    EXPECT_EQ(met.size(), std::size(kSheetPlaces));
+}
+
 TEST(GuiArtTest, TheProgramSaysThatThereIsNothingToDo) {
     const TemporaryFolder folder;
     EXPECT_EQ(RunGuiArt(folder, ""), 2);
-    EXPECT_EQ(Text(folder.Path("errors")), "guiart: nothing to do: give a FILE or --rectangles\n");
+    EXPECT_EQ(Text(folder.Path("errors")),
+              "guiart: nothing to do: give a FOLDER or --rectangles\n");
 }
 
 TEST(GuiArtTest, AFileThatCannotBeWrittenIsNamed) {
     const TemporaryFolder folder;
-    folder.Write("file", "");
-    EXPECT_EQ(RunGuiArt(folder, folder.Path("none/sheet.tga")), 1);
-    EXPECT_EQ(Text(folder.Path("errors")), folder.Path("none/sheet.tga") + ": cannot be written\n");
-    EXPECT_EQ(RunGuiArt(folder, "/dev/full"), 1);
-    EXPECT_EQ(Text(folder.Path("errors")), "/dev/full: cannot be written\n");
+    EXPECT_EQ(RunGuiArt(folder, folder.Path("none")), 1);
+    EXPECT_EQ(Text(folder.Path("errors")), folder.Path("none/gui.tga") + ": cannot be written\n");
+    std::filesystem::create_symlink("/dev/full", folder.Path("seal.tga"));
+    EXPECT_EQ(RunGuiArt(folder, folder.Path("") + " --only seal.tga"), 1);
+    EXPECT_EQ(Text(folder.Path("errors")), folder.Path("") + "/seal.tga: cannot be written\n");
 }
 
 TEST(GuiArtTest, ImageMagickReadsTheSheetAsItWasDrawn) {
@@ -252,10 +325,16 @@ TEST(TgaWriterTest, PacketsEndWithTheirRow) {
 
 TEST(TgaWriterTest, ValuesAreRoundedAndClampedToBytes) {
     TextureData image = Image(1, 1, {0, 0, 0, 0});
-    const float values[] = {0.5f, 1.5f, -1.0f, 0.999f};
+    const float values[] = {0.5f, 1.5f, -1.0f, 0.499f};
     std::copy(std::begin(values), std::end(values), image.GetData());
     const Bytes file = EncodeTGA(image);
-    EXPECT_EQ(Bytes(file.begin() + 18, file.end()), (Bytes{0x00, 0, 255, 128, 255}));
+    EXPECT_EQ(Bytes(file.begin() + 18, file.end()), (Bytes{0x00, 0, 255, 128, 127}));
+}
+
+TEST(TgaWriterTest, AnOpaqueImageHas24Bits) {
+    const Bytes file = EncodeTGA(Image(3, 1, {1, 2, 3, 255, 1, 2, 3, 255, 9, 8, 7, 255}));
+    EXPECT_EQ(file, (Bytes{0,    0, 10, 0, 0,    0, 0, 0, 0, 0, 0, 0, 3, 0, 1, 0, 24, 0,  // header
+                           0x81, 3, 2,  1, 0x00, 7, 8, 9}));
 }
 
 TEST(TgaWriterTest, WhatIsWrittenIsReadBack) {
@@ -263,10 +342,11 @@ TEST(TgaWriterTest, WhatIsWrittenIsReadBack) {
     std::mt19937 random(1);
     for (const int width : {1, 2, 127, 128, 129, 256, 257, 300, 1000}) {
         for (const unsigned variety : {1u, 2u, 200u}) {
+            const std::uint8_t alpha = variety == 2 ? 255 : 200;
             Bytes bytes;
             for (int pixel = 0; pixel < width * 3; ++pixel) {
                 const auto value = static_cast<std::uint8_t>(random() % variety);
-                bytes.insert(bytes.end(), {value, 7, value, 200});
+                bytes.insert(bytes.end(), {value, 7, value, alpha});
             }
             const std::string path = folder.Path("image.tga");
             ASSERT_TRUE(WriteTGA(Image(width, 3, bytes), path));
