@@ -245,9 +245,9 @@ TEST_F(FontFileTest, AGlyphThatCannotBeLoadedIsReported) {
         entry += 16;
     const std::size_t offset = number(entry + 8);
     const std::size_t length = number(entry + 12);
-    // One contour that ends at point 65535, for every glyph.
+    // 32767 contours, for which no glyph has room.
     for (std::size_t i = 0; i < length; ++i)
-        file[offset + i] = i % 2 == 0 ? 0x00 : 0x01;
+        file[offset + i] = i % 2 == 0 ? 0x7F : 0xFF;
     EXPECT_EQ(InitLine(folder.Write("broken.ttf", file)), "errors!\n");
 }
 
