@@ -80,20 +80,23 @@ class VirtualDisplay:
 
 
 class Game:
-    """One run of the game. `sdl_folder` goes first on the search path for libraries."""
+    """One run of the game, or of another program that plays it. `sdl_folder` goes first on the
+    search path for libraries."""
 
-    def __init__(self, folder, sdl_folder=None):
+    def __init__(self, folder, sdl_folder=None, command=(BUILD / "merovinska",)):
         self.folder = folder
         folder.mkdir(parents=True, exist_ok=True)
         self.display = VirtualDisplay(folder / "display.log")
         self.environment = {**os.environ, "DISPLAY": self.display.name, "SDL_VIDEODRIVER": "x11",
-                            "LIBGL_ALWAYS_SOFTWARE": "1"}
+                            "LIBGL_ALWAYS_SOFTWARE": "1",
+                            # Threads of the driver would each keep memory for drawing.
+                            "LP_NUM_THREADS": "0"}
         self.environment.pop("WAYLAND_DISPLAY", None)
         environment = dict(self.environment)
         if sdl_folder:
             environment["LD_LIBRARY_PATH"] = str(sdl_folder)
         with open(folder / "stdout", "w") as stdout, open(folder / "stderr", "w") as stderr:
-            self.process = subprocess.Popen([BUILD / "merovinska"], cwd=ROOT / "data",
+            self.process = subprocess.Popen(command, cwd=ROOT / "data",
                                             env=environment, stdin=subprocess.DEVNULL,
                                             stdout=stdout, stderr=stderr)
         self.pointer = None
@@ -282,16 +285,17 @@ class Game:
         self.wait(follows, f"the knob of {tag} to follow")
         return horizontal
 
-    def drag(self, tag, fraction):
-        """Drags a slider from near its low end by this fraction of its box."""
+    def drag(self, tag, fraction, level=0.0):
+        """Drags a slider that stands at the level by this fraction of its box."""
         widget = widgets()[tag]
         width, height = widget.right - widget.left, widget.bottom - widget.top
         x, y = widget.middle
+        knob = min(max(width, height) // 10, 10)  # from the box's end to where the knob ends
         if width > height:
-            start = widget.left + min(width // 10, 10), y
+            start = widget.left + knob + int((width - 2 * knob) * level), y
             target = start[0] + int(width * fraction), y
         else:
-            start = x, widget.bottom - min(height // 10, 10)
+            start = x, widget.bottom - knob - int((height - 2 * knob) * level)
             target = x, start[1] - int(height * fraction)
         self.grip(tag, start)
         self.move(*target)

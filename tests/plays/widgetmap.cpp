@@ -10,7 +10,6 @@
 #include <iostream>
 #include <map>
 #include <string>
-#include <vector>
 
 #include "app/app.h"
 #include "glwidget/glwidget.h"
@@ -27,17 +26,6 @@ struct FoundWidget {
 };
 
 using FoundWidgets = std::map<std::string, FoundWidget>;
-
-/// The buttons with which a tab window shows its tabs.
-std::vector<std::string> TabButtons() {
-    std::vector<std::string> buttons;
-    for (const auto& [windowTag, window] : GLWidget::tags)
-        if (window != nullptr && window->GetType() == "TabWindow")
-            for (const auto& [tag, widget] : GLWidget::tags)
-                if (widget != nullptr && tag.starts_with("__" + windowTag + "tab"))
-                    buttons.push_back(tag);
-    return buttons;
-}
 
 FoundWidgets FindWidgets() {
     FoundWidgets found;

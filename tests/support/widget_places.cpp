@@ -37,8 +37,22 @@ std::map<std::string, WidgetPlace> ReachableWidgets() {
     return places;
 }
 
-void ClickAt(const WidgetPlace& place) {
+void MoveToMiddle(const WidgetPlace& place) {
     MoveTo((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+}
+
+void ClickAt(const WidgetPlace& place) {
+    MoveToMiddle(place);
     GLWidget::MouseClickWidgets(true, false, false);
     GLWidget::MouseClickWidgets(false, false, false);
+}
+
+std::vector<std::string> TabButtons() {
+    std::vector<std::string> buttons;
+    for (const auto& [windowTag, window] : GLWidget::tags)
+        if (window != nullptr && window->GetType() == "TabWindow")
+            for (const auto& [tag, widget] : GLWidget::tags)
+                if (widget != nullptr && tag.starts_with("__" + windowTag + "tab"))
+                    buttons.push_back(tag);
+    return buttons;
 }

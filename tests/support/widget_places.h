@@ -5,6 +5,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 /// Where a widget can be hit, in window pixels from the top left, borders included.
 struct WidgetPlace {
@@ -17,3 +18,9 @@ std::map<std::string, WidgetPlace> ReachableWidgets();
 
 /// Presses and releases the left mouse button in the middle of a place.
 void ClickAt(const WidgetPlace& place);
+
+/// Moves the mouse there.
+void MoveToMiddle(const WidgetPlace& place);
+
+/// The buttons with which tab windows show their tabs, by tag.
+std::vector<std::string> TabButtons();

@@ -1,0 +1,88 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
+"""The game's pictures in every set and pose, and how they are compared.
+
+goldens.py draw SET     draws a set's poses into the build
+goldens.py renew        draws all and keeps them as the pictures to compare with"""
+
+import os
+import shutil
+import subprocess
+import sys
+from pathlib import Path
+
+from PIL import Image, ImageChops, ImageStat
+
+ROOT = Path(__file__).resolve().parents[2]
+BUILD = Path(os.environ["MEROVINSKA_BUILD"])
+KEPT = Path(__file__).resolve().parent / "pictures"
+OWN = "own"
+
+# Drivers differ in how they round the edges of glyphs and lines, never in whole areas.
+LARGEST = 64  # of 255, in one channel of one pixel
+MEAN = 0.5  # of 255, over all
+
+
+def sets():
+    """The game's own data, and those that lie over it."""
+    return [OWN, *sorted(path.name for path in (ROOT / "data/sets").glob("*") if path.is_dir())]
+
+
+def drawn(name):
+    return BUILD / "goldens" / name
+
+
+def draw(name):
+    """The set's poses in drawn(name)."""
+    folder = drawn(name)
+    shutil.rmtree(folder, ignore_errors=True)
+    data = folder / "data"
+    data.mkdir(parents=True)
+    layers = [ROOT / "data"] + ([] if name == OWN else [ROOT / "data/sets" / name])
+    for layer in layers:
+        for path in layer.iterdir():
+            if path.is_file():
+                link = data / path.name
+                link.unlink(missing_ok=True)
+                link.symlink_to(path)
+    subprocess.run([BUILD / "tests/goldens/gameposes", folder], cwd=data, check=True,
+                   env={**os.environ, "LIBGL_ALWAYS_SOFTWARE": "1"})
+
+
+def poses(folder):
+    return sorted(path.stem for path in folder.glob("*.png")
+                  if not path.stem.endswith("-difference"))
+
+
+def compare(actual, expected):
+    """What is wrong with a picture, or None, and the difference to look at, or None."""
+    if actual.size != expected.size:
+        return f"is {actual.size} pixels instead of {expected.size}", None
+    difference = ImageChops.difference(actual.convert("RGB"), expected.convert("RGB"))
+    largest = max(high for _, high in difference.getextrema())
+    mean = sum(ImageStat.Stat(difference).mean) / 3
+    if largest <= LARGEST and mean <= MEAN:
+        return None, None
+    return (f"differs by up to {largest} and by {mean:.3f} on average, of 255",
+            difference.point(lambda value: min(255, value * 4)))
+
+
+def renew():
+    shutil.rmtree(KEPT, ignore_errors=True)
+    for name in sets():
+        draw(name)
+        (KEPT / name).mkdir(parents=True)
+        for pose in poses(drawn(name)):
+            with Image.open(drawn(name) / f"{pose}.png") as picture:
+                picture.convert("RGB").save(KEPT / name / f"{pose}.png", optimize=True)
+
+
+if __name__ == "__main__":
+    match sys.argv[1:]:
+        case ["draw", name] if name in sets():
+            draw(name)
+        case ["renew"]:
+            renew()
+        case _:
+            sys.exit(__doc__)

@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
+// watchedgame FILE plays the game and watches it: after every frame it compares the labels with
+// what the country's numbers say, and adds a line of JSON to the file when something that the line
+// tells has changed. Nothing is done to the game.
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/app.h"
+#include "glwidget/glwidget.h"
+#include "quarn2/memory.h"
+#include "quarn2/trace.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+template <typename... Parts>
+std::string Joined(const Parts&... parts) {
+    std::ostringstream text;
+    (text << ... << parts);
+    return text.str();
+}
+
+std::string Fixed(double value, int digits) {
+    std::ostringstream text;
+    text.setf(std::ios::fixed);
+    text.precision(digits);
+    text << value;
+    std::string digitsAndSign = text.str();
+    // a zero has no sign on the screen
+    if (digitsAndSign.find_first_of("123456789") == std::string::npos && digitsAndSign[0] == '-')
+        digitsAndSign.erase(0, 1);
+    return digitsAndSign;
+}
+
+class WatchedGame : public App {
+public:
+    explicit WatchedGame(const char* path) : file(path) {}
+
+    bool GotEvent(Event event) override {
+        const bool result = App::GotEvent(event);
+        if (event.type == UpdateEvent && result)
+            Watch();
+        return result;
+    }
+
+private:
+    void Watch() {
+        CompareLabels();
+        const Country& player = GetWorld()->player;
+        Json state;
+        state["date"] = GetWorld()->date.Text();
+        state["elapsed"] = player.elapsed;
+        state["population"] = player.population;
+        state["funds"] = player.funds;
+        state["livestock"] = player.livestock.amount;
+        state["grain"] = player.grain.amount;
+        state["hungry"] = player.livestock.IsHungry() || player.grain.IsHungry();
+        state["famine"] = player.famineTime > 0.0f;
+        state["plague"] = player.plagueTime > 0.0f;
+        state["shares"] = Json::array();
+        for (const Profession profession : kProfessions)
+            state["shares"].push_back(player.Share(profession));
+        state["orders"] = {Level("stockbuy"), Level("grainbuy"), Level("finebuy")};
+        state["asked"] = GLWidget::GetByTag("__msgbox", false) != nullptr;
+        state["story"] = Text("paperlab");
+        state["compared"] = compared;
+        state["wrong"] = wrong;
+        std::string line = state.dump();
+        // The number of comparisons grows all the time.
+        state.erase("compared");
+        std::string telling = state.dump();
+        if (telling == last)
+            return;
+        last = std::move(telling);
+        file << line << std::endl;
+    }
+
+    static float Level(std::string_view slider) { return GLWidget::GetByTag(slider)->GetLevel(); }
+    static std::string Text(std::string_view tag) { return GLWidget::GetByTag(tag)->GetText(); }
+
+    void Expect(std::string_view tag, const std::string& expected) {
+        ++compared;
+        if (const std::string shown = Text(tag); shown != expected && wrong.size() < kMostFaults)
+            wrong.push_back(Joined(tag, " shows '", shown, "' instead of '", expected, "'"));
+    }
+
+    void CompareLabels() {
+        const World& realm = *GetWorld();
+        const Country& player = realm.player;
+        static constexpr std::string_view kNames[] = {"Farmers", "Butchers", "Educators",
+                                                      "Warriors", "Doctors"};
+        static constexpr std::string_view kLabels[] = {"farmerslab", "butcherslab", "educatorslab",
+                                                       "warriorslab", "doctorslab"};
+        std::string people =
+            Joined("Population Statistics: \nTotal: ", std::lround(player.population));
+        for (const Profession profession : kProfessions) {
+            const auto i = static_cast<std::size_t>(profession);
+            const float count = player.Count(profession);
+            Expect(kLabels[i],
+                   Joined(kNames[i], ": ",
+                          Fixed(static_cast<double>(count / player.population) * 100.0, 0), "%"));
+            people += Joined('\n', kNames[i], ": ", std::lround(count));
+        }
+        Expect("popinfo", Joined(people, "\nIdle: ", std::lround(player.IdleCount())));
+        Expect("lrationlab",
+               "Livestock Ration: " + Fixed(static_cast<double>(player.livestock.ration), 3));
+        Expect("grationlab", "Grain Ration: " + Fixed(static_cast<double>(player.grain.ration), 3));
+        Expect("storelab", Joined("Livestock: ", std::lround(player.livestock.amount),
+                                  "\nGrain: ", std::lround(player.grain.amount)));
+        Expect("funds", Joined("Government funds: ", player.funds + 0.0f, " doubloons"));
+        Expect("date", "The date is " + realm.date.Text());
+        const auto& stories = realm.newspaper.Stories();
+        Expect("paperlab", "Page 1\n" + (stories.empty() ? std::string() : stories[0]));
+        Expect("debuginfo", Figures(player));
+        Expect("continentinfo", Neighbours(realm));
+        CompareOrders(player);
+    }
+
+    static std::string Figures(const Country& player) {
+        const Military& military = player.military;
+        return Joined("The Justice level is ", player.justice.justiceLevel, "\nThe Crime level is ",
+                      player.justice.crimeLevel, "\n\nThe population's morale is ", player.morale,
+                      "\nThe population's opinion is ", player.opinion,
+                      "\nThe military's recruits: ", military.recruits,
+                      "\nThe military's average skill: ", military.averageSkill,
+                      "\nThe military's weekly cost: ", military.Cost(kWeek),
+                      "\nThe military oppressing: ", military.oppressing,
+                      "\nThe military patrolling: ", military.patrolling,
+                      "\nThe famine chance: ", player.famineChance,
+                      "    Famine: ", player.famineTime > 0.0f,
+                      "    Famine Length: ", std::lround(player.famineTime),
+                      "\nPlague: ", player.plagueTime > 0.0f,
+                      "    Plague Length: ", std::lround(player.plagueTime),
+                      "\nRevolt: ", player.revolt, "    Rebellion: ", player.rebellion);
+    }
+
+    static std::string Neighbours(const World& realm) {
+        std::string text =
+            "Continent Information: \n"
+            "Buy Cost of Livestock, Grain. Sell Cost of Livestock, Grain.\n";
+        int number = 0;
+        for (const auto& country : realm.countries)
+            text += Joined("Country ", ++number, ": ", country->name, " - ",
+                           country->livestockBuyPrice, ' ', country->grainBuyPrice, ' ',
+                           country->livestockSellPrice, ' ', country->grainSellPrice, '\n');
+        return text;
+    }
+
+    /// A trade empties the order behind the label's back; the label follows a frame later.
+    void CompareOrders(const Country& player) {
+        const Country& neighbour = *GetPartner();
+        const std::string expected[] = {
+            "Livestock to Buy/Sell: "
+                + Fixed(static_cast<double>(player.LivestockOrder(neighbour, Level("stockbuy"))),
+                        0),
+            "Grain to Buy/Sell: "
+                + Fixed(static_cast<double>(player.GrainOrder(neighbour, Level("grainbuy"))), 0),
+            "Fine Goods to Buy: "
+                + Fixed(static_cast<double>(player.FineGoodsOrder(Level("finebuy"))), 0)};
+        const float level = Level("stockbuy") + Level("grainbuy") + Level("finebuy");
+        const bool emptied = level == 0.0f && lastLevel != 0.0f;
+        lastLevel = level;
+        if (emptied)
+            return;
+        Expect("stockbuylab", expected[0]);
+        Expect("grainbuylab", expected[1]);
+        Expect("finebuylab", expected[2]);
+    }
+
+    static constexpr std::size_t kMostFaults = 20;
+    static constexpr float kWeek = 604800.0f;
+
+    std::ofstream file;
+    std::string last;
+    std::vector<std::string> wrong;
+    long compared = 0;
+    float lastLevel = 0.0f;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::cerr << "usage: watchedgame FILE\n";
+        return 2;
+    }
+    trace::Start();
+    std::srand(static_cast<unsigned>(std::time(nullptr)));
+    TraceFrame frame("main", "");
+    {
+        const Pointer<App> game = new WatchedGame(argv[1]);
+        game->Init();
+    }
+    MMObject::CollectGarbage();
+    MMObject::CollectAll();
+    return 0;
+}
