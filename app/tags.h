@@ -46,6 +46,7 @@ inline constexpr std::array<ProfessionTags, 5> kProfessionTags{{
 }};
 static_assert(kProfessionTags.size() == kProfessions.size());
 
+/// The row of a profession.
 constexpr const ProfessionTags& Of(Profession profession) {
     return kProfessionTags[static_cast<std::size_t>(profession)];
 }

@@ -1,0 +1,122 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+"""The commands of the documents that take minutes: builds, the search and what renews pictures. They
+run in a copy of the tree."""
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+import documents
+from documents import ROOT
+
+BUILD = Path(os.environ["MEROVINSKA_BUILD"])
+
+sys.path.insert(0, str(ROOT / "tests/plays"))
+from driver import TITLE, VirtualDisplay  # noqa: E402
+
+SEARCHES = {f"docs/search {table}" for table in
+            ("idling", "workforces", "doctors", "justice", "trade", "best")}
+BUILDS = ["cmake --preset release", "cmake --build --preset release",
+          "cmake --build --preset release --target docs"]
+RENEWALS = {"cmake --build --preset release --target renew_layout_records",
+            "cmake --build --preset release --target plots"}
+PLAYS = {"./play", "./play --screenshot picture.png --seconds 5"}
+# Shorter than written: for a second each instead of ten minutes.
+FUZZING = {"fuzz/run 600": "fuzz/run 1"}
+
+SLOW = SEARCHES | set(BUILDS) | RENEWALS | PLAYS | FUZZING.keys()
+
+
+class SlowDocuments(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.tree = Path(folder.name) / "tree"
+        shutil.copytree(ROOT, self.tree, ignore=lambda path, names: [
+            name for name in names if name == ".git" or (Path(path) == ROOT and name == "build")])
+        # What ccache keeps of the tree then serves its copy.
+        self.environment = {**os.environ, "CCACHE_BASEDIR": str(self.tree),
+                            "CCACHE_NOHASHDIR": "1"}
+
+    def type_in(self, command):
+        result = subprocess.run(["bash", "-c", command], cwd=self.tree, env=self.environment,
+                                stdin=subprocess.DEVNULL, capture_output=True, text=True)
+        self.assertEqual(result.returncode, 0, f"{command}\n{result.stdout[-3000:]}{result.stderr}")
+        return result.stdout
+
+    def start_display(self):
+        display = VirtualDisplay(self.tree / "display.log")
+        self.addCleanup(display.close)
+        self.environment.update(DISPLAY=display.name, SDL_VIDEODRIVER="x11",
+                                LIBGL_ALWAYS_SOFTWARE="1")
+        return display
+
+    def test_fresh_copy_is_built_and_makes_its_pictures_again(self):
+        self.start_display()
+        for command in BUILDS:
+            self.type_in(command)
+        self.assertTrue((self.tree / "build/release/docs/reference/index.html").exists())
+        for command in sorted(RENEWALS):
+            self.type_in(command)
+        for folder in ("docs/plots", "docs/engine"):
+            for made in sorted((self.tree / folder).iterdir()):
+                recorded = ROOT / folder / made.name
+                with self.subTest(made.name):
+                    if made.suffix == ".png":
+                        difference = subprocess.run(
+                            ["compare", "-metric", "MAE", recorded, made, "null:"],
+                            capture_output=True, text=True)
+                        # Of 65535: another version of the library smooths edges differently.
+                        self.assertLess(float(difference.stderr.split()[0]), 655,
+                                        difference.stderr)
+                    else:
+                        self.assertEqual(made.read_bytes(), recorded.read_bytes())
+
+    def test_fresh_copy_plays(self):
+        self.type_in("./play --screenshot picture.png --seconds 5")
+        size = subprocess.run(["identify", "-format", "%wx%h", self.tree / "picture.png"],
+                              capture_output=True, text=True, check=True)
+        self.assertEqual(size.stdout, "800x600")
+
+        display = self.start_display()
+        play = subprocess.Popen(["./play"], cwd=self.tree, env=self.environment,
+                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                stderr=subprocess.PIPE, text=True)
+        self.addCleanup(play.stderr.close)
+        self.addCleanup(play.wait)
+        self.addCleanup(play.kill)
+        deadline = time.monotonic() + 300
+        while not any(window.get_wm_name() == TITLE
+                      for window in display.root.query_tree().children):
+            self.assertIsNone(play.poll(), "it ended before there was a window")
+            self.assertLess(time.monotonic(), deadline, "no window was opened")
+            time.sleep(0.2)
+        # As a player ends it.
+        while play.poll() is None:
+            self.assertLess(time.monotonic(), deadline, "Escape did not end the game")
+            subprocess.run(["xdotool", "key", "Escape"], env=self.environment, check=False)
+            time.sleep(0.2)
+        self.assertEqual(play.returncode, 0)
+
+    def test_tables_are_what_the_search_prints(self):
+        self.environment["COUNTRYSIM"] = str(BUILD / "tools/countrysim")
+        found = {command.text: command.output for command in documents.commands()
+                 if command.text in SEARCHES}
+        self.assertEqual(found.keys(), SEARCHES)
+        for command, shown in found.items():
+            with self.subTest(command):
+                self.assertEqual(self.type_in(command), shown)
+
+    def test_everything_that_reads_files_is_fed_with_broken_ones(self):
+        for command in FUZZING.values():
+            self.assertNotIn("FAILED", self.type_in(command))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,222 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+"""The documents tell the truth: their commands run, and what they name is there."""
+
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+import documents
+from documents import ROOT
+from documents_slow_test import SLOW
+
+BUILD = Path(os.environ["MEROVINSKA_BUILD"])
+
+sys.path.insert(0, str(ROOT / "tests/plays"))
+from driver import Game, VirtualDisplay  # noqa: E402
+
+KINDS = {"sh", "console", "cpp", "layout", "theme", "conf", "change"}
+
+# What is run in place of a command that would run all of these tests again, or go on for minutes:
+# the same command with an option that makes it read its arguments and stop there.
+INSTEAD = {
+    "./check": "./check --help",
+    "./check --all": "./check --all --help",
+    "./check --preset sanitize": "./check --preset sanitize --help",
+    "./check --preset tidy": "./check --preset tidy --help",
+    "ctest --preset release": "ctest --preset release -N",
+    "ctest --preset release -R Slider": "ctest --preset release -R Slider -N | grep Slider",
+    "ctest --preset release -L play": "ctest --preset release -L play -N | grep Play",
+    "ctest --preset release -L slow": "ctest --preset release -L slow -N | grep Documents",
+    "scripts/ondisplay ctest --preset release": "scripts/ondisplay ctest --preset release -N",
+    "scripts/tidy FILE": f"scripts/tidy {ROOT}/country/military.cpp",
+    # A workflow has no such option; that there is one of the name has to do.
+    "cmake --workflow --preset debug": "cmake --workflow --list-presets | grep '\"debug\"'",
+}
+
+# Commands that never end, or speak to a game that runs; each has a test of its own below.
+WATCHED = {
+    "build/release/tools/guiview data/my.gui.debug",
+    "kill -TSTP $(pidof merovinska)",
+    "kill -CONT $(pidof merovinska)",
+}
+
+TOOLS = {"countrysim", "guiview", "guiart"}
+
+
+def copy_tree(folder):
+    """The tree as somebody who fetched it has it."""
+    shutil.copytree(ROOT, folder, ignore=lambda path, names: [
+        name for name in names if name == ".git" or (Path(path) == ROOT and name == "build")])
+    return folder
+
+
+class Documents(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.temporary = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(cls.temporary.cleanup)
+        cls.sandbox = copy_tree(Path(cls.temporary.name) / "tree")
+        # The documents speak of the release build; what was built is what is tested.
+        (cls.sandbox / "build").mkdir()
+        (cls.sandbox / "build/release").symlink_to(BUILD)
+
+    def run_in_sandbox(self, text, **options):
+        return subprocess.run(["bash", "-c", f"set -o pipefail; {text}"], cwd=self.sandbox,
+                              stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                              timeout=100, **options)
+
+    def ordinary(self):
+        """The commands of the blocks that can be run as they stand."""
+        return [command for command in self.of_blocks()
+                if command.text not in INSTEAD.keys() | WATCHED | SLOW]
+
+    @staticmethod
+    def of_blocks():
+        return [command for document in documents.documents()
+                for block in documents.blocks(document) if block.kind in ("sh", "console")
+                for command in documents.shell(block)]
+
+    def test_every_block_of_code_says_what_it_is(self):
+        for document in documents.documents():
+            with self.subTest(document.name):
+                self.assertEqual(list(documents.indented(document)), [])
+                for block in documents.blocks(document):
+                    self.assertIn(block.kind, KINDS, f"line {block.line}")
+
+    def test_every_exception_is_of_a_command_that_is_there(self):
+        written = {command.text for command in documents.commands()}
+        self.assertEqual((INSTEAD.keys() - {"./check --all"} | WATCHED | SLOW) - written, set())
+
+    def test_there_are_commands_to_run(self):
+        self.assertGreater(len(self.ordinary()), 8)
+
+    def test_commands_run(self):
+        for command in self.ordinary():
+            with self.subTest(command.text, place=command.place):
+                result = self.run_in_sandbox(command.text)
+                self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+                if command.output is not None:
+                    self.assertEqual(result.stdout, command.output)
+
+    def test_arguments_of_long_commands_are_understood(self):
+        written = {command.text for command in documents.commands()}
+        for command, instead in INSTEAD.items():
+            if command in written:
+                with self.subTest(command):
+                    result = self.run_in_sandbox(instead)
+                    self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+
+    def test_commands_in_running_text_are_known(self):
+        known = ({command.text for command in self.of_blocks()} | INSTEAD.keys() | SLOW)
+        for command in documents.commands():
+            program, *arguments = command.text.split()
+            if command.output is not None or command.text in known:
+                continue
+            with self.subTest(command.text, place=command.place):
+                name = program.removeprefix("build/release/tools/")
+                if name in TOOLS:  # with a FILE or a FROM-TO, or as a part of a command
+                    shown = self.run_in_sandbox(f"build/release/tools/{name} --help").stdout
+                    for option in arguments:
+                        if option.startswith("-"):
+                            self.assertIn(option, shown)
+                elif not arguments:
+                    self.assertTrue(program.startswith("build/")
+                                    or (self.sandbox / program).exists())
+                else:
+                    self.fail("what would happen if somebody typed this?")
+
+    def test_links_lead_somewhere(self):
+        for document in documents.documents():
+            text = re.sub(r"^```.*?^```", "", document.read_text(), flags=re.M | re.S)
+            for target in re.findall(r"\]\(([^)]+)\)", text):
+                if target.startswith("http"):
+                    continue
+                with self.subTest(f"{document.relative_to(ROOT)}: {target}"):
+                    path, _, anchor = target.partition("#")
+                    file = document.parent / path if path else document
+                    self.assertTrue(file.exists())
+                    if anchor:
+                        self.assertIn(anchor, anchors(file.read_text()))
+
+    def test_layout_is_shown_in_a_window(self):
+        display = VirtualDisplay(self.sandbox / "display.log")
+        self.addCleanup(display.close)
+        viewer = subprocess.Popen(
+            ["build/release/tools/guiview", "data/my.gui.debug"], cwd=self.sandbox,
+            env={**os.environ, "DISPLAY": display.name, "SDL_VIDEODRIVER": "x11",
+                 "LIBGL_ALWAYS_SOFTWARE": "1"},
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(viewer.wait)
+        self.addCleanup(viewer.kill)
+        deadline = time.monotonic() + 60
+        while not display.root.query_tree().children:
+            self.assertIsNone(viewer.poll())
+            self.assertLess(time.monotonic(), deadline, "no window was opened")
+            time.sleep(0.05)
+        self.assertIsNone(viewer.poll())
+
+    def test_game_is_paused_and_goes_on(self):
+        game = Game(self.sandbox / "paused")
+        self.addCleanup(game.close)
+        game.wait_until_started()
+
+        def state():
+            status = Path(f"/proc/{game.process.pid}/status").read_text()
+            return re.search(r"State:\s+(\w)", status)[1]
+
+        def type_in(command):
+            # Other games may run here, so that this one's number is what pidof finds.
+            result = self.run_in_sandbox(f"pidof() {{ echo {game.process.pid}; }}; {command}")
+            self.assertEqual((result.returncode, result.stderr), (0, ""))
+
+        type_in("kill -TSTP $(pidof merovinska)")
+        game.wait(lambda: state() == "T", "the game stopped")
+        type_in("kill -CONT $(pidof merovinska)")
+        game.wait(lambda: state() != "T", "the game went on")
+        game.click("update")  # and it listens
+
+
+class Reference(unittest.TestCase):
+    """What doxygen makes of the headers."""
+
+    def doxygen(self, *changes):
+        configuration = (BUILD / "docs/Doxyfile").read_text()
+        with tempfile.TemporaryDirectory() as folder:
+            changed = "\n".join([configuration, f"OUTPUT_DIRECTORY = {folder}", *changes])
+            return subprocess.run(["doxygen", "-"], input=changed, capture_output=True, text=True)
+
+    def test_is_made_without_a_warning(self):
+        result = self.doxygen()
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+
+    def test_every_class_and_free_function_has_its_words(self):
+        found = self.doxygen("WARN_IF_UNDOCUMENTED = YES", "WARN_AS_ERROR = NO").stderr
+        self.assertIn("is not documented", found)  # members whose names say it all have none
+        wordless = {line for line in found.splitlines()
+                    if re.search(r"Compound .* is not documented|\(function\) of (namespace|file)",
+                                 line)}
+        self.assertEqual(wordless, set())
+
+
+def anchors(text):
+    """The names that headings get, the second of two equal ones with a number."""
+    found = []
+    fenced = False
+    for line in text.splitlines():
+        if line.startswith("```"):
+            fenced = not fenced
+        elif line.startswith("#") and not fenced:
+            name = re.sub(r"[^\w\- ]", "", line.lstrip("# ").lower()).replace(" ", "-")
+            found.append(f"{name}-{found.count(name)}" if name in found else name)
+    return found
+
+
+if __name__ == "__main__":
+    unittest.main()

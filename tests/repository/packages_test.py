@@ -17,7 +17,8 @@ BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 COMMANDS = {
     "play": ["g++", "cmake", "ninja", "pkg-config"],
     "picture": ["Xvfb", "import"],
-    "check": ["clang-format", "clang-tidy", "shellcheck", "xdotool", "python3"],
+    "check": ["clang-format", "clang-tidy", "shellcheck", "xdotool", "python3", "doxygen",
+              "gnuplot", "dot"],
     "fuzz": ["clang++"],
     "coverage": ["gcovr"],
 }
