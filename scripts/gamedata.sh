@@ -46,3 +46,12 @@ unreadable_data() {
     done < <(needed_data "$1" | sort -u)
     ((${#missing[@]} == 0)) || echo "${missing[*]}"
 }
+
+# lay_over FOLDER TARGET: a link in TARGET for every file in FOLDER, which is named from the root.
+lay_over() {
+    local file
+    mkdir -p -- "$2"
+    for file in "$1"/*; do
+        [[ ! -f $file ]] || ln -sfn -- "$file" "$2/"
+    done
+}

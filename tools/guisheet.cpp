@@ -95,13 +95,13 @@ Colour Tick(Point p) {
     return Raised(p, distance, 0.9f);
 }
 
-/// Sliders draw it half transparent, so its lines are black and broad.
+/// Sliders draw it half transparent, so it is bright and its lines are black.
 Colour Knob(Point p) {
     constexpr Colour kBlack{0.0f, 1.0f};
     const Colour edge = Painted(shape::Disc(p, kCentre, 23.5f), kBlack, kTransparent);
-    const Colour stud = Painted(shape::Disc(p, kCentre, 19.5f), Lit(p, 0.6f), edge);
-    const Colour groove = Painted(shape::Disc(p, kCentre, 9.5f), kBlack, stud);
-    return Painted(shape::Disc(p, kCentre, 6.5f), {1.0f, 1.0f}, groove);
+    const Colour stud = Painted(shape::Disc(p, kCentre, 22.0f), Lit(p, 0.8f), edge);
+    const Colour groove = Painted(shape::Disc(p, kCentre, 8.0f), kBlack, stud);
+    return Painted(shape::Disc(p, kCentre, 5.5f), {1.0f, 1.0f}, groove);
 }
 
 using Picture = Colour (*)(Point);

@@ -83,7 +83,8 @@ class Scripts(unittest.TestCase):
         result = self.command("./play", "--loud")
         self.assertEqual(result.returncode, 1)
         self.assertEqual(result.stderr, "play: unknown option --loud; "
-                         "usage: ./play [--screenshot FILE [--seconds N]]\n")
+                         "usage: ./play [--set NAME] [--scale N] "
+                         "[--screenshot FILE [--seconds N]]\n")
 
     def test_play_refuses_an_option_without_its_value(self):
         result = self.command("./play", "--screenshot")
@@ -95,6 +96,29 @@ class Scripts(unittest.TestCase):
             result = self.command("./play", "--screenshot", "x.png", "--seconds", seconds)
             self.assertEqual(result.returncode, 1)
             self.assertIn("--seconds takes a whole number from 1", result.stderr)
+
+    def test_play_refuses_a_set_that_is_not_there_and_names_those_that_are(self):
+        (self.root / "data/sets").mkdir(parents=True)
+        for name, known in [("loud", "none"), ("loud", "calm quiet")]:
+            for folder in known.split() if known != "none" else []:
+                (self.root / "data/sets" / folder).mkdir()
+            result = self.command("./play", "--set", name)
+            self.assertEqual((result.returncode, result.stdout, result.stderr),
+                             (1, "", f'play: there is no set "{name}"; there is: {known}\n'))
+
+    def test_play_takes_no_path_for_a_set(self):
+        (self.root / "data/sets/quiet").mkdir(parents=True)
+        for name in ["", ".", "..", "../sets", "quiet/", "/tmp", "quiet/../quiet"]:
+            result = self.command("./play", "--set", name)
+            self.assertEqual((result.returncode, result.stderr),
+                             (1, f'play: there is no set "{name}"; there is: quiet\n'))
+
+    def test_play_refuses_a_scale_that_is_no_number_from_1_to_10(self):
+        for scale in ["0", "0.5", "-1", "10", "1,5", "1.", "large", ""]:
+            result = self.command("./play", "--scale", scale)
+            self.assertEqual((result.returncode, result.stdout), (1, ""))
+            self.assertEqual(len(result.stderr.splitlines()), 1)
+            self.assertIn("play: --scale takes a number from 1 to below 10", result.stderr)
 
     def test_check_refuses_an_unknown_preset_in_one_line(self):
         result = self.command("./check", "--preset", "fast")
@@ -236,6 +260,76 @@ class Scripts(unittest.TestCase):
         result = self.command("./play")
         self.assertEqual((result.returncode, result.stdout, result.stderr),
                          (0, f"{self.root}/data\n", "to the other stream\n"))
+
+    def test_play_lays_a_set_over_the_data_in_a_folder_of_links(self):
+        self.prepare_play("pwd; cat paper.theme; cmp gui.tga ../../../data/gui.tga; "
+                          "find . -type f; ls")
+        self.environment["DISPLAY"] = ":12345"
+        quiet = self.root / "data/sets/quiet"
+        quiet.mkdir(parents=True)
+        (quiet / "paper.theme").write_text(THEME.format(texture="quiet.tga"))
+        (quiet / "quiet.tga").touch()
+        stale = self.root / "build/sets/quiet/stale.theme"
+        stale.parent.mkdir(parents=True)
+        stale.touch()
+        result = self.command("./play", "--set", "quiet")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        lines = result.stdout.splitlines()
+        self.assertEqual(lines[0], f"{self.root}/build/sets/quiet")
+        self.assertIn("quiet.tga the sheet", lines)
+        self.assertFalse([line for line in lines if line.startswith("./")], "copies, not links")
+        self.assertIn("serif.ttf", lines)
+        self.assertNotIn("stale.theme", lines)
+
+    def test_play_says_what_a_set_lacks(self):
+        self.prepare_play("echo started")
+        self.environment["DISPLAY"] = ":12345"
+        (self.root / "data/sets/quiet").mkdir(parents=True)
+        (self.root / "data/sets/quiet/paper.theme").write_text(THEME.format(texture="no.tga"))
+        result = self.command("./play", "--set", "quiet")
+        self.assertEqual((result.returncode, result.stdout, result.stderr),
+                         (1, "", "play: cannot be read: build/sets/quiet/no.tga\n"))
+
+    def test_every_set_of_the_game_is_complete(self):
+        self.prepare_play(BUILD / "merovinska")
+        for folder in sorted((ROOT / "data/sets").iterdir()):
+            with self.subTest(set=folder.name):
+                result = self.shared(f'lay_over "$PWD/data" laid; '
+                                     f'lay_over "$PWD/data/sets/{folder.name}" laid; '
+                                     "unreadable_data laid; rm -r laid")
+                self.assertEqual((result.stdout, result.stderr), ("", ""))
+
+    def test_play_scales_the_window_with_the_newer_library(self):
+        self.prepare_play(BUILD / "merovinska")
+        picture = self.root / "large.png"
+        result = self.command("./play", "--scale", "1.5", "--screenshot", str(picture),
+                              "--seconds", "3")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        size = run("identify", "-format", "%w %h", str(picture)).stdout
+        self.assertEqual(size, "1200 900")
+        # Beyond the window of the usual size there is more than the empty screen.
+        corner = run("convert", str(picture), "-crop", "380x280+810+610", "-format", "%k", "info:")
+        self.assertGreater(int(corner.stdout), 16)
+
+    def test_play_passes_the_scale_to_the_library_that_the_game_already_has(self):
+        self.prepare_play('echo "$SDL12COMPAT_WINDOW_SCALING ${LD_LIBRARY_PATH:-none}"')
+        self.environment["DISPLAY"] = ":12345"
+        self.environment.pop("LD_LIBRARY_PATH", None)
+        library = self.root / "libSDL-1.2.so.0"
+        library.write_text("SDL12COMPAT_WINDOW_SCALING")
+        self.stand_in("ldd", f"echo '\tlibSDL-1.2.so.0 => {library} (0x0)'")
+        self.assertEqual(self.command("./play", "--scale", "2").stdout, "2 none\n")
+
+    def test_play_names_the_package_that_scales_when_it_is_missing(self):
+        self.prepare_play("echo started")
+        self.environment["DISPLAY"] = ":12345"
+        library = self.root / "libSDL-1.2.so.0"
+        library.touch()
+        self.stand_in("ldd", f"echo '\tlibSDL-1.2.so.0 => {library} (0x0)'")
+        result = self.command("./play", "--scale", "2")
+        self.assertEqual((result.returncode, result.stdout, result.stderr),
+                         (1, "", "play: --scale needs the package libsdl1.2-compat, "
+                                 "which is not installed\n"))
 
     def test_play_says_in_one_line_what_it_cannot_read_and_starts_nothing(self):
         self.prepare_play("echo started")

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <random>
 #include <set>
+#include <span>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -77,8 +78,9 @@ TEST_P(GalleryTest, HasSidesThatTexturesKeep) {
 
 INSTANTIATE_TEST_SUITE_P(Pictures, GalleryTest, testing::ValuesIn(Gallery()),
                          [](const auto& picture) {
-                             const std::string file = picture.param.file;
-                             return file.substr(0, file.find('.'));
+                             std::string name = picture.param.file;
+                             std::erase_if(name, [](char c) { return c == '/'; });
+                             return name.substr(0, name.find('.'));
                          });
 
 TEST(GuiArtTest, EveryPictureOfTheDataIsDrawnHere) {
@@ -88,13 +90,14 @@ TEST(GuiArtTest, EveryPictureOfTheDataIsDrawnHere) {
     std::set<std::string> found;
     for (const auto& entry : std::filesystem::recursive_directory_iterator("data")) {
         if (entry.path().extension() == ".tga")
-            found.insert(entry.path().filename());
+            found.insert(std::filesystem::relative(entry.path(), "data"));
     }
     EXPECT_EQ(found, drawn);
 }
 
 TEST(GuiArtTest, TheProgramWritesEveryPicture) {
     const TemporaryFolder folder;
+    std::filesystem::create_directories(folder.Path("sets/large"));
     EXPECT_EQ(RunGuiArt(folder, folder.Path("")), 0);
     for (const GalleryPicture& picture : Gallery()) {
         EXPECT_TRUE(FileBytes(folder.Path(picture.file))
@@ -146,17 +149,17 @@ TEST(GuiArtTest, TheConfigurationOfTheGameHasTheseRectangles) {
     }
 }
 
-TEST(GuiArtTest, ShadowsLieBelowTheSheetsOfTheLayout) {
+void ExpectSheets(std::span<const SheetPlace> places, const std::string& file) {
     constexpr float kPixelsPerUnit = 600.0f / 2.6f;
-    std::ifstream layout("data/my.gui.debug");
+    std::ifstream layout(file);
     std::set<std::string> met;
     for (std::string line; std::getline(layout, line);) {
         std::istringstream words(line);
         std::string statement, kind, tag, parent, picture;
         float x = 0.0f, y = 0.0f, width = 0.0f, height = 0.0f;
         words >> statement >> kind >> tag >> parent >> x >> y >> picture >> width >> height;
-        const auto place = std::ranges::find(kSheetPlaces, tag, &SheetPlace::tag);
-        if (place == std::end(kSheetPlaces))
+        const auto place = std::ranges::find(places, tag, &SheetPlace::tag);
+        if (place == places.end())
             continue;
         met.insert(tag);
         const auto pixel = [&](float units) { return std::lround(units * kPixelsPerUnit); };
@@ -165,7 +168,12 @@ TEST(GuiArtTest, ShadowsLieBelowTheSheetsOfTheLayout) {
         EXPECT_EQ(pixel(width), place->right - place->left) << tag;
         EXPECT_EQ(pixel(height), place->bottom - place->top) << tag;
     }
-    EXPECT_EQ(met.size(), std::size(kSheetPlaces));
+    EXPECT_EQ(met.size(), places.size());
+}
+
+TEST(GuiArtTest, ShadowsLieBelowTheSheetsOfTheLayouts) {
+    ExpectSheets(kSheetPlaces, "data/my.gui.debug");
+    ExpectSheets(kLargeSheetPlaces, "data/sets/large/my.gui.debug");
 }
 
 TEST(GuiArtTest, TheProgramSaysThatThereIsNothingToDo) {

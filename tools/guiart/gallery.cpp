@@ -25,6 +25,7 @@ constexpr GalleryPicture kPictures[] = {
     {"livestock.tga", DrawLivestock},
     {"grain.tga", DrawGrain},
     {"law.tga", DrawLaw},
+    {"sets/large/desk.tga", DrawLargeDesk},
 };
 
 }  // namespace

@@ -9,7 +9,7 @@
 
 /// One picture that the game's data holds.
 struct GalleryPicture {
-    const char* file;
+    const char* file;  ///< below the folder of the data
     TextureData (*draw)();
 };
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "tools/guiart/canvas.h"
 
@@ -31,9 +32,7 @@ float ValueAt(const TextureData& noise, int x, int y) {
     return noise.GetData()[static_cast<std::ptrdiff_t>(y * noise.GetWidth() + x) * 4];
 }
 
-}  // namespace
-
-TextureData DrawDesk() {
+TextureData DrawDeskBelow(std::span<const SheetPlace> places) {
     constexpr int kSide = 512;
     constexpr float kBoard = 64.0f;  // pixels from joint to joint
     constexpr int kLevels = 96;
@@ -71,17 +70,27 @@ TextureData DrawDesk() {
         };
     };
     Canvas shadows(kSide, kSide);
-    for (const SheetPlace& place : kSheetPlaces)
+    for (const SheetPlace& place : places)
         shadows.Paint(Vector(0.0f, 0.0f, 0.0f, 0.85f), toTexels(place, 0.0f));
     shadows.Image().Blur(3);
     shadows.Image().Translate(1, -2, Vector(0.0f, 0.0f, 0.0f, 0.0f));
     desk.Lay(shadows);
     desk.Quantise(kLevels);
     // Nobody sees what the sheets cover.
-    for (const SheetPlace& place : kSheetPlaces)
+    for (const SheetPlace& place : places)
         desk.Paint(Vector(0.0f, 0.0f, 0.0f, 1.0f), toTexels(place, -2.0f));
     desk.MakeOpaque();
     return desk.Image();
+}
+
+}  // namespace
+
+TextureData DrawDesk() {
+    return DrawDeskBelow(kSheetPlaces);
+}
+
+TextureData DrawLargeDesk() {
+    return DrawDeskBelow(kLargeSheetPlaces);
 }
 
 TextureData DrawParchment() {
@@ -124,6 +133,20 @@ TextureData DrawNewsprint() {
     newsprint.ForEach([&](Point p, float* pixel) {
         const float fibre = ValueAt(pulp, static_cast<int>(p.x) / 4, static_cast<int>(p.y));
         std::fill_n(pixel, 3, 0.975f + 0.025f * fibre);
+    });
+    // A pale crown, for days with little news: stories are printed over it.
+    newsprint.Paint(Vector(0.35f, 0.32f, 0.27f, 0.13f), [](Point p) {
+        const Point at{std::fabs(p.x - kSide / 2.0f), p.y - 125.0f};
+        const float spikes = shape::Polygon(at, {{-1.0f, 0.0f},
+                                                 {52.0f, 0.0f},
+                                                 {66.0f, 62.0f},
+                                                 {30.0f, 30.0f},
+                                                 {0.0f, 76.0f},
+                                                 {-1.0f, 74.0f}});
+        const float band = shape::RoundedBox(at, {0.0f, -12.0f}, {53.0f, 6.0f}, 2.0f);
+        const float pearls =
+            std::min(shape::Disc(at, {66.0f, 68.0f}, 6.5f), shape::Disc(at, {0.0f, 83.0f}, 7.5f));
+        return std::min({spikes, band, pearls});
     });
     const float line = kSide - kRuleFromTop;
     newsprint.Paint(Vector(0.35f, 0.32f, 0.27f, 1.0f), [&](Point p) {

@@ -13,7 +13,7 @@ struct SheetPlace {
     int left, top, right, bottom;
 };
 
-/// What casts a shadow.
+/// What casts a shadow, in the game's layout and in that of the large text.
 inline constexpr SheetPlace kSheetPlaces[] = {
     {"bar", 8, 6, 792, 34},
     {"peoplesheet", 8, 42, 308, 344},
@@ -23,9 +23,16 @@ inline constexpr SheetPlace kSheetPlaces[] = {
     {"tablesheet", 316, 352, 704, 592},
     {"weeksheet", 712, 352, 792, 592},
 };
+inline constexpr SheetPlace kLargeSheetPlaces[] = {
+    {"bar", 8, 6, 792, 44},
+    {"tablesheet", 8, 52, 520, 592},
+    {"papersheet", 528, 52, 792, 512},
+    {"weeksheet", 528, 520, 792, 592},
+};
 
 /// Dark boards with the sheets' shadows, for the whole screen.
 TextureData DrawDesk();
+TextureData DrawLargeDesk();
 
 /// Near white, so that themes colour it: mottled, and darker towards the edges.
 TextureData DrawParchment();
