@@ -24,8 +24,8 @@ SEARCHES = {f"docs/search {table}" for table in
             ("idling", "workforces", "doctors", "justice", "trade", "best")}
 BUILDS = ["cmake --preset release", "cmake --build --preset release",
           "cmake --build --preset release --target docs"]
-RENEWALS = {"cmake --build --preset release --target renew_layout_records",
-            "cmake --build --preset release --target plots"}
+RENEWALS = {f"cmake --build --preset release --target {target}"
+            for target in ("goldens", "renew_layout_records", "plots")}
 PLAYS = {"./play", "./play --screenshot picture.png --seconds 5"}
 # Shorter than written: for a second each instead of ten minutes.
 FUZZING = {"fuzz/run 600": "fuzz/run 1"}
