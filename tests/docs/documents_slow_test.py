@@ -26,11 +26,12 @@ BUILDS = ["cmake --preset release", "cmake --build --preset release",
           "cmake --build --preset release --target docs"]
 RENEWALS = {f"cmake --build --preset release --target {target}"
             for target in ("goldens", "renew_layout_records", "plots")}
-PLAYS = {"./play", "./play --screenshot picture.png --seconds 5"}
+PLAYS = ["./play", "./play --set large", "./play --set high-contrast --scale 1.5"]
+PICTURE = "./play --screenshot picture.png --seconds 5"
 # Shorter than written: for a second each instead of ten minutes.
 FUZZING = {"fuzz/run 600": "fuzz/run 1"}
 
-SLOW = SEARCHES | set(BUILDS) | RENEWALS | PLAYS | FUZZING.keys()
+SLOW = SEARCHES | set(BUILDS) | RENEWALS | {*PLAYS, PICTURE} | FUZZING.keys()
 
 
 class SlowDocuments(unittest.TestCase):
@@ -79,30 +80,36 @@ class SlowDocuments(unittest.TestCase):
                         self.assertEqual(made.read_bytes(), recorded.read_bytes())
 
     def test_fresh_copy_plays(self):
-        self.type_in("./play --screenshot picture.png --seconds 5")
+        self.type_in(PICTURE)
         size = subprocess.run(["identify", "-format", "%wx%h", self.tree / "picture.png"],
                               capture_output=True, text=True, check=True)
         self.assertEqual(size.stdout, "800x600")
-
         display = self.start_display()
-        play = subprocess.Popen(["./play"], cwd=self.tree, env=self.environment,
-                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                stderr=subprocess.PIPE, text=True)
-        self.addCleanup(play.stderr.close)
-        self.addCleanup(play.wait)
-        self.addCleanup(play.kill)
+        for command in PLAYS:
+            with self.subTest(command):
+                self.play(command, display)
+
+    def play(self, command, display):
+        """Starts the game, waits for its window and ends it as a player does."""
+        with open(self.tree / "play.log", "w") as log:
+            game = subprocess.Popen(command.split(), cwd=self.tree, env=self.environment,
+                                    stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+        self.addCleanup(game.wait)
+        self.addCleanup(game.kill)
         deadline = time.monotonic() + 300
+
+        def go_on():
+            self.assertLess(time.monotonic(), deadline, (self.tree / "play.log").read_text())
+            time.sleep(0.2)
+
         while not any(window.get_wm_name() == TITLE
                       for window in display.root.query_tree().children):
-            self.assertIsNone(play.poll(), "it ended before there was a window")
-            self.assertLess(time.monotonic(), deadline, "no window was opened")
-            time.sleep(0.2)
-        # As a player ends it.
-        while play.poll() is None:
-            self.assertLess(time.monotonic(), deadline, "Escape did not end the game")
+            self.assertIsNone(game.poll(), "it ended before there was a window")
+            go_on()
+        while game.poll() is None:
             subprocess.run(["xdotool", "key", "Escape"], env=self.environment, check=False)
-            time.sleep(0.2)
-        self.assertEqual(play.returncode, 0)
+            go_on()
+        self.assertEqual(game.returncode, 0)
 
     def test_tables_are_what_the_search_prints(self):
         self.environment["COUNTRYSIM"] = str(BUILD / "tools/countrysim")
