@@ -83,7 +83,8 @@ class Game:
     """One run of the game, or of another program that plays it. `sdl_folder` goes first on the
     search path for libraries."""
 
-    def __init__(self, folder, sdl_folder=None, command=(BUILD / "merovinska",)):
+    def __init__(self, folder, sdl_folder=None, command=(BUILD / "merovinska",),
+                 cwd=ROOT / "data", settings=()):
         self.folder = folder
         folder.mkdir(parents=True, exist_ok=True)
         self.display = VirtualDisplay(folder / "display.log")
@@ -92,13 +93,12 @@ class Game:
                             # Threads of the driver would each keep memory for drawing.
                             "LP_NUM_THREADS": "0"}
         self.environment.pop("WAYLAND_DISPLAY", None)
-        environment = dict(self.environment)
+        environment = {**self.environment, **dict(settings)}
         if sdl_folder:
             environment["LD_LIBRARY_PATH"] = str(sdl_folder)
         with open(folder / "stdout", "w") as stdout, open(folder / "stderr", "w") as stderr:
-            self.process = subprocess.Popen(command, cwd=ROOT / "data",
-                                            env=environment, stdin=subprocess.DEVNULL,
-                                            stdout=stdout, stderr=stderr)
+            self.process = subprocess.Popen(command, cwd=cwd, env=environment,
+                                            stdin=subprocess.DEVNULL, stdout=stdout, stderr=stderr)
         self.pointer = None
         self.tab = {}
 

@@ -124,7 +124,12 @@ class Scripts(unittest.TestCase):
         result = self.command("./check", "--preset", "fast")
         self.assertEqual(result.returncode, 1)
         self.assertEqual(result.stderr, "check: there is no preset fast; "
-                         "usage: ./check [--preset release|debug|sanitize|tidy]\n")
+                         "usage: ./check [--all | --preset release|debug|clang|sanitize|tidy]\n")
+
+    def test_check_refuses_everything_in_another_build(self):
+        result = self.command("./check", "--all", "--preset", "debug")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("check: --all is about the release build; usage: ", result.stderr)
 
     # Packages
 

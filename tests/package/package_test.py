@@ -1,0 +1,222 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
+"""The Debian package: what it holds, and that it comes out the same from every build."""
+
+import gzip
+import io
+import os
+import re
+import shutil
+import subprocess
+import tarfile
+import tempfile
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+
+PROGRAMS = ("usr/libexec/merovinska/merovinska", "usr/libexec/merovinska/guiview")
+METAINFO = "usr/share/metainfo/example.merovinska.merovinska.metainfo.xml"
+DESKTOP_ENTRY = "usr/share/applications/merovinska.desktop"
+FONT = "usr/share/games/merovinska/font.ttf"
+
+
+def output(*command, **options):
+    return subprocess.run([*map(str, command)], check=True, stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, text=True, **options).stdout
+
+
+def version():
+    return re.search(r"project\(merovinska VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())[1]
+
+
+def package(build=ROOT / "build/package"):
+    architecture = output("dpkg", "--print-architecture").strip()
+    return build / f"merovinska_{version()}_{architecture}.deb"
+
+
+def field(name):
+    return output("dpkg-deb", "-f", package(), name).strip()
+
+
+class Package(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(cls.folder.cleanup)
+        cls.root = Path(cls.folder.name)
+        output("dpkg-deb", "-x", package(), cls.root)
+
+    def expect_silence(self, *command):
+        result = subprocess.run([*map(str, command)], stdin=subprocess.DEVNULL,
+                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        self.assertEqual((result.returncode, result.stdout), (0, ""))
+
+    # What those say who look after packages
+
+    def test_lintian_has_neither_errors_nor_warnings(self):
+        # It advises root not to run it, which is no finding.
+        result = subprocess.run(["lintian", "--allow-root", "--fail-on", "error,warning", package()],
+                                stdin=subprocess.DEVNULL, capture_output=True, text=True)
+        self.assertEqual((result.returncode, result.stdout), (0, ""), result.stderr)
+
+    def test_the_desktop_entry_is_valid(self):
+        self.expect_silence("desktop-file-validate", self.root / DESKTOP_ENTRY)
+
+    def test_the_description_for_software_centres_is_valid(self):
+        result = subprocess.run(["appstreamcli", "validate", "--no-net", self.root / METAINFO],
+                                stdin=subprocess.DEVNULL, capture_output=True, text=True)
+        self.assertEqual(result.returncode, 0, result.stdout)
+        self.assertNotRegex(result.stdout, r"(?m)^[EW]:")
+
+    def test_the_manual_page_is_set_without_a_complaint(self):
+        page = self.root / "usr/share/man/man6/merovinska.6.gz"
+        result = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", page],
+                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                stderr=subprocess.PIPE, text=True,
+                                env={**os.environ, "LC_ALL": "C.UTF-8", "MANROFFSEQ": "",
+                                     "MANWIDTH": "80"})
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+
+    # What it says of itself
+
+    def test_it_is_a_game_of_the_projects_version(self):
+        self.assertEqual((field("Package"), field("Version"), field("Section")),
+                         ("merovinska", version(), "games"))
+
+    def test_every_place_tells_the_same_version(self):
+        metainfo = (self.root / METAINFO).read_text()
+        self.assertEqual(re.search(r'<release version="([^"]+)"', metainfo)[1], version())
+        changelog = gzip.open(self.root / "usr/share/doc/merovinska/changelog.gz", "rt").read()
+        self.assertTrue(changelog.startswith(f"merovinska ({version()}) "), changelog)
+        manual = gzip.open(self.root / "usr/share/man/man6/merovinska.6.gz", "rt").read()
+        self.assertIn(f'"Merovinska {version()}"', manual)
+
+    def test_the_programs_need_nothing_that_it_does_not_depend_on(self):
+        depended = set(re.findall(r"(?:^|[,|] )([a-z0-9.+-]+)", field("Depends")))
+        for program in PROGRAMS:
+            dynamic = output("readelf", "-d", self.root / program)
+            needed = re.findall(r"\(NEEDED\).*\[(.+)\]", dynamic)
+            self.assertIn("libSDL-1.2.so.0", needed)
+            for library in needed:
+                # What provides a library under another name counts as well.
+                found = output("dpkg-query", "-S", f"*/{library}")
+                owners = {line.split(":")[0] for line in found.splitlines()}
+                provided = set(owners)
+                for owner in owners:
+                    provides = output("dpkg-query", "-W", "-f", "${Provides}", owner)
+                    provided.update(re.findall(r"(?:^|, )([a-z0-9.+-]+)", provides))
+                self.assertTrue(provided & depended, f"{library} of {owners} is not in {depended}")
+
+    def test_the_font_is_another_packages(self):
+        self.assertIn("fonts-sil-gentium-basic", field("Depends").split(", "))
+        self.assertTrue((self.root / FONT).is_symlink())
+        target = os.readlink(self.root / FONT)
+        self.assertFalse(target.startswith("/"), target)
+        installed = Path(os.path.normpath(Path("/") / Path(FONT).parent / target))
+        self.assertEqual(installed.read_bytes(), (ROOT / "data/font.ttf").read_bytes())
+        self.assertEqual(output("dpkg-query", "-S", installed).split(":")[0],
+                         "fonts-sil-gentium-basic")
+
+    # Contents
+
+    def test_everything_of_the_data_is_in_it(self):
+        source, installed = ROOT / "data", self.root / "usr/share/games/merovinska"
+        wanted = {str(path.relative_to(source)) for path in source.rglob("*")}
+        # The licence stays with the font.
+        wanted.remove("font.LICENSE.txt")
+        self.assertEqual({str(path.relative_to(installed)) for path in installed.rglob("*")},
+                         wanted)
+
+    def test_every_file_is_roots_and_can_be_read(self):
+        for line in output("dpkg-deb", "-c", package()).splitlines():
+            mode, owner, _, _, _, path = line.split(maxsplit=5)
+            with self.subTest(path):
+                self.assertEqual(owner, "root/root")
+                executable = re.match(r"\./usr/(games|libexec/merovinska)/(merovinska|guiview)$",
+                                      path)
+                self.assertIn(mode, {"drwxr-xr-x", "lrwxrwxrwx",
+                                     "-rwxr-xr-x" if executable else "-rw-r--r--"})
+
+    def test_the_icons_have_their_sizes(self):
+        icons = self.root / "usr/share/icons/hicolor"
+        sizes = {path.parts[-3] for path in icons.rglob("merovinska.*")}
+        self.assertEqual(sizes, {"48x48", "64x64", "128x128", "256x256", "scalable"})
+        for size in sizes - {"scalable"}:
+            self.assertEqual(output("identify", "-format", "%wx%h",
+                                    icons / size / "apps/merovinska.png"), size)
+
+    def test_the_icons_show_the_drawn_arms(self):
+        icons = self.root / "usr/share/icons/hicolor"
+        for size in (48, 64, 128, 256):
+            with self.subTest(size):
+                drawn = self.root / "drawn.png"
+                output("rsvg-convert", "-w", size, "-h", size, "-o", drawn,
+                       icons / "scalable/apps/merovinska.svg")
+                compared = subprocess.run(
+                    ["compare", "-metric", "MAE", drawn,
+                     icons / f"{size}x{size}/apps/merovinska.png", "null:"],
+                    stderr=subprocess.PIPE, text=True)
+                share = float(re.search(r"\((.+)\)", compared.stderr)[1])
+                self.assertLess(share, 0.005)
+
+    # The programs
+
+    def test_the_programs_are_stripped(self):
+        for program in PROGRAMS:
+            self.assertNotRegex(output("readelf", "-SW", self.root / program),
+                                r" \.(symtab|debug_\w+) ")
+
+    def test_the_programs_are_hardened(self):
+        for program in PROGRAMS:
+            with self.subTest(program):
+                said = output("readelf", "-hldW", "--dyn-syms", self.root / program)
+                self.assertIn("(Position-Independent Executable file)", said)
+                self.assertIn("GNU_RELRO", said)
+                self.assertRegex(said, r"\(FLAGS_1\)\s+Flags: NOW PIE")
+                self.assertRegex(said, r"GNU_STACK .* RW ")
+                self.assertIn(" __stack_chk_fail@", said)
+                self.assertRegex(said, r" __\w+_chk@")
+
+    def test_nothing_tells_where_they_were_built(self):
+        for program in PROGRAMS:
+            self.assertNotIn(os.fsencode(ROOT), (self.root / program).read_bytes())
+
+    # Twice the same
+
+    def times(self):
+        """Of the files in the package, in seconds."""
+        archive = subprocess.run(["dpkg-deb", "--fsys-tarfile", package()], check=True,
+                                 stdout=subprocess.PIPE).stdout
+        with tarfile.open(fileobj=io.BytesIO(archive)) as files:
+            return [int(member.mtime) for member in files]
+
+    def test_its_times_are_that_of_the_last_commit(self):
+        if (ROOT / ".git").exists():
+            time = output("git", "-c", "safe.directory=*", "-C", ROOT, "log", "-1", "--format=%ct")
+        else:
+            time = output("dpkg-parsechangelog", "-S", "Timestamp", "-l",
+                          ROOT / "packaging/changelog")
+        self.assertEqual(set(self.times()), {int(time)})
+
+    def test_a_second_build_elsewhere_gives_the_same_bytes(self):
+        copy = self.root / "a copy/of the sources"
+        shutil.copytree(ROOT, copy, symlinks=True,
+                        ignore=lambda folder, names: {".git", "build", ".cache"} & set(names)
+                        if Path(folder) == ROOT else set())
+        # The copy has no history to take the time from. Nothing else is the same: no compiled
+        # file comes from a cache, and the clock, the language and the mask of rights differ.
+        environment = {**os.environ, "SOURCE_DATE_EPOCH": str(self.times()[0]), "CCACHE_DISABLE": "1",
+                       "TZ": "Pacific/Apia", "LC_ALL": "C.UTF-8"}
+        output("cmake", "--workflow", "--preset", "package", cwd=copy, env=environment,
+               umask=0o027)
+        first, second = package(), package(copy / "build/package")
+        for one, other in zip(*(output("dpkg-deb", "-c", deb).splitlines()
+                                for deb in (first, second))):
+            self.assertEqual(one, other)
+        self.assertEqual(first.read_bytes(), second.read_bytes())
+
+
+if __name__ == "__main__":
+    unittest.main()
