@@ -33,11 +33,12 @@ INSTEAD = {
     "ctest --preset release": "ctest --preset release -N",
     "ctest --preset release -R Slider": "ctest --preset release -R Slider -N | grep Slider",
     "ctest --preset release -L play": "ctest --preset release -L play -N | grep Play",
-    "ctest --preset release -L slow": "ctest --preset release -L slow -N | grep Documents",
+    "ctest --preset slow": "ctest --preset slow -N | grep Documents",
     "scripts/ondisplay ctest --preset release": "scripts/ondisplay ctest --preset release -N",
     "scripts/tidy FILE": f"scripts/tidy {ROOT}/country/military.cpp",
     # A workflow has no such option; that there is one of the name has to do.
     "cmake --workflow --preset debug": "cmake --workflow --list-presets | grep '\"debug\"'",
+    "cmake --workflow --preset package": "cmake --workflow --list-presets | grep '\"package\"'",
 }
 
 # Commands that never end, or speak to a game that runs; each has a test of its own below.
