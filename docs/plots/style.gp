@@ -9,7 +9,7 @@ brass = "#8a5f10"
 slate = "#3d5a73"
 faint = "#d9c9a3"
 
-set terminal pngcairo size 800,430 font "Gentium Book Basic,11" background parchment rounded
+set terminal pngcairo size 800,430 font "serif,11" background parchment rounded
 set datafile separator ","
 set border 3 lc rgb ink lw 1
 set tics nomirror out textcolor rgb ink
