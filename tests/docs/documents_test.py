@@ -36,7 +36,11 @@ INSTEAD = {
     "ctest --preset slow": "ctest --preset slow -N | grep Documents",
     "scripts/ondisplay ctest --preset release": "scripts/ondisplay ctest --preset release -N",
     "scripts/tidy FILE": f"scripts/tidy {ROOT}/country/military.cpp",
-    # A workflow has no such option; that there is one of the name has to do.
+    "cmake --install build/release --prefix <folder>":
+        "cmake --install build/release --prefix installed && test -x installed/games/merovinska",
+    # A workflow has no such option; that there is one of the name has to do. The package's own
+    # tests build it.
+    "cmake --workflow --preset package": "cmake --workflow --list-presets | grep '\"package\"'",
     "cmake --workflow --preset debug": "cmake --workflow --list-presets | grep '\"debug\"'",
     "cmake --workflow --preset package": "cmake --workflow --list-presets | grep '\"package\"'",
 }
