@@ -1,0 +1,192 @@
+# SPDX-FileCopyrightText: 2026 The Merovinska founders
+# SPDX-License-Identifier: MIT
+
+"""The tables of docs/THEMES.md: what the themes of each set look like, and how well what they
+draw can be told apart.
+
+theme_tables.py GUIVIEW renews the tables and the pictures."""
+
+import re
+import subprocess
+import sys
+import tempfile
+from functools import cache
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+DOCUMENT = ROOT / "docs/THEMES.md"
+PICTURES = ROOT / "docs/themes"
+OWN = "default"
+
+LEAST_FOR_TEXT = 4.5
+LEAST_FOR_OUTLINES = 3.0
+
+# Of the pixels of a ground so many may be worse, as guiview has it.
+SPECKS = 0.05
+
+# Whose text stands on the sheets, and whose on its own fill.
+TEXT_ON = [("default", "parchment"), ("heading", "parchment"), ("hint", "parchment"),
+           ("hint", "newsprint"), ("paper", "newsprint"), ("bar", "cloth")]
+TEXT_ON_ITSELF = ["button", "barbutton", "tabwin_button", "partner", "messagebox", "seal"]
+
+# Of these only the middle has something on it: a caption, and what is between the seams.
+MIDDLES = {"seal.tga": "62%x31%", "cloth.tga": "100%x60%"}
+
+# What has to be told from the ground around it.
+OUTLINES_ON = [("button", "parchment"), ("button", "newsprint"), ("barbutton", "cloth"),
+               ("tabwin_button", "parchment"), ("combo_button", "partner"),
+               ("partner", "parchment"), ("messagebox", "messagebox"), ("slot", "parchment"),
+               ("seal", "parchment")]
+
+# Sliders are drawn with half of their colour.
+KNOB, SLOT = "knob", "slot"
+
+
+class Theme:
+    def __init__(self, path):
+        self.comment = path.read_text().splitlines()[0].removeprefix("// ")
+        lines = [line.split("//")[0].split() for line in path.read_text().splitlines()
+                 if line.strip() and not line.startswith("//")]
+        self.text, self.line, self.fill = (tuple(map(float, group)) for group in lines[:3])
+        self.dim, self.bright = map(float, lines[11])
+        self.picture = lines[14][0]
+        self.fades = lines[15][0] == "1"
+
+    @property
+    def brightness(self):
+        """Away from the mouse, and under it."""
+        return (self.dim if self.fades else self.bright), self.bright
+
+
+def sets():
+    return [OWN, *sorted(path.name for path in (ROOT / "data/sets").iterdir())]
+
+
+def layers(name):
+    return [ROOT / "data"] + ([] if name == OWN else [ROOT / "data/sets" / name])
+
+
+def find(name, file):
+    return next((folder / file for folder in reversed(layers(name)) if (folder / file).exists()),
+                None)
+
+
+@cache
+def theme(name, which):
+    return Theme(find(name, f"{which}.theme"))
+
+
+@cache
+def pixels(path):
+    """The colours of a picture, 0 to 1, where something stands on it."""
+    part = MIDDLES.get(path.name)
+    crop = ["-gravity", "center", "-crop", f"{part}+0+0"] if part else []
+    raw = subprocess.run(["convert", str(path), *crop, "-depth", "8", "rgb:-"],
+                         capture_output=True, check=True).stdout
+    return [tuple(value / 255 for value in raw[at:at + 3]) for at in range(0, len(raw), 3)]
+
+
+def scaled(colour, brightness):
+    return tuple(min(channel * brightness, 1.0) for channel in colour)
+
+
+def grounds(name, which):
+    """What is seen of a theme's surface, away from the mouse and under it."""
+    look = theme(name, which)
+    for brightness in look.brightness:
+        tint = scaled(look.fill, brightness)
+        file = None if look.picture in ("NULL", "gui.tga") else find(name, look.picture)
+        if file is None:
+            yield [tint]
+        else:
+            yield [tuple(a * b for a, b in zip(tint, colour)) for colour in pixels(file)]
+
+
+def luminance(colour):
+    linear = [c / 12.92 if c <= 0.04045 else ((c + 0.055) / 1.055) ** 2.4 for c in colour]
+    return 0.2126 * linear[0] + 0.7152 * linear[1] + 0.0722 * linear[2]
+
+
+def ratio(a, b):
+    high, low = sorted((luminance(a) + 0.05, luminance(b) + 0.05), reverse=True)
+    return high / low
+
+
+def contrast(colour, ground):
+    ratios = {other: ratio(colour, other) for other in set(ground)}
+    return sorted(ratios[other] for other in ground)[int(SPECKS * (len(ground) - 1))]
+
+
+def measures(name):
+    """(what, on what, least allowed, contrast away from the mouse, contrast under it)"""
+    for which, ground in TEXT_ON + [(which, which) for which in TEXT_ON_ITSELF]:
+        text = theme(name, which).text
+        yield ("text of " + which, ground, LEAST_FOR_TEXT,
+               *(contrast(text, colours) for colours in grounds(name, ground)))
+    for which, ground in OUTLINES_ON:
+        look = theme(name, which)
+        surroundings = list(grounds(name, ground))
+        if ground != which:  # the mouse is over one of them
+            surroundings = [surroundings[0]] * 2
+        yield ("outline of " + which, ground, LEAST_FOR_OUTLINES,
+               *(contrast(scaled(look.line, brightness), colours)
+                 for brightness, colours in zip(look.brightness, surroundings)))
+    slot = next(grounds(name, SLOT))[0]
+    knob = theme(name, KNOB)
+    yield (KNOB, SLOT, LEAST_FOR_OUTLINES,
+           *(ratio(tuple((a + b) / 2 for a, b in zip(scaled(knob.fill, brightness), slot)), slot)
+             for brightness in knob.brightness))
+
+
+def contrast_table(name):
+    rows = ["| what | on | least | idle | under the mouse |", "|---|---|---|---|---|"]
+    # cut, not rounded: nothing below its least may read as it
+    cut = lambda value: f"{int(value * 10) / 10:.1f}:1"
+    for what, ground, least, idle, lit in measures(name):
+        rows.append(f"| {what} | {ground} | {least}:1 | {cut(idle)} | {cut(lit)} |")
+    return "\n".join(rows)
+
+
+def colour(values):
+    return "#" + "".join(f"{round(255 * value):02x}" for value in values)
+
+
+def theme_table(name):
+    rows = ["| theme | what for | text | outlines | fill | picture |", "|---|---|---|---|---|---|"]
+    for path in sorted(layers(name)[-1].glob("*.theme")):
+        look = Theme(path)
+        picture = "" if look.picture == "NULL" else f"`{look.picture}`"
+        rows.append(f"| `{path.stem}` | {look.comment.rstrip('.')} | {colour(look.text)} | "
+                    f"{colour(look.line)} | {colour(look.fill)} | {picture} |")
+    return "\n".join(rows)
+
+
+TABLE = re.compile(r"(<!-- (themes|contrast) of (\S+) -->\n).*?(<!-- end -->)", re.S)
+
+
+def renewed(document):
+    make = {"themes": theme_table, "contrast": contrast_table}
+    return TABLE.sub(lambda match: match[1] + make[match[2]](match[3]) + "\n" + match[4], document)
+
+
+def draw(guiview, name, picture):
+    with tempfile.TemporaryDirectory() as folder:
+        for layer in layers(name):
+            for path in layer.iterdir():
+                link = Path(folder) / path.name
+                if path.is_file():
+                    link.unlink(missing_ok=True)
+                    link.symlink_to(path)
+        subprocess.run([guiview, "--game", "--png", str(picture), f"{folder}/my.gui.debug"],
+                       check=True)
+
+
+def main():
+    PICTURES.mkdir(exist_ok=True)
+    for name in sets():
+        draw(sys.argv[1], name, PICTURES / f"{name}.png")
+    DOCUMENT.write_text(renewed(DOCUMENT.read_text()))
+
+
+if __name__ == "__main__":
+    main()
