@@ -58,22 +58,6 @@ float Shield(Point p, Point top, float halfWidth, float height) {
     return std::min(lower, upper);
 }
 
-/// An ear on a stalk that goes through `band` towards `up`, a direction of length 1.
-float Ear(Point p, Point band, Point up) {
-    // along the stalk, and across it
-    const Point from{p.x - band.x, p.y - band.y};
-    const Point own{from.x * up.y - from.y * up.x, from.x * up.x + from.y * up.y};
-    float nearest = shape::Stroke(own, {0.0f, -9.0f}, {0.0f, 15.0f}, 0.8f);
-    nearest = std::min(nearest, shape::Ellipse(own, {0.0f, 20.5f}, {1.8f, 3.4f}));
-    for (const float height : {16.0f, 11.8f, 7.6f}) {
-        for (const float side : {-1.0f, 1.0f}) {
-            nearest = std::min(nearest, shape::Stroke(own, {side * 1.5f, height - 0.8f},
-                                                      {side * 3.2f, height + 1.9f}, 1.2f));
-        }
-    }
-    return nearest;
-}
-
 }  // namespace
 
 TextureData DrawFarmer() {
@@ -250,7 +234,7 @@ TextureData DrawArms() {
     arms.Lay(shadow);
     arms.MakeOpaque();
     arms.Paint(kBrass, cloth);
-    arms.Paint(kInk, [&](Point p) { return cloth(p) + 2.0f; });
+    arms.Paint(kWax, [&](Point p) { return cloth(p) + 2.0f; });
     // The rod that it hangs from.
     arms.Paint(kInk, [](Point p) {
         return shape::Stroke(p, {3.0f, 119.0f}, {61.0f, 119.0f}, 2.8f);
@@ -259,27 +243,35 @@ TextureData DrawArms() {
         return Union({shape::Stroke(p, {3.0f, 119.0f}, {61.0f, 119.0f}, 1.8f),
                       shape::Disc(p, {3.8f, 119.0f}, 2.8f), shape::Disc(p, {60.2f, 119.0f}, 2.8f)});
     });
-    // The shield: gules, a sheaf and in chief a crown, both of brass.
-    const auto shield = [](Point p) { return Shield(p, {32.0f, 108.0f}, 21.5f, 68.0f); };
-    arms.Paint(kBrass, shield);
-    arms.Paint(kWax, [&](Point p) { return shield(p) + 2.5f; });
-    Charge(arms, kBrass, [](Point p) {
-        return Union({shape::Polygon(p, {{22.5f, 88.0f},
-                                         {19.0f, 99.0f},
-                                         {26.5f, 94.5f},
-                                         {32.0f, 101.5f},
-                                         {37.5f, 94.5f},
-                                         {45.0f, 99.0f},
-                                         {41.5f, 88.0f}}),
-                      shape::Disc(p, {19.0f, 99.5f}, 1.7f), shape::Disc(p, {32.0f, 102.0f}, 1.8f),
-                      shape::Disc(p, {45.0f, 99.5f}, 1.7f)});
+    // The crown.
+    const auto crown = [](Point p) {
+        return Union({shape::Polygon(p, {{20.0f, 90.0f},
+                                         {17.5f, 105.0f},
+                                         {25.5f, 97.0f},
+                                         {32.0f, 108.0f},
+                                         {38.5f, 97.0f},
+                                         {46.5f, 105.0f},
+                                         {44.0f, 90.0f}}),
+                      shape::Disc(p, {17.5f, 105.5f}, 1.8f), shape::Disc(p, {32.0f, 108.5f}, 2.0f),
+                      shape::Disc(p, {46.5f, 105.5f}, 1.8f)});
+    };
+    Charge(arms, kBrass, crown);
+    arms.Paint(kDarkWax, [](Point p) {
+        return shape::Stroke(p, {21.5f, 93.0f}, {42.5f, 93.0f}, 0.7f);
     });
-    constexpr Point kBand{32.0f, 60.0f};
-    Charge(arms, kBrass, [&](Point p) {
-        return Union({Ear(p, kBand, {0.0f, 1.0f}), Ear(p, kBand, {-0.6f, 0.8f}),
-                      Ear(p, kBand, {0.6f, 0.8f})});
+    // The shield: a chevron between three coins.
+    const auto shield = [](Point p) { return Shield(p, {32.0f, 84.0f}, 20.0f, 52.0f); };
+    Charge(arms, kBrass, shield);
+    arms.Paint(kInk, [&](Point p) { return shield(p) + 2.0f; });
+    arms.Paint(kLight, [&](Point p) {
+        const float chevron =
+            shape::Path(p, {{10.0f, 47.0f}, {32.0f, 66.0f}, {54.0f, 47.0f}}, 4.2f);
+        return std::max(chevron, shield(p) + 2.0f);
     });
-    Charge(arms, kLight, [&](Point p) { return shape::RoundedBox(p, kBand, {4.5f, 1.9f}, 1.0f); });
+    arms.Paint(kBrass, [](Point p) {
+        return Union({shape::Disc(p, {20.5f, 74.0f}, 3.8f), shape::Disc(p, {43.5f, 74.0f}, 3.8f),
+                      shape::Disc(p, {32.0f, 47.5f}, 3.8f)});
+    });
     return arms.Image();
 }
 
