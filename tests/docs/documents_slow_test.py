@@ -25,7 +25,7 @@ SEARCHES = {f"docs/search {table}" for table in
 BUILDS = ["cmake --preset release", "cmake --build --preset release",
           "cmake --build --preset release --target docs"]
 RENEWALS = {f"cmake --build --preset release --target {target}"
-            for target in ("renew_layout_records", "renew_theme_records", "plots")}
+            for target in ("goldens", "renew_layout_records", "renew_theme_records", "plots")}
 PLAYS = ["./play", "./play --set large", "./play --set high-contrast --scale 1.5"]
 PICTURE = "./play --screenshot picture.png --seconds 5"
 # Shorter than written: for a second each instead of ten minutes.

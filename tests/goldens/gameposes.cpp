@@ -97,8 +97,8 @@ public:
         MoveTo(list);
         Click();
         SaveDifference("list", closed);
+        Click();  // closes it
         MoveAway();
-        Click();  // elsewhere, which closes it
 
         TakeLongest();
         TakeRefusal();
@@ -176,6 +176,11 @@ private:
         Save(name, part);
     }
 
+    static std::string FileName(std::string tag) {
+        std::replace(tag.begin(), tag.end(), ' ', '_');
+        return tag;
+    }
+
     /// Every tab but those that are shown already, and the shown ones again at the end.
     void TakeTabs(const std::string& prefix, const Pixels& before) {
         places = ReachableWidgets();
@@ -190,7 +195,7 @@ private:
             if (part.rgba.empty())
                 first = button;
             else
-                Save(prefix + button.substr(2), part);
+                Save(prefix + FileName(button.substr(2)), part);
         }
         if (!first.empty())
             ClickAt(places.at(first));

@@ -18,10 +18,10 @@ GRACE_WEEKS = 48
 LAST_WEEK = 60
 FIRST_MEASURED_WEEK = 5
 MIB = 1024  # KiB
-# The driver takes its memory for drawing bit by bit. Once it has grown by less than this for that
-# long, it has what it needs.
+# The driver takes its memory for drawing bit by bit. Once it has grown by less than this in so many
+# frames, it has what it needs.
 SETTLED = 32  # KiB
-SETTLING = 8.0  # seconds
+SETTLING = 600 * 16  # comparisons, 16 in a frame
 
 ATTEMPT = 3.0  # seconds that one press may stay without an effect before it is repeated
 # Between a release and the next press the game must have drawn a frame to tell them apart.
@@ -85,14 +85,14 @@ class Hour:
 
     def settled(self):
         """The memory in use once the driver has taken what it needs."""
-        last, since = self.resident(), time.monotonic()
+        last, since = self.resident(), self.state["compared"]
 
         def settles():
             nonlocal last, since
-            now = self.resident()
+            now, compared = self.resident(), self.state["compared"]
             if now > last + SETTLED:
-                last, since = now, time.monotonic()
-            return time.monotonic() - since > SETTLING
+                last, since = now, compared
+            return compared > since + SETTLING
 
         self.game.wait(settles, "the driver's memory to settle")
         return last
