@@ -13,7 +13,7 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "plays"))
 
-from driver import BAD_NEWS, BUILD, Game  # noqa: E402
+from driver import BAD_NEWS, BUILD, SIZE, Game  # noqa: E402
 from package_test import package  # noqa: E402
 
 
@@ -108,6 +108,24 @@ class Installed:
         self.dpkg("--purge", "merovinska")
         self.assertEqual(self.files(), before)
         self.assertEqual([*(self.root / "var/lib/dpkg/info").glob("merovinska*")], [])
+
+    def test_a_set_and_a_scale_are_played(self):
+        self.dpkg("--install", str(package()))
+        game = self.start("--set", "large", "--scale", "1.5")
+        window = game.wait(game.find_window, "the window")
+        game.wait(lambda: (window.get_geometry().width, window.get_geometry().height)
+                  == (SIZE[0] * 3 // 2, SIZE[1] * 3 // 2), "its size")
+        game.wait(game.game_process, "the game")
+        folder = Path(f"/proc/{game.game_process()}/cwd").resolve()
+        data = self.root / "usr/share/games/merovinska"
+        self.assertEqual((folder / "default.theme").resolve(), data / "sets/large/default.theme")
+        self.assertEqual((folder / "gui.tga").resolve(), data / "gui.tga")
+        # The window is there a moment before it listens.
+        game.wait(lambda: game.xdotool("key", "Escape") or game.process.poll() is not None,
+                  "the end", may_end=True)
+        self.assertEqual(game.ended(), 0, game.stderr)
+        self.assertNotRegex(game.stderr, BAD_NEWS)
+        self.assertEqual([*self.home.rglob("*")], [])
 
     def test_the_installed_data_is_complete(self):
         self.dpkg("--install", str(package()))
