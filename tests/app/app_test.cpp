@@ -19,8 +19,6 @@
 
 namespace {
 
-constexpr std::uint32_t kFrame = 16;
-
 /// The six numbers of the date as one count of seconds within its month.
 long SecondOfMonth(const World& world) {
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;

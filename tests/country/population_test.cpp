@@ -280,7 +280,7 @@ TEST_F(PopulationTest, WorseStateGoesFirst) {
 }
 
 TEST_F(PopulationTest, EitherStockAloneDecidesTheState) {
-    const auto messageFor = [this](float livestockPart, float grainPart) {
+    const auto messageFor = [](float livestockPart, float grainPart) {
         Population other(38685);
         std::ostringstream message;
         other.SetMessageStream(&message);

@@ -48,7 +48,7 @@ TEST(TextureWithoutGLTest, ReferencesAreCountedIn16Bits) {
 }
 
 /// The call that the assertion is for, which the sanitizer would report before it.
-[[gnu::no_sanitize("undefined")]] void BindWithoutAnObject() {
+__attribute__((no_sanitize("undefined"))) void BindWithoutAnObject() {
     Texture* volatile none = nullptr;
     none->Bind();
 }
