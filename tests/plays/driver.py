@@ -98,7 +98,10 @@ class Game:
             environment["LD_LIBRARY_PATH"] = str(sdl_folder)
         with open(folder / "stdout", "w") as stdout, open(folder / "stderr", "w") as stderr:
             self.process = subprocess.Popen(command, cwd=cwd, env=environment,
-                                            stdin=subprocess.DEVNULL, stdout=stdout, stderr=stderr)
+                                            stdin=subprocess.DEVNULL, stdout=stdout, stderr=stderr,
+                                            # SIGTSTP does not stop a group whose parents are all
+                                            # outside its session, as a check's may be.
+                                            process_group=0)
         self.pointer = None
         self.tab = {}
 
