@@ -16,9 +16,7 @@ target_compile_options(merovinska_options INTERFACE
 
 if(MEROVINSKA_SANITIZE)
   target_compile_options(merovinska_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
-    # The sanitizers' code hides from g++ that the library's regular expressions are initialised.
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(merovinska_options INTERFACE -fsanitize=address,undefined)
   set(program "$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>")
   target_sources(merovinska_options INTERFACE
