@@ -22,6 +22,8 @@ MIB = 1024  # KiB
 # pictures nothing counts that the driver takes for one.
 LARGE_BLOCK = {"MALLOC_MMAP_THRESHOLD_": "32768"}
 LOOKS = 150
+# The sanitizers keep what was freed for a while, and report leaks themselves.
+SANITIZED = os.environ["MEROVINSKA_SANITIZE"] == "ON"
 
 ATTEMPT = 3.0  # seconds that one press may stay without an effect before it is repeated
 # Between a release and the next press the game must have drawn a frame to tell them apart.
@@ -143,7 +145,8 @@ class Hour:
         self.assertTrue(struck)
         at_the_end = self.resident()
         print(f"{memory} KiB in week {FIRST_MEASURED_WEEK}, {at_the_end} KiB at the end")
-        self.assertAlmostEqual(at_the_end, memory, delta=MIB)
+        if not SANITIZED:
+            self.assertAlmostEqual(at_the_end, memory, delta=MIB)
 
         state = self.state
         self.assertEqual(state["wrong"], [])
