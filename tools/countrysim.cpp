@@ -19,6 +19,7 @@
 #include <string_view>
 
 #include "country/rates.h"
+#include "tools/commandline.h"
 #include "tools/countrysim/campaign.h"
 
 namespace {
@@ -243,16 +244,8 @@ int ParseAndRun(int argc, char** argv) {
         "Simulates the country of the game and prints CSV: a row per tick or per campaign.");
     Options options;
     Declare(app, options);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0)
-            return app.exit(error);  // help was asked for
-        std::string message = error.what();
-        std::ranges::replace(message, '\n', ' ');
-        std::cerr << "countrysim: " << message << '\n';
-        return kBadOption;
-    }
+    if (const auto status = ParseCommandLine(app, "countrysim", kBadOption, argc, argv))
+        return *status;
     RunAsAsked(options);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         std::cerr << "countrysim: cannot write the rows\n";

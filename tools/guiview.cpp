@@ -20,6 +20,7 @@
 #include "quarn2/kernel.h"
 #include "quarn2/memory.h"
 #include "quarn2/sdlinput.h"
+#include "tools/commandline.h"
 #include "tools/guiview/exitguard.h"
 #include "tools/guiview/layoutcheck.h"
 #include "tools/guiview/layoutformat.h"
@@ -219,15 +220,8 @@ int main(int argc, char** argv) {
         CLI::App app("Shows a layout as the game would draw it, and checks and formats it.");
         Options options;
         Declare(app, options);
-        try {
-            app.parse(argc, argv);
-        } catch (const CLI::ParseError& error) {
-            if (error.get_exit_code() == 0)
-                return app.exit(error);  // help was asked for
-            std::string message = error.what();
-            std::ranges::replace(message, '\n', ' ');
-            return Fail(message);
-        }
+        if (const auto status = ParseCommandLine(app, "guiview", kUnusable, argc, argv))
+            return *status;
         const ExitGuard guard;
         return Run(options, argv);
     } catch (const std::exception& error) {
