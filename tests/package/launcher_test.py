@@ -389,13 +389,32 @@ class Launcher(unittest.TestCase):
         for name in ("SIGTERM", "SIGHUP"):
             with self.subTest(name):
                 self.game_is('echo $$; exec sleep 60')
-                launcher = subprocess.Popen([self.launcher], env=self.environment, text=True,
-                                            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+                # Whoever runs the tests may ignore signals, and a shell cannot undo that.
+                launcher = subprocess.Popen(["env", "--default-signal", self.launcher], text=True,
+                                            env=self.environment, stdout=subprocess.PIPE,
+                                            stderr=subprocess.DEVNULL)
                 game = int(launcher.stdout.readline())
                 launcher.send_signal(getattr(signal, name))
                 self.assertEqual(launcher.wait(timeout=60), 128 + getattr(signal, name))
                 launcher.stdout.close()
                 self.assertRaises(ProcessLookupError, os.kill, game, 0)
+                self.assertEqual(list(self.runtime.iterdir()), [])
+
+    def test_a_signal_that_comes_while_the_game_starts_ends_it_too(self):
+        self.game_is("exec sleep 60")
+        for steps in range(25):
+            with self.subTest(steps):
+                launcher = subprocess.Popen(["env", "--default-signal", self.launcher], text=True,
+                                            env=self.environment, stdout=subprocess.PIPE,
+                                            stderr=subprocess.DEVNULL, start_new_session=True)
+                while not list(self.runtime.iterdir()):
+                    time.sleep(0.001)
+                time.sleep(steps * 0.002)
+                launcher.send_signal(signal.SIGTERM)
+                self.assertIn(launcher.wait(timeout=30), (-signal.SIGTERM, 128 + signal.SIGTERM))
+                # Whoever is left of the group would hold this end open.
+                self.assertEqual(launcher.stdout.read(), "")
+                launcher.stdout.close()
                 self.assertEqual(list(self.runtime.iterdir()), [])
 
     def test_a_paused_game_goes_on(self):
