@@ -209,9 +209,10 @@ void PrintSummary(std::uint32_t seed, const Summary& summary) {
             std::printf("%lld", static_cast<long long>(*week));
     }
     for (const Range& range : {summary.livestock, summary.grain, summary.people, summary.funds,
-                               summary.morale, summary.crime})
+                               summary.morale, summary.crime}) {
         std::printf(",%.9g,%.9g", static_cast<double>(range.lowest),
                     static_cast<double>(range.last));
+    }
     std::putchar('\n');
 }
 
@@ -233,10 +234,11 @@ void RunAsAsked(Options& options) {
     campaign.seed = *ParseSeed(options.seed);
     const Seeds seeds =
         options.seeds.empty() ? Seeds{campaign.seed, campaign.seed} : *ParseSeeds(options.seeds);
-    if (options.summary)
+    if (options.summary) {
         PrintSummaries(campaign, seeds);
-    else
+    } else {
         PrintRows(campaign);
+    }
 }
 
 int ParseAndRun(int argc, char** argv) {

@@ -123,7 +123,7 @@ TEST(DateTest, ManySmallAdvancesEqualOneLarge) {
     Date large = small;
     for (int i = 0; i < 200; ++i)
         small.Advance(311);
-    large.Advance(200 * 311);
+    large.Advance(200L * 311);
     EXPECT_EQ(small, large);
 }
 

@@ -52,6 +52,14 @@ std::string_view WordFor(tag::Role role) {
     return {};
 }
 
+std::string Missing(const std::string& kind, const std::string& tag) {
+    return "the game needs a " + kind + " with the tag '" + tag + "'";
+}
+
+std::string Mistaken(const std::string& tag, std::string_view kind, const std::string& neededKind) {
+    return "'" + tag + "' is a " + std::string(kind) + ", and the game needs a " + neededKind;
+}
+
 /// Nine of these are the longest number that a stock or a population has.
 constexpr std::string_view kNineDigits = "888888888";
 
@@ -152,14 +160,11 @@ void CheckGameTags(const Declarations& declarations, const std::string& path, Fi
         const std::string kind(WordFor(needed.role));
         const auto found = std::ranges::find(declarations.widgets, tag, &Declared::tag);
         if (found == declarations.widgets.end()) {
-            if (!needed.optional) {
-                findings.Error(path, {},
-                               "the game needs a " + kind + " with the tag '" + tag + "'");
-            }
+            if (!needed.optional)
+                findings.Error(path, {}, Missing(kind, tag));
         } else if (found->GetKind() != KindFor(needed.role)) {
             findings.Error(path, found->statement->Find("kind")->place,
-                           "'" + tag + "' is a " + std::string(found->statement->kind->word)
-                               + ", and the game needs a " + kind);
+                           Mistaken(tag, found->statement->kind->word, kind));
         }
     }
 }

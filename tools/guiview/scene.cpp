@@ -108,7 +108,8 @@ void Scene::Add(GLWidget* widget, const Node* parent, std::optional<int> tab,
     node.parent = parent;
     node.tab = tab;
     node.box = BoxOf(widget->Getbbox(), origin);
-    const bool settled = node.IsKind(Kind::Label) && settledLabels.contains(entry->tag);
+    const bool settled =
+        entry != nullptr && entry->GetKind() == Kind::Label && settledLabels.contains(entry->tag);
     node.drawn = settled ? LinesBox(node) : DrawnBox(node);
     node.clicks = ClickBox(node);
     node.shown = parent == nullptr || parent->shown;
