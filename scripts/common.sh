@@ -5,7 +5,7 @@
 # set -euo pipefail; what reads the tree expects to stand in its root.
 # shellcheck shell=bash
 
-root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+root=$(dirname "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")")
 # shellcheck source=scripts/gamedata.sh
 . "$root/scripts/gamedata.sh"
 

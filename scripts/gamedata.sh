@@ -5,11 +5,14 @@
 # launcher. To be sourced under set -euo pipefail.
 # shellcheck shell=bash
 
+# With it, cd may lead elsewhere and print where.
+unset CDPATH
+
 # needed_data DIRECTORY: the files that the game reads from its data directory, one per
 # line. The layout names the themes and the configuration, these name pictures and the
 # font; the toolkit asks for four themes by itself.
 needed_data() (
-    cd "$1" || exit
+    cd -- "$1" || exit
     local layout=my.gui.debug themes configurations theme configuration
     echo "$layout"
     [[ -r $layout ]] || return 0

@@ -266,6 +266,17 @@ class Scripts(unittest.TestCase):
         self.assertEqual((result.returncode, result.stdout, result.stderr),
                          (0, f"{self.root}/data\n", "to the other stream\n"))
 
+    def test_play_finds_its_tree_through_a_link_and_wherever_cd_would_look(self):
+        self.prepare_play("pwd")
+        (self.root / "a link").symlink_to("play")
+        self.environment.update(DISPLAY=":12345", CDPATH=f"{self.root.parent}:{self.root}")
+        for word, folder in (("./play", self.root), ("./a link", self.root),
+                             (f"{self.root.name}/play", self.root.parent)):
+            with self.subTest(word):
+                result = run(word, cwd=folder, env=self.environment)
+                self.assertEqual((result.returncode, result.stdout, result.stderr),
+                                 (0, f"{self.root}/data\n", ""))
+
     def test_play_lays_a_set_over_the_data_in_a_folder_of_links(self):
         self.prepare_play("pwd; cat paper.theme; cmp gui.tga ../../../data/gui.tga; "
                           "find . -type f; ls")
