@@ -52,6 +52,17 @@ install_missing() {
     "${run[@]}" install -y --no-install-recommends "${missing[@]}" </dev/null
 }
 
+# lay_set NAME: the data with a set laid over it, in build/sets/NAME. The folder is kept, for a game
+# may run in it, and loses what neither of them has any more.
+lay_set() {
+    local folder=build/sets/$1 link
+    lay_over "$root/data" "$folder"
+    lay_over "$root/data/sets/$1" "$folder"
+    for link in "$folder"/*; do
+        [[ -f data/${link##*/} || -f data/sets/$1/${link##*/} ]] || rm -rf -- "$link"
+    done
+}
+
 # own_sources PATTERN...: the files of the tree with such a name, each ended by a NUL. What is
 # built or fetched lies in folders of its own.
 own_sources() {

@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-# What the game reads from its data directory, for those who start it: ./play and the installed
-# launcher. To be sourced under set -euo pipefail.
+# What those share who start the game, ./play and the installed launcher: which files it reads from
+# its data directory, and how it is run. To be sourced under set -euo pipefail.
 # shellcheck shell=bash
 
 # With it, cd may lead elsewhere and print where.
@@ -57,4 +57,48 @@ lay_over() {
     for file in "$1"/*; do
         [[ ! -f $file ]] || ln -sfn -- "$file" "$2/"
     done
+}
+
+# The game while it runs, and the signal that is to end it.
+player=
+asked=
+
+# end_game SIGNAL: passes it on to the game, now or as soon as there is one.
+end_game() {
+    asked=$1
+    [[ -z $player ]] || kill "-$1" "$player" 2>/dev/null || true
+}
+
+# run_game FOLDER GAME WORK: runs GAME in FOLDER and leaves its status in `status`. Its errors go
+# where they belong at once and, to be looked at once it has ended, into WORK/log.
+# shellcheck disable=SC2034  # the status is for the caller
+run_game() {
+    local errors reader
+    # The terminal sends its signals to the game as well; the others reach it from here. They are
+    # awaited before there is a game, so that none of them leaves it alone.
+    trap ':' INT QUIT
+    trap 'end_game TERM' TERM
+    trap 'end_game HUP' HUP
+
+    mkfifo -- "$3/errors"
+    (
+        trap '' HUP INT QUIT TERM
+        exec tee -- "$3/log" <"$3/errors" >&2
+    ) &
+    reader=$!
+    # Opened here: the reader would wait for ever for a game that ends before it could.
+    exec {errors}>"$3/errors"
+    (
+        cd -- "$1" && exec "$2" 2>&"$errors" {errors}>&-
+    ) &
+    player=$!
+    exec {errors}>&-
+    [[ -z $asked ]] || end_game "$asked"
+    status=0
+    wait "$player" || status=$?
+    while kill -0 "$player" 2>/dev/null; do
+        status=0
+        wait "$player" || status=$?
+    done
+    wait "$reader" || true
 }

@@ -6,6 +6,7 @@
 import os
 import re
 import shutil
+import signal
 import subprocess
 import tempfile
 import unittest
@@ -45,9 +46,10 @@ class Scripts(unittest.TestCase):
     def command(self, *words):
         return run(*words, cwd=self.root, env=self.environment)
 
-    def stand_in(self, name, text):
-        """Puts a command of our own before the machine's."""
-        path = self.commands / name
+    def stand_in(self, name, text, folder=None):
+        """Puts a command of our own before the machine's, or a program into a folder."""
+        path = (folder or self.commands) / name
+        path.unlink(missing_ok=True)  # the former one may be running
         path.write_text(f"#!/bin/sh\n{text}\n")
         path.chmod(0o755)
 
@@ -233,8 +235,7 @@ class Scripts(unittest.TestCase):
             binary.symlink_to(game)
             (self.root / "data").symlink_to(ROOT / "data")
         else:
-            binary.write_text(f"#!/bin/sh\n{game}\n")
-            binary.chmod(0o755)
+            self.stand_in("merovinska", game, binary.parent)
             self.write_data()
 
     def test_play_leaves_a_picture_of_the_game_where_there_is_no_display(self):
@@ -296,6 +297,22 @@ class Scripts(unittest.TestCase):
         self.assertFalse([line for line in lines if line.startswith("./")], "copies, not links")
         self.assertIn("serif.ttf", lines)
         self.assertNotIn("stale.theme", lines)
+
+    def test_play_leaves_the_folder_of_a_set_to_the_game_that_runs_in_it(self):
+        self.prepare_play("echo started; read line <../../../go; cat paper.theme")
+        (self.root / "data/sets/quiet").mkdir(parents=True)
+        self.environment["DISPLAY"] = ":12345"
+        os.mkfifo(self.root / "go")
+        first = subprocess.Popen(["./play", "--set", "quiet"], cwd=self.root, text=True,
+                                 env=self.environment, stdout=subprocess.PIPE)
+        self.assertEqual(first.stdout.readline(), "started\n")
+        self.stand_in("merovinska", "echo second", self.root / "build/release")
+        self.assertEqual(self.command("./play", "--set", "quiet").stdout, "second\n")
+        (self.root / "go").write_text("on\n")
+        said = first.stdout.read()
+        first.stdout.close()
+        self.assertEqual(first.wait(timeout=60), 0)
+        self.assertEqual(said, (self.root / "data/paper.theme").read_text())
 
     def test_play_says_what_a_set_lacks(self):
         self.prepare_play("echo started")
@@ -366,6 +383,24 @@ class Scripts(unittest.TestCase):
         self.prepare_play("exit 3")
         self.environment["DISPLAY"] = ":12345"
         self.assertEqual(self.command("./play").returncode, 3)
+
+    def test_a_signal_to_play_ends_the_game(self):
+        self.prepare_play("echo $$; exec sleep 60")
+        self.environment["DISPLAY"] = ":12345"
+        for name in ("SIGTERM", "SIGHUP"):
+            with self.subTest(name):
+                # Whoever runs the tests may ignore signals, and a shell cannot undo that.
+                play = subprocess.Popen(["env", "--default-signal", "./play"], cwd=self.root,
+                                        env=self.environment, text=True, stdout=subprocess.PIPE,
+                                        stderr=subprocess.DEVNULL)
+                game = int(play.stdout.readline())
+                play.send_signal(getattr(signal, name))
+                self.assertEqual(play.wait(timeout=30), 128 + getattr(signal, name))
+                # The game would hold this end open.
+                self.assertEqual(play.stdout.read(), "")
+                play.stdout.close()
+                self.assertRaises(ProcessLookupError, os.kill, game, 0)
+                self.assertEqual(list((self.root / "build").glob("play.*/")), [])
 
     def test_play_tells_when_the_game_ends_before_its_picture(self):
         self.prepare_play("echo 'Assert failed on here'; exit 0")
