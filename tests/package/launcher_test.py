@@ -94,6 +94,12 @@ class Launcher(unittest.TestCase):
         shutil.copytree(self.data, self.folder / "share/merovinska")
         self.assertStartsIn(self.folder / "share/merovinska")
 
+    def test_a_folder_that_is_not_named_from_the_root_is_not_where_the_desktop_says(self):
+        shutil.copytree(self.data, self.folder / "share/merovinska")
+        shutil.copytree(self.data, self.own_data)
+        self.environment["XDG_DATA_HOME"] = "share"
+        self.assertStartsIn(self.own_data)
+
     def test_the_players_own_data_without_a_layout_is_left_alone(self):
         shutil.copytree(self.data, self.own_data)
         (self.own_data / "my.gui.debug").unlink()
@@ -321,6 +327,17 @@ class Launcher(unittest.TestCase):
         self.assertRefuses("the library libSDL-1.2.so.0 is missing: install the package "
                            "libsdl1.2debian.")
 
+    def test_another_missing_library_is_named(self):
+        said = (self.folder / "commands/ldd").read_text()
+        self.stand_in("ldd", said + 'echo "\tlibGLEW.so.2.2 => not found"')
+        self.assertRefuses("the library libGLEW.so.2.2 is missing: the package merovinska or one "
+                           "that it needs is damaged: install it again.")
+
+    def test_a_program_of_another_machine_is_said(self):
+        self.stand_in("ldd", "echo '\tnot a dynamic executable' >&2; exit 1")
+        self.assertRefuses(f"{self.programs}/merovinska is no program of this machine: the package "
+                           "merovinska or one that it needs is damaged: install it again.")
+
     def test_a_missing_program_is_said(self):
         (self.programs / "merovinska").unlink()
         self.assertRefuses(f"{self.programs}/merovinska cannot be started: the game is not "
@@ -341,6 +358,20 @@ class Launcher(unittest.TestCase):
         self.assertEqual(result.returncode, 1)
         self.assertTrue(result.stderr.endswith("merovinska: the game could not go on: "
                                                "Assert failed on here\n"), result.stderr)
+
+    def test_a_game_that_crashes_fails_with_its_words(self):
+        self.game_is("echo 'Caught signal SIGSEGV - Invalid memory segment access (ANSI)' >&2; exit 1")
+        result = self.run_launcher()
+        self.assertEqual(result.returncode, 1)
+        self.assertTrue(result.stderr.endswith(
+            "merovinska: the game could not go on: Caught signal SIGSEGV - Invalid memory segment "
+            "access (ANSI)\n"), result.stderr)
+        self.assertIn("Caught signal SIGSEGV", self.windows())
+
+    def test_a_game_that_was_told_to_end_is_no_news(self):
+        self.game_is("echo 'Caught signal SIGINT - Terminal interrupt (ANSI)' >&2; exit 1")
+        self.assertEqual(self.run_launcher().returncode, 1)
+        self.assertEqual(self.windows(), "")
 
     def test_a_window_tells_where_there_is_no_terminal(self):
         (self.data / "gui.tga").unlink()
