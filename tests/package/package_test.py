@@ -87,7 +87,10 @@ class Package(unittest.TestCase):
 
     def test_every_place_tells_the_same_version(self):
         metainfo = (self.root / METAINFO).read_text()
-        self.assertEqual(re.search(r'<release version="([^"]+)"', metainfo)[1], version())
+        release, date = re.search(r'<release version="([^"]+)" date="([^"]+)"', metainfo).groups()
+        self.assertEqual(release, version())
+        self.assertIn(f"\n## [{release}] - {date}\n",
+                      (self.root / "usr/share/doc/merovinska/CHANGELOG.md").read_text())
         changelog = gzip.open(self.root / "usr/share/doc/merovinska/changelog.gz", "rt").read()
         self.assertTrue(changelog.startswith(f"merovinska ({version()}) "), changelog)
         manual = gzip.open(self.root / "usr/share/man/man6/merovinska.6.gz", "rt").read()
