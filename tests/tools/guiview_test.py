@@ -376,9 +376,20 @@ class GuiviewPicture(Folder):
                           "guiview: the virtual display does not start: is Xvfb installed?\n"))
 
     def test_the_virtual_display_ends_with_the_program(self):
-        self.picture("CADD Butt a NULL 0.5 0.5 TEX 0.5 0.25\n")
-        children = subprocess.run(["pgrep", "-P", str(os.getpid()), "Xvfb"], capture_output=True)
-        self.assertEqual(children.stdout, b"")
+        # It tells its number before it becomes the server.
+        server = self.folder / "commands/Xvfb"
+        server.parent.mkdir()
+        server.write_text(f'#!/bin/sh\necho $$ >"{self.folder}/server"\n'
+                          f'exec {shutil.which("Xvfb")} "$@"\n')
+        server.chmod(0o755)
+        self.write("a.gui", "CADD Butt a NULL 0.5 0.5 TEX 0.5 0.25\n")
+        environment = without_display()
+        environment["PATH"] = f"{server.parent}:{environment['PATH']}"
+        result = subprocess.run([GUIVIEW, "--png", "a.png", "a.gui"], cwd=self.folder,
+                                env=environment, timeout=PATIENCE)
+        self.assertEqual(result.returncode, CLEAN)
+        number = int((self.folder / "server").read_text())
+        self.assertRaises(ProcessLookupError, os.kill, number, 0)
 
 
 class GuiviewLive(Folder):
