@@ -133,6 +133,35 @@ class Scripts(unittest.TestCase):
         self.assertEqual(result.returncode, 1)
         self.assertIn("check: --all is about the release build; usage: ", result.stderr)
 
+    # clang-tidy
+
+    def prepare_tidy(self):
+        """In a folder whose name a pattern would read otherwise."""
+        self.stand_in("clang-tidy", 'for file; do :; done; echo "$file"')
+        tree = self.root / "c++ [x]"
+        (tree / "build/release").mkdir(parents=True)
+        shutil.copytree(ROOT / "scripts", tree / "scripts")
+        return tree
+
+    def test_tidy_looks_at_the_game_and_its_tools_and_at_everything_when_asked(self):
+        tree = self.prepare_tidy()
+        files = [str(tree / name) for name in ("app/main.cpp", "tests/app/app_test.cpp")]
+        (tree / "build/release/compile_commands.json").write_text(
+            "".join(f'  "file": "{file}",\n' for file in files))
+        for words, expected in (([], files[:1]), (["--all"], files), (["x.cpp"], ["x.cpp"])):
+            with self.subTest(words):
+                result = run("scripts/tidy", *words, cwd=tree, env=self.environment)
+                self.assertEqual((result.returncode, result.stderr), (0, ""))
+                self.assertEqual(sorted(result.stdout.splitlines()), expected)
+
+    def test_tidy_that_would_look_at_nothing_fails(self):
+        tree = self.prepare_tidy()
+        for expected in ("tidy: build/release is missing: cmake --preset release\n",
+                         "tidy: build/release has no source of the game\n"):
+            result = run("scripts/tidy", cwd=tree, env=self.environment)
+            self.assertEqual((result.returncode, result.stdout, result.stderr), (1, "", expected))
+            (tree / "build/release/compile_commands.json").touch()
+
     # Packages
 
     def test_packages_are_read_by_section(self):
