@@ -112,6 +112,13 @@ class Package(unittest.TestCase):
                     provided.update(re.findall(r"(?:^|, )([a-z0-9.+-]+)", provides))
                 self.assertTrue(provided & depended, f"{library} of {owners} is not in {depended}")
 
+    def test_a_window_for_messages_comes_with_it(self):
+        packages = {"zenity": "zenity", "kdialog": "kdialog", "xmessage": "x11-utils"}
+        launcher = (self.root / "usr/games/merovinska").read_text()
+        called = re.findall(r"if command -v (\w+) >", launcher)
+        self.assertEqual(sorted(field("Recommends").split(" | ")),
+                         sorted(packages[name] for name in called))
+
     def test_the_font_is_another_packages(self):
         self.assertIn("fonts-noto-extra", field("Depends").split(", "))
         self.assertTrue((self.root / FONT).is_symlink())

@@ -133,6 +133,20 @@ class Scripts(unittest.TestCase):
         self.assertEqual(result.returncode, 1)
         self.assertIn("check: --all is about the release build; usage: ", result.stderr)
 
+    # Measuring
+
+    def test_measure_says_in_one_line_what_it_takes_and_what_it_lacks(self):
+        for words in (["--help"], ["0"], ["many"], ["3", "4"]):
+            with self.subTest(words):
+                result = self.command("scripts/measure", *words)
+                self.assertEqual((result.returncode, result.stdout, result.stderr),
+                                 (1, "", "usage: scripts/measure [RUNS]\n"))
+        missing = self.root / "build/release/bench/emptywindow"
+        result = self.command("scripts/measure", "3")
+        self.assertEqual((result.returncode, result.stdout, result.stderr),
+                         (1, "", f"measure: {missing.resolve()} is missing: "
+                                 "cmake --build --preset release\n"))
+
     # clang-tidy
 
     def prepare_tidy(self):
