@@ -4,11 +4,14 @@
 """The two commands and what they share."""
 
 import os
+import pty
 import re
+import select
 import shutil
 import signal
 import subprocess
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -444,6 +447,43 @@ class Scripts(unittest.TestCase):
                 play.stdout.close()
                 self.assertRaises(ProcessLookupError, os.kill, game, 0)
                 self.assertEqual(list((self.root / "build").glob("play.*/")), [])
+
+    def test_the_terminal_stops_play_and_lets_it_go_on(self):
+        self.prepare_play("echo game $$; exec sleep 60")
+        self.environment["DISPLAY"] = ":12345"
+        shell, terminal = pty.fork()
+        if shell == 0:
+            os.chdir(self.root)
+            os.execvpe("env", ["env", "--default-signal", "bash", "--norc", "-i"], self.environment)
+        self.addCleanup(os.waitpid, shell, 0)
+        self.addCleanup(os.close, terminal)
+        self.addCleanup(os.kill, shell, signal.SIGKILL)
+        said = ""
+
+        def type_and_wait(keys, pattern):
+            nonlocal said
+            said = ""
+            os.write(terminal, keys)
+            deadline = time.monotonic() + 30
+            while not re.search(pattern, said):
+                self.assertLess(time.monotonic(), deadline, said)
+                if select.select([terminal], [], [], 0.1)[0]:
+                    said += os.read(terminal, 4096).decode()
+
+        def wait_for_state(states):
+            deadline = time.monotonic() + 30
+            while Path(f"/proc/{game}/stat").read_text().split()[2] not in states:
+                self.assertLess(time.monotonic(), deadline)
+                time.sleep(0.01)
+
+        type_and_wait(b"./play\n", r"game \d+\r\n")
+        game = re.search(r"game (\d+)", said)[1]
+        type_and_wait(b"\x1a", "Stopped")  # Ctrl+Z
+        wait_for_state("T")
+        type_and_wait(b"fg\n", r"\./play\r\n")
+        wait_for_state("SR")
+        type_and_wait(b"\x03", r"[$#] $")  # Ctrl+C, and the shell asks again
+        self.assertFalse(Path(f"/proc/{game}").exists())
 
     def test_play_tells_when_the_game_ends_before_its_picture(self):
         self.prepare_play("echo 'Assert failed on here'; exit 0")
