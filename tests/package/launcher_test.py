@@ -177,6 +177,31 @@ class Launcher(unittest.TestCase):
         self.assertTrue(result.stdout.startswith(f"{self.home}/.cache/merovinska."), result.stdout)
         self.assertEqual(list((self.home / ".cache").iterdir()), [])
 
+    def test_where_nothing_of_the_players_can_be_written_the_links_are_temporary(self):
+        self.game_is('echo "$PWD"')
+        temporary = self.folder / "temporary"
+        temporary.mkdir()
+        # Nobody writes there, not even root; a folder that is not named from the root is none.
+        self.environment.update(HOME="/proc/home", XDG_RUNTIME_DIR="runtime",
+                                TMPDIR=str(temporary))
+        result = self.run_launcher("--set", "large")
+        self.assertTrue(result.stdout.startswith(f"{temporary}/merovinska."), result.stderr)
+        self.assertEqual(list(temporary.iterdir()), [])
+        self.environment["TMPDIR"] = "/proc/temporary"
+        self.assertRefuses("there is no folder to write to: neither XDG_RUNTIME_DIR nor "
+                           "XDG_CACHE_HOME names one.")
+
+    def test_two_games_do_not_meet(self):
+        self.game_is('cp desk.theme copy; echo "$PWD"; sleep 0.5; cat copy')
+        for name in ("loud", "quiet"):
+            self.write_set(self.data, name, {"desk.theme": f"{name}\n"})
+        games = [subprocess.Popen([self.launcher, "--set", name], env=self.environment, text=True,
+                                  stdout=subprocess.PIPE) for name in ("loud", "quiet")]
+        said = [game.communicate(timeout=60)[0].splitlines() for game in games]
+        self.assertEqual([lines[1] for lines in said], ["loud", "quiet"])
+        self.assertNotEqual(said[0][0], said[1][0])
+        self.assertEqual(list(self.runtime.iterdir()), [])
+
     # The picture
 
     def test_pictures_keep_in_step_with_the_screen(self):
