@@ -203,15 +203,22 @@ class Documents(unittest.TestCase):
 class Reference(unittest.TestCase):
     """What doxygen makes of the headers."""
 
-    def doxygen(self, *changes):
-        configuration = (BUILD / "docs/Doxyfile").read_text()
+    def doxygen(self, *changes, tree=ROOT):
+        configuration = (BUILD / "docs/Doxyfile").read_text().replace(str(ROOT), str(tree))
         with tempfile.TemporaryDirectory() as folder:
-            changed = "\n".join([configuration, f"OUTPUT_DIRECTORY = {folder}", *changes])
+            changed = "\n".join([configuration, f'OUTPUT_DIRECTORY = "{folder}"', *changes])
             return subprocess.run(["doxygen", "-"], input=changed, capture_output=True, text=True)
 
     def test_is_made_without_a_warning(self):
         result = self.doxygen()
         self.assertEqual((result.returncode, result.stderr), (0, ""))
+
+    def test_is_made_in_a_folder_whose_name_has_blanks(self):
+        with tempfile.TemporaryDirectory(prefix="a tree ") as tree:
+            for folder in ("quarn2", "glwidget", "country", "app"):
+                shutil.copytree(ROOT / folder, Path(tree) / folder)
+            result = self.doxygen(tree=tree)
+            self.assertEqual((result.returncode, result.stderr), (0, ""))
 
     def test_every_class_and_free_function_has_its_words(self):
         found = self.doxygen("WARN_IF_UNDOCUMENTED = YES", "WARN_AS_ERROR = NO").stderr
