@@ -15,12 +15,11 @@ needed_data() (
     cd -- "$1" || exit
     local layout=my.gui.debug themes configurations theme configuration
     echo "$layout"
-    [[ -r $layout ]] || return 0
-    mapfile -t configurations < <(awk '$1 == "CONF" && NF > 1 { print $2 }' "$layout")
+    mapfile -t configurations < <(words "$layout" | awk '$1 == "CONF" && NF > 1 { print $2 }')
     mapfile -t themes < <(
         printf '%s\n' default.theme messagebox.theme tabwin_button.theme combo_button.theme
         # The name "default" is taken by the file above.
-        awk '$1 == "THEM" && NF > 1 && $2 != "default" { print $2 }' "$layout"
+        words "$layout" | awk '$1 == "THEM" && NF > 1 && $2 != "default" { print $2 }'
     )
     for configuration in "${configurations[@]}"; do
         echo "$configuration"
@@ -32,9 +31,15 @@ needed_data() (
     done
 )
 
+# words FILE: its lines, of words that blanks separate; nothing when it cannot be read. The ends of
+# lines may be those of another system. What is no file might be waited for.
+words() {
+    [[ ! -f $1 || ! -r $1 ]] || tr '\r' ' ' <"$1"
+}
+
 # first_words FILE: the first word of each line that holds a value.
 first_words() {
-    [[ ! -r $1 ]] || awk 'NF && substr($1, 1, 2) != "//" { print $1 }' "$1"
+    words "$1" | awk 'NF && substr($1, 1, 2) != "//" { print $1 }'
 }
 
 # unreadable_data DIRECTORY: the needed files that cannot be read, in one line.

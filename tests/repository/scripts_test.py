@@ -244,6 +244,36 @@ class Scripts(unittest.TestCase):
         (data / "gui.tga").mkdir()
         self.assertEqual(self.shared("unreadable_data data").stdout, "data/gui.tga\n")
 
+    def test_a_theme_is_found_and_read_whatever_its_name(self):
+        data = self.write_data()
+        layout = data / "my.gui.debug"
+        text = layout.read_text()
+        (data / "paper.tga").unlink()
+        for name in ("x=y.theme", "-f.theme", "*.theme"):
+            with self.subTest(name):
+                layout.write_text(text.replace("paper.theme", name))
+                shutil.copy(data / "paper.theme", data / name)
+                self.assertEqual(self.shared("unreadable_data data").stdout, "data/paper.tga\n")
+
+    def test_what_is_no_file_is_not_waited_for(self):
+        data = self.write_data()
+        for name in ("my.gui.debug", "paper.theme", "toolkit.conf"):
+            with self.subTest(name):
+                content = (data / name).read_bytes()
+                (data / name).unlink()
+                os.mkfifo(data / name)
+                self.assertEqual(self.shared("unreadable_data data").stdout, f"data/{name}\n")
+                (data / name).unlink()
+                (data / name).write_bytes(content)
+
+    def test_ends_of_lines_may_be_those_of_another_system(self):
+        data = self.write_data()
+        for path in data.iterdir():
+            path.write_bytes(path.read_bytes().replace(b"\n", b"\r\n"))
+        self.assertEqual(self.shared("unreadable_data data").stdout, "")
+        (data / "paper.tga").unlink()
+        self.assertEqual(self.shared("unreadable_data data").stdout, "data/paper.tga\n")
+
     def test_a_missing_data_directory_is_named(self):
         self.assertEqual(self.shared("unreadable_data data").stdout, "data\n")
 
