@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <ctime>
 #include <string>
 
 #include "app/app.h"
@@ -27,7 +29,7 @@ long SecondOfMonth(const World& world) {
     return ((day * 24L + hour) * 60 + minute) * 60 + second;
 }
 
-/// Counts the key events that reach it and keeps the last one's keys.
+/// Counts the key events that reach it, keeps the last one's keys, and ages.
 class KeyListener : public GLWidget {
 public:
     KeyListener() : GLWidget("listener", nullptr, Vector(0.0f, 0.0f), nullptr) {
@@ -47,11 +49,31 @@ public:
     void Render() override {}
     void SetFocussed(GLWidget*) override {}
 
+    int Age() const { return age; }
+
     int events = 0;
     KeyFlags last{};
 };
 
 using AppTest = GameTest;
+
+class PartnerTest : public GameTest {
+protected:
+    /// Opens the list of partners and chooses a row, from 0.
+    void Choose(int row) {
+        GLWidget& list = Widget("countrysel");
+        const Vector box = list.Getbbox();
+        const float middle = (box.x + box.z) / 2.0f;
+        const float rowHeight = 2.0f * list.GetTheme().fontSize.y;
+        list.MouseMove(middle, (box.y + box.w) / 2.0f);
+        list.MouseClick(true, false, false);
+        list.MouseClick(false, false, false);
+        // rounded; just inside the list in the first row
+        list.MouseMove(middle, box.y - std::max(static_cast<float>(row), 0.25f) * rowHeight);
+        list.MouseClick(true, false, false);
+        list.MouseClick(false, false, false);
+    }
+};
 
 TEST_F(AppTest, NewWorldIsMerovinskaWithTwelveNeighboursAndThreePartners) {
     StartGame();
@@ -92,9 +114,22 @@ TEST_F(AppTest, TwoSeedsGiveTwoWorldsOfTheSamePlayer) {
 
 TEST_F(AppTest, InitialSetupSeedsFromTheTimeAndMakesTheWorld) {
     StartLayout();
+    const std::time_t before = std::time(nullptr);
     EXPECT_TRUE(app->GotEvent(Event(InitialSetupEvent)));
+    const std::time_t after = std::time(nullptr);
     ASSERT_NE(app->GetWorld(), nullptr);
     EXPECT_EQ(Player().name, "Merovinska");
+    bool isOfThatTime = false;
+    for (std::time_t second = before; second <= after; ++second) {
+        std::srand(static_cast<unsigned>(second));
+        const World ofThatSecond;
+        isOfThatTime = isOfThatTime
+                       || (Player().funds == ofThatSecond.player.funds
+                           && Player().grainBuyPrice == ofThatSecond.player.grainBuyPrice
+                           && app->GetWorld()->countries[11]->grainBuyPrice
+                                  == ofThatSecond.countries[11]->grainBuyPrice);
+    }
+    EXPECT_TRUE(isOfThatTime);
 }
 
 TEST_F(AppTest, FirstFrameSharesFollowTheSlidersAndAreNormalised) {
@@ -107,6 +142,21 @@ TEST_F(AppTest, FirstFrameSharesFollowTheSlidersAndAreNormalised) {
     EXPECT_EQ(Player().Share(Profession::Doctors), 0.0f);
     EXPECT_GT(Player().grain.production, 0.0f);
     EXPECT_GT(Player().livestock.production, 0.0f);
+}
+
+TEST_F(AppTest, FirstFrameSetsTheSharesOneAfterTheOther) {
+    StartGame();
+    Population expected(38685);
+    for (const Profession profession : kProfessions) {
+        SetLevel(tag::Of(profession).slider, 0.4f);
+        expected.SetShare(profession, 0.4f);
+        expected.Normalise(profession);
+    }
+    ASSERT_TRUE(app->Update(0));
+    for (const Profession profession : kProfessions)
+        EXPECT_EQ(Player().Share(profession), expected.Share(profession));
+    EXPECT_EQ(Player().Share(Profession::Doctors), 0.4f);
+    EXPECT_LT(Player().Share(Profession::Warriors), 0.4f);
 }
 
 TEST_F(AppTest, JusticeFollowsItsSliderFromTheFirstFrame) {
@@ -152,6 +202,23 @@ TEST_F(AppTest, RationButtonsMoveTheirSlidersByOneHundredth) {
     EXPECT_FLOAT_EQ(Widget("gration").GetLevel(), 0.5f);
 }
 
+TEST_F(AppTest, StepDownComesBeforeTheStepUpOfItsFrame) {
+    StartGame();
+    app->Update(0);
+    for (const std::string name : {"lration", "gration", "doctors"}) {
+        SetLevel(name, 1.0f);
+        Click(name + "++");
+        Click(name + "--");
+        app->Update(0);
+        EXPECT_FLOAT_EQ(Widget(name).GetLevel(), 1.0f) << name;  // down, and up again
+        SetLevel(name, 0.0f);
+        Click(name + "++");
+        Click(name + "--");
+        app->Update(0);
+        EXPECT_EQ(Widget(name).GetLevel(), 0.01f) << name;  // no lower, then up
+    }
+}
+
 TEST_F(AppTest, RationDownToNothingKeepsTheGameAlive) {
     StartGame();
     app->Update(0);
@@ -186,6 +253,18 @@ TEST_F(AppTest, MoreFarmersButtonSetsTheShareAndItsLabel) {
     app->Update(0);
     EXPECT_FLOAT_EQ(Player().Share(Profession::Farmers), 0.261f);
     EXPECT_EQ(Text("farmerslab"), "Farmers: 26%");
+}
+
+TEST_F(AppTest, WorkersBeginBeforeTheRationOfTheirFrame) {
+    StartGame();
+    app->Update(0);
+    SetLevel("gration", 1.0f);
+    Click("farmers++");
+    app->Update(0);
+    Grain atTheOldRation;
+    atTheOldRation.SetWorkers(Player().Count(Profession::Farmers));
+    EXPECT_EQ(Player().grain.production, atTheOldRation.production);
+    EXPECT_EQ(Player().grain.ration, 0.4f);
 }
 
 TEST_F(AppTest, FewerButchersButtonSetsTheShareAndItsLabel) {
@@ -282,6 +361,29 @@ TEST_F(AppTest, WeekRunsOnTheCountryAsItWasBeforeTheControlsOfItsFrame) {
     EXPECT_FLOAT_EQ(Player().grain.ration, 0.4f);
 }
 
+TEST_F(AppTest, WeekRunsUnderTheJusticeOfTheFrameBefore) {
+    StartGame();
+    SetLevel("justiceslide", 0.53f);  // so close to the crime of 0.6 that it does not move
+    app->Update(0);
+    SetLevel("justiceslide", 0.9f);
+    Click("update");
+    app->Update(0);
+    EXPECT_EQ(Player().justice.crimeLevel, 0.6f);
+    EXPECT_EQ(Player().justice.justiceLevel, 0.9f);
+}
+
+TEST_F(AppTest, WidgetsAgeByTheMillisecondsOfTheFrame) {
+    StartGame();
+    const KeyListener listener;
+    app->Update(17);
+    EXPECT_EQ(listener.Age(), 17);
+    app->Update(1001);  // also in a frame in which the clock ticks
+    EXPECT_EQ(listener.Age(), 1018);
+    Click("exitbut");
+    app->Update(5);
+    EXPECT_EQ(listener.Age(), 1018);
+}
+
 TEST_F(AppTest, ClockTicksBeforeTheWeekOfItsFrame) {
     StartGame();
     app->Update(0);
@@ -376,6 +478,12 @@ TEST_F(AppTest, UpdateThatEndsTheGameWithoutAKernelFailsAnAssertion) {
                 "Assert failed on app:[0-9]+ - \"kernel\"");
 }
 
+TEST_F(AppTest, PictureWithoutAKernelToTellFailsAnAssertion) {
+    Said();
+    EXPECT_EXIT(app->GotEvent(Event(RenderEvent)), testing::ExitedWithCode(0),
+                "Assert failed on app:[0-9]+ - \"kernel\"");
+}
+
 TEST_F(AppTest, LayoutWithoutAWidgetOfTheGameEndsWithItsName) {
     StartLayout({"storelab"});
     GLWidget::tags["storelab"] = nullptr;
@@ -425,7 +533,7 @@ TEST_F(AppTest, LayoutMayLackTheOptionalWidgets) {
     EXPECT_EQ(Player().justice.justiceLevel, 0.4f);
 }
 
-TEST_F(AppTest, ChoiceInThePartnerListClearsTheOrderAndKeepsThePartner) {
+TEST_F(PartnerTest, ChoiceInThePartnerListClearsTheOrderAndKeepsThePartner) {
     StartGame();
     app->Update(0);
     const Country* const partner = app->GetPartner();
@@ -433,20 +541,35 @@ TEST_F(AppTest, ChoiceInThePartnerListClearsTheOrderAndKeepsThePartner) {
     SetLevel("stockbuy", 0.5f);
     SetLevel("grainbuy", 0.5f);
     SetLevel("finebuy", 0.5f);
-    GLWidget& list = Widget("countrysel");
-    const Vector box = list.Getbbox();
-    list.MouseMove((box.x + box.z) / 2.0f, (box.y + box.w) / 2.0f);
-    list.MouseClick(true, false, false);
-    list.MouseClick(false, false, false);
-    list.MouseMove((box.x + box.z) / 2.0f, box.y - 0.2f);  // the third row, by rounding
-    list.MouseClick(true, false, false);
-    list.MouseClick(false, false, false);
-    ASSERT_EQ(list.GetCurrentText(), app->GetWorld()->countries[2]->name);
+    Choose(2);
+    ASSERT_EQ(Widget("countrysel").GetCurrentText(), app->GetWorld()->countries[2]->name);
     app->Update(0);
     EXPECT_EQ(app->GetPartner(), partner);
     EXPECT_EQ(Widget("stockbuy").GetLevel(), 0.0f);
     EXPECT_EQ(Widget("grainbuy").GetLevel(), 0.0f);
     EXPECT_EQ(Widget("finebuy").GetLevel(), 0.0f);
+}
+
+TEST_F(PartnerTest, ChoiceOfANumberedCountryMakesItThePartner) {
+    StartGame();
+    app->Update(0);
+    const struct {
+        const char* item;
+        std::size_t partner;  // which of the neighbours it leaves, from 0
+    } choices[] = {{"Country 5", 4},   {"Country 12", 11}, {"Country 13", 11}, {"Country 1", 0},
+                   {"Country 0x3", 2}, {"Country 0", 2},   {"Country -4", 2},  {"country 4", 2},
+                   {"Country 010", 7}, {"Country", 7}};
+    for (const auto& choice : choices)
+        Widget("countrysel").AddText(choice.item);
+    int row = 12;  // the neighbours' names come first
+    for (const auto& [item, partner] : choices) {
+        SetLevel("stockbuy", 0.5f);
+        Choose(row++);
+        ASSERT_EQ(Widget("countrysel").GetCurrentText(), item);
+        app->Update(0);
+        EXPECT_EQ(app->GetPartner(), app->GetWorld()->countries[partner].get()) << item;
+        EXPECT_EQ(Widget("stockbuy").GetLevel(), 0.0f) << item;
+    }
 }
 
 TEST_F(AppTest, TradeLabelsShowTheOrder) {

@@ -85,8 +85,8 @@ std::string GameTest::Said() {
     return testing::internal::GetCapturedStderr();
 }
 
-void GameTest::StartLayout(std::initializer_list<std::string_view> leftOut) {
-    std::ofstream layout("layout");
+void GameTest::WriteLayout(const char* path, std::initializer_list<std::string_view> leftOut) {
+    std::ofstream layout(path);
     float y = 0.0f;
     for (const Statement& statement : kStatements) {
         y += kSpacing;
@@ -94,7 +94,10 @@ void GameTest::StartLayout(std::initializer_list<std::string_view> leftOut) {
             layout << "CADD " << statement.kind << ' ' << statement.tag << " NULL 0 " << -y << ' '
                    << statement.fields << '\n';
     }
-    layout.close();
+}
+
+void GameTest::StartLayout(std::initializer_list<std::string_view> leftOut) {
+    WriteLayout("layout", leftOut);
     GLWidget::StartGUI("layout");
 }
 

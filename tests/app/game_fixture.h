@@ -26,7 +26,9 @@ protected:
     /// What was written on standard error so far; from then on it is not held back any more.
     std::string Said();
 
-    /// Starts the toolkit from a layout that lacks the widgets in `leftOut`.
+    /// Writes a layout that lacks the widgets in `leftOut`.
+    static void WriteLayout(const char* path, std::initializer_list<std::string_view> leftOut = {});
+    /// Starts the toolkit from such a layout.
     void StartLayout(std::initializer_list<std::string_view> leftOut = {});
     /// StartLayout, and the world of `seed`.
     void StartGame(unsigned seed = kSeed);
