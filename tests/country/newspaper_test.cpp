@@ -133,6 +133,11 @@ TEST_F(NewspaperTest, CrimeJustBelowABoundStillTellsTheLowerStory) {
                   {0.95f, "Looting"}};
     for (const auto& [bound, below] : bounds)
         EXPECT_EQ(StoryAt(std::nextafter(bound, 0.0f)), below);
+    const std::string cake = StoryAt(std::nextafter(0.1f, 0.0f));
+    EXPECT_NE(cake.find(" was baking a cake."), std::string::npos) << cake;
+    const std::string jaywalking = StoryAt(std::nextafter(0.05f, 0.0f));
+    EXPECT_NE(jaywalking.find(" was seen walking across a street "), std::string::npos)
+        << jaywalking;
 }
 
 TEST_F(NewspaperTest, BoundsOf35And85HundredthsAreDoublePrecision) {

@@ -390,13 +390,22 @@ TEST_F(LayoutDeathTest, UnknownParentIsNamedAndFailsTheAssertion) {
     }
 }
 
-TEST_F(LayoutTest, MissingNumbersAreZeroAndTheNextLineIsReadAsItself) {
+TEST_F(LayoutTest, MalformedNumbersAreZeroAndTheNextLineIsReadAsItself) {
     Build("CADD Butt b NULL here there press\nCADD Frame f NULL 0.5 0.5 0\n");
     const Vector box = Find("b")->Getbbox();
     EXPECT_EQ(box.x, 0.0f);
     EXPECT_EQ(box.y, 0.0f);
     EXPECT_EQ(Find("b")->GetText(), "");
     ExpectBox("f", 0.5f, 0.5f, 0.5f, 0.5f);
+}
+
+TEST_F(LayoutTest, NumberThatIsNotOnItsLineIsLookedForInTheNext) {
+    Build(
+        "CADD Frame f NULL 0.5\n0.25 0 comment\nCADD Frame g NULL\n\n 0.75\t-0.5\n1 comment\n"
+        "CADD Frame h NULL 0 0 0\n");
+    ExpectBox("f", 0.5f, 0.25f, 0.5f, 0.25f);
+    ExpectBox("g", 0.75f, -0.5f, 0.75f, -0.5f);
+    EXPECT_NE(Find("h"), nullptr);
 }
 
 TEST_F(LayoutTest, StatementThatTheFileCutsShortMakesNothing) {
