@@ -193,8 +193,9 @@ TEST_F(NewspaperTest, NamesAreDrawnForTheGamblingHeadlineToo) {
 }
 
 TEST_F(NewspaperTest, OtherHeadlinesDrawNothing) {
-    for (const float crime : {0.17f, 0.6f, 1.0f}) {
-        country.justice.crimeLevel = crime;
+    for (int hundredths = 16; hundredths <= 100; ++hundredths) {
+        country.justice.crimeLevel = static_cast<float>(hundredths) / 100.0f;
+        SCOPED_TRACE(hundredths);
         ExpectDraws(0, [&] { newspaper.Print(); });
     }
 }
