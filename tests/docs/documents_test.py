@@ -4,6 +4,7 @@
 
 import os
 import re
+import shlex
 import shutil
 import subprocess
 import sys
@@ -35,7 +36,7 @@ INSTEAD = {
     "ctest --preset release -L play": "ctest --preset release -L play -N | grep Play",
     "ctest --preset slow": "ctest --preset slow -N | grep Documents",
     "scripts/ondisplay ctest --preset release": "scripts/ondisplay ctest --preset release -N",
-    "scripts/tidy FILE": f"scripts/tidy {ROOT}/country/military.cpp",
+    "scripts/tidy FILE": f"scripts/tidy {shlex.quote(str(ROOT))}/country/military.cpp",
     "cmake --install build/release --prefix <folder>":
         "cmake --install build/release --prefix installed && test -x installed/games/merovinska",
     # A workflow has no such option; that there is one of the name has to do. The package's own

@@ -45,7 +45,7 @@ Result RunTool(const std::string& arguments, const std::string& sink = "") {
     const std::string out = sink.empty() ? base + ".out" : sink;
     const std::string error = base + ".err";
     const std::string command =
-        std::string(COUNTRYSIM) + ' ' + arguments + " >" + out + " 2>" + error;
+        "'" + std::string(COUNTRYSIM) + "' " + arguments + " >" + out + " 2>" + error;
     const int status = std::system(command.c_str());
     Result result{WIFEXITED(status) ? WEXITSTATUS(status) : -1, "", Slurp(error)};
     if (sink.empty()) {

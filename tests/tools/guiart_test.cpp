@@ -33,8 +33,8 @@ const char* const kSheetFile = "data/gui.tga";
 
 /// Runs the program; its output goes to `output` and its errors to `errors` in the folder.
 int RunGuiArt(const TemporaryFolder& folder, const std::string& arguments) {
-    const std::string command = std::string(GUIART) + " " + arguments + " >" + folder.Path("output")
-                                + " 2>" + folder.Path("errors");
+    const std::string command = "'" + std::string(GUIART) + "' " + arguments + " >"
+                                + folder.Path("output") + " 2>" + folder.Path("errors");
     return WEXITSTATUS(std::system(command.c_str()));
 }
 
