@@ -324,6 +324,17 @@ TEST_F(AppTest, OneSecondOfFramesAdvancesFiveToSixMinutes) {
     EXPECT_EQ(Player().elapsed, static_cast<float>(advanced));
 }
 
+TEST_F(AppTest, NextSecondIsCountedFromTheTick) {
+    StartGame();
+    app->Update(1900);  // what is over is dropped
+    const float elapsed = Player().elapsed;
+    EXPECT_GE(elapsed, 300.0f);
+    app->Update(1000);
+    EXPECT_EQ(Player().elapsed, elapsed);
+    app->Update(1);
+    EXPECT_GT(Player().elapsed, elapsed);
+}
+
 TEST_F(AppTest, ClockGoesOnAfterATimerThatJumped) {
     StartGame();
     for (int jump = 0; jump < 2; ++jump)
@@ -691,6 +702,22 @@ TEST_F(AppTest, FrameRateIsNeverReportedBecauseTheClockEmptiesItsAccumulator) {
         app->Update(999);
     app->Update(100000);
     EXPECT_EQ(Text("fps"), "-");
+}
+
+TEST_F(AppTest, EveryFrameWritesEveryLabelButTheFrameRate) {
+    StartGame();
+    for (int frame = 0; frame < 2; ++frame) {
+        for (const tag::Widget& widget : tag::kWidgets) {
+            if (widget.role == tag::Role::Label)
+                Widget(widget.tag).SetText("?");
+        }
+        app->Update(0);
+        for (const tag::Widget& widget : tag::kWidgets) {
+            const bool written = Text(widget.tag) != "?";
+            const bool wanted = widget.tag != tag::kFrameRate;
+            EXPECT_TRUE(written == wanted || widget.role != tag::Role::Label) << widget.tag;
+        }
+    }
 }
 
 TEST_F(AppTest, SameSeedAndSamePressesGiveTheSameCountry) {
