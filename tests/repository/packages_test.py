@@ -18,7 +18,7 @@ COMMANDS = {
     "play": ["g++", "cmake", "ninja", "pkg-config"],
     "picture": ["Xvfb", "import"],
     "check": ["clang-format", "clang-tidy", "shellcheck", "xdotool", "python3", "doxygen",
-              "gnuplot", "dot", "reuse", "codespell"],
+              "gnuplot", "dot", "reuse", "codespell", "parallel"],
     "package": ["dpkg-shlibdeps", "strip", "readelf", "git", "lintian", "desktop-file-validate",
                 "appstreamcli", "man", "rsvg-convert"],
     "fuzz": ["clang++"],
