@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -131,6 +132,8 @@ TEST_F(ComboboxTest, PercentSignsAreMeasuredAsTheyShow) {
 TEST_F(ComboboxTest, IndexInTheListIsChosen) {
     EXPECT_TRUE(list.SetCurrentText(2));
     EXPECT_EQ(list.GetCurrentText(), "two");
+    EXPECT_TRUE(list.SetCurrentText(0));
+    EXPECT_EQ(list.GetCurrentText(), "zero");
     EXPECT_FALSE(list.BeenChanged());
 }
 
@@ -206,6 +209,14 @@ TEST_F(ComboboxTest, EdgeOfTheBoxIsOutside) {
     EXPECT_FALSE(IsOpen());
     Release();
     MoveTo(0.2f, list.size.y);
+    Press();
+    EXPECT_FALSE(IsOpen());
+    Release();
+    MoveTo(0.0f, list.size.y - 0.01f);  // above the button, to which its edges belong
+    Press();
+    EXPECT_FALSE(IsOpen());
+    Release();
+    MoveTo(list.size.x, 0.05f);
     Press();
     EXPECT_FALSE(IsOpen());
 }
@@ -309,6 +320,22 @@ TEST_F(ComboboxTest, PressBesideTheOpenListLeavesItOpen) {
         EXPECT_TRUE(IsOpen());
         EXPECT_FALSE(list.BeenChanged());
     }
+}
+
+TEST_F(ComboboxTest, EdgeOfTheListIsOutside) {
+    Open();
+    const float bottom = -2.0f * 4.0f * theme->fontSize.y;
+    for (const Vector& place : {Vector(0.0f, -0.2f), Vector(list.size.x, -0.2f), Vector(0.2f, 0.0f),
+                                Vector(0.2f, bottom)}) {
+        MoveTo(place.x, place.y);
+        Press();
+        Release();
+        EXPECT_TRUE(IsOpen());
+        EXPECT_FALSE(list.BeenChanged());
+    }
+    MoveTo(0.2f, std::nextafter(bottom, 0.0f));
+    Press();
+    EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(ComboboxTest, ClosedListTakesNoClicks) {

@@ -264,6 +264,8 @@ TEST_F(TabWindowTest, RenamedTabShowsItsNewName) {
     EXPECT_EQ(ButtonOf("__tabstab1BB"), nullptr);
     ASSERT_NE(ButtonOf("__tabstab1New"), nullptr);
     EXPECT_EQ(ButtonOf("__tabstab1New")->GetText(), "New");
+    window.SetTabText(0, "First");
+    EXPECT_EQ(ButtonOf("__tabstab0A")->GetText(), "First");
 }
 
 TEST_F(TabWindowTest, RenamingATabThatDoesNotExistDoesNothing) {
