@@ -336,6 +336,8 @@ TEST_F(GLWidgetTest, HighlightRampsUpUnderTheMouseMayOvershootAndThenIsOne) {
     EXPECT_FLOAT_EQ(widget.highlight, 1.25f);
     widget.Update(10);
     EXPECT_EQ(widget.highlight, 1.0f);
+    widget.Update(10);
+    EXPECT_EQ(widget.highlight, 1.0f);
 }
 
 TEST_F(GLWidgetTest, HighlightRampsDownAwayFromTheMouseMayUndershootAndThenIsZero) {

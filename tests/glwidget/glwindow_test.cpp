@@ -187,6 +187,33 @@ TEST_F(NestedWindowTest, IsKeptFromEverySide) {
     EXPECT_FALSE(moveTo(0.4f, 0.72f));
 }
 
+TEST_F(NestedWindowTest, MayTouchTheBorderOfTheValidArea) {
+    class Room : public PlainWidget {
+    public:
+        using PlainWidget::PlainWidget;
+        Vector GetValidArea() override { return {0.0f, 0.0f, 1.0f, 1.0f}; }
+    };
+    Room room("room", nullptr, kOrigin, theme);
+    Opened<GLWindow> held("held", &room, kOrigin, theme, "", true);
+    held.size = Vector(0.25f, 0.25f);
+    const auto moveBy = [&](const Vector& step) {
+        held.position = Vector(0.5f, 0.5f);
+        held.MouseClick(false, false, false);
+        held.MouseMove(0.625f, 0.6875f);
+        held.MouseClick(true, false, false);
+        held.MouseMove(0.625f + step.x, 0.6875f + step.y);
+        return held.position.x == 0.5f + step.x && held.position.y == 0.5f + step.y;
+    };
+    constexpr float kHair = 1.0f / 1024.0f;
+    for (const Vector& side :
+         {Vector(-1.0f, 0.0f), Vector(1.0f, 0.0f), Vector(0.0f, -1.0f), Vector(0.0f, 1.0f)}) {
+        const float free = side.x + side.y < 0.0f ? 0.5f : 0.25f;
+        EXPECT_TRUE(moveBy(Vector(side.x * free, side.y * free))) << side;
+        const float beyond = free + kHair;
+        EXPECT_FALSE(moveBy(Vector(side.x * beyond, side.y * beyond))) << side;
+    }
+}
+
 TEST_F(NestedWindowTest, CannotMoveInAParentThatHasNoRoom) {
     PlainWidget roomless("roomless", nullptr, kOrigin, theme);
     Opened<GLWindow> held("held", &roomless, Vector(0.4f, 0.4f), theme, "", true);

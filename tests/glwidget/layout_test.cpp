@@ -297,6 +297,18 @@ TEST_F(LayoutTest, LeavesAreAttachedAtOnceAndContainersWhenSolid) {
     EXPECT_EQ(ChildrenOf(Find("f")), (std::vector<GLWidget*>{Find("a")}));
 }
 
+TEST_F(LayoutTest, KindTellsWhetherAWidgetIsAttachedAtOnce) {
+    for (const char* kind :
+         {"Check", "Opt", "Combo", "Butt", "Slide", "Text", "Label", "Win", "Frame", "TWin"}) {
+        Build("CADD Win w NULL 0 0 0 title\nCADD " + std::string(kind)
+              + " first w 0 0 1 1\nCADD Check second w 0 0 second\n");
+        std::vector<GLWidget*> expected{Find("first"), Find("second")};
+        if (std::string(kind).find("Win") != std::string::npos || kind == std::string("Frame"))
+            std::swap(expected[0], expected[1]);
+        EXPECT_EQ(ChildrenOf(Find("w")), expected) << kind;
+    }
+}
+
 TEST_F(LayoutTest, TreeIsSolidifiedAtTheEndOfTheFile) {
     Build("CADD Win w NULL 100 0 0\nCADD Butt b w 0 0 TEX 0.5 0.5\n");
     const Vector box = Find("w")->Getbbox();

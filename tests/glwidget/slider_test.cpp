@@ -115,6 +115,10 @@ TEST_F(SliderTest, LengthOfTheTrackScalesTheDrag) {
     PressAt(longer, 1.0f, 0.0f);
     longer.MouseMove(1.5f, 0.0f);
     EXPECT_FLOAT_EQ(longer.GetLevel(), 0.75f);
+    Slider higher("higher", nullptr, kOrigin, theme, Vector(0.0f, 2.0f));
+    PressAt(higher, 0.05f, 1.0f);
+    EXPECT_TRUE(higher.MouseMove(0.05f, 0.5f));
+    EXPECT_FLOAT_EQ(higher.GetLevel(), 0.25f);
 }
 
 TEST_F(SliderTest, FirstMoveAfterAPressCountsFromTheMoveBeforeIt) {
