@@ -8,7 +8,7 @@ set xrange [0:200]
 set yrange [0:101]
 set ytics 0,20,100
 set format y "%.0f%%"
-set title "1000 countries whose sliders nobody touches"
+set title "1000 countries in which no slider is moved"
 set label "had a famine" at 104,86 textcolor rgb ink
 set label "in rebellion" at 104,74 textcolor rgb wax
 set label "died out" at 104,62 textcolor rgb slate
@@ -22,12 +22,12 @@ plot "disasters.csv" skip 1 using 1:2 with lines ls 1, \
     "" skip 1 using 1:5 with lines ls 4
 unset label
 unset arrow
-set title "1000 countries that are fed and at peace"
+set title "1000 countries with enough food and at peace"
 set label "had a plague" at 95,52 right textcolor rgb brass
-set label "none died out" at 8,89 textcolor rgb ink
+set label "with 10% doctors none died out" at 8,89 textcolor rgb ink
 set label "died out" at 182,16 right textcolor rgb slate
 set label "without doctors" at 182,11 right textcolor rgb slate
-set label "no famine, and with 10% doctors" at 8,94 textcolor rgb ink
+set label "no famine" at 8,94 textcolor rgb ink
 plot "disasters.csv" skip 1 using 1:6 with lines ls 1, \
     "" skip 1 using 1:7 with lines ls 3, \
     "" skip 1 using 1:9 with lines ls 4, \

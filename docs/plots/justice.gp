@@ -6,7 +6,7 @@ set multiplot layout 1,2 margins 0.07,0.975,0.16,0.9 spacing 0.085
 set yrange [0:1]
 set xlabel "week" offset 0,0.4
 set xrange [0:200]
-set title "Crime in the middle one of 100 countries"
+set title "Median crime of 100 countries"
 set label "justice 0.40" at 198,0.9 right textcolor rgb ink
 set label "0.50" at 198,0.645 right textcolor rgb wax
 set label "0.65" at 168,0.645 right textcolor rgb slate
@@ -16,7 +16,7 @@ plot for [i=1:5] "crime.csv" skip 1 using 1:(column(i+1)) with lines ls i
 unset label
 set xlabel "level of justice"
 set xrange [0:1]
-set title "The mean of 1000 countries after 200 weeks"
+set title "Means of 1000 countries after 200 weeks"
 set label "crime" at 0.05,0.88  textcolor rgb ink
 set label "morale" at 0.6,0.41 center textcolor rgb brass
 set label "share in rebellion" at 0.05,0.96  textcolor rgb wax

@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-# Ink on parchment. Every line is told by its dashes and its label as well as by its colour.
+# Ink on parchment. The lines of a plot differ in colour, dashes and label.
 parchment = "#f6ecd2"
 ink = "#2b1d12"
 wax = "#9c1f1f"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// The sums that docs/PLAYING.md does by hand, done by the country itself.
+// Tests the calculations in docs/PLAYING.md with the code of the country.
 
 #include <gtest/gtest.h>
 
@@ -29,14 +29,14 @@ protected:
     Country partner{"Veweez", 30000};
 };
 
-TEST_F(PlayingTest, QuarterFarmingAndHalfButcheringFeedsEverybody) {
+TEST_F(PlayingTest, QuarterFarmersAndHalfButchersFeedEverybody) {
     EXPECT_NEAR(UnitsPerWeek(), 7737.0f, 0.5f);
     EXPECT_NEAR(country.population * 0.2f, 7737.0f, 0.5f);
     EXPECT_NEAR(HeadsPerWeek(), 3868.5f, 0.5f);
     EXPECT_NEAR(country.population * 0.1f, 3868.5f, 0.5f);
 }
 
-TEST_F(PlayingTest, LeanRationsMakeTheSameHandsProduceMoreOnceTheyAreSet) {
+TEST_F(PlayingTest, LowerRationsRaiseProductionWhenTheWorkersAreSetAgain) {
     country.grain.ration = 0.38f * 2.0f * country.grain.baseRation;
     country.livestock.ration = 0.38f * 2.0f * country.livestock.baseRation;
     EXPECT_NEAR(UnitsPerWeek(), 7737.0f, 0.5f);  // until then nothing changes
@@ -47,7 +47,7 @@ TEST_F(PlayingTest, LeanRationsMakeTheSameHandsProduceMoreOnceTheyAreSet) {
     EXPECT_FALSE(country.livestock.IsHungry());
 }
 
-TEST_F(PlayingTest, RationPutBackAfterTheWorkersWereSetLeavesTheHarvest) {
+TEST_F(PlayingTest, ProductionStaysHighWhenTheRationIsRaisedAgain) {
     country.grain.ration = 0.02f;
     country.Normalise(Profession::Farmers);
     country.grain.ration = country.grain.baseRation;
@@ -60,7 +60,7 @@ TEST_F(PlayingTest, RationPutBackAfterTheWorkersWereSetLeavesTheHarvest) {
     EXPECT_GT(country.grain.amount, 19999990.0f);
 }
 
-TEST_F(PlayingTest, CrimeThatJusticeFollowsVanishesInFourYears) {
+TEST_F(PlayingTest, CrimeEndsInFourYearsIfJusticeFollowsIt) {
     for (int week = 0; week < 4 * 52; ++week) {
         country.livestock.amount = 1e6f;
         country.grain.amount = 1e6f;
@@ -71,20 +71,20 @@ TEST_F(PlayingTest, CrimeThatJusticeFollowsVanishesInFourYears) {
     EXPECT_GT(country.morale, 0.9f);
 }
 
-TEST_F(PlayingTest, OvershootOfTheSharesIsTakenInQuarters) {
+TEST_F(PlayingTest, EachOtherProfessionLosesAQuarterOfTheExcess) {
     country.SetShare(Profession::Farmers, 0.8f);
     country.Normalise(Profession::Farmers);
     EXPECT_FLOAT_EQ(country.Share(Profession::Butchers), 0.425f);
     EXPECT_NEAR(country.IdleCount() / country.population, -0.225f, 1e-6f);
 }
 
-TEST_F(PlayingTest, HerdThatCannotGrowByAThirdLosesItsProductionForGood) {
+TEST_F(PlayingTest, HerdDiesIfAWeeksProductionIsMoreThanAThirdOfIt) {
     country.livestock.amount = 11600.0f;
     country.livestock.Process(kSecondsPerWeek);
     EXPECT_EQ(country.livestock.amount, 0.0f);
     EXPECT_LT(country.livestock.production, 0.0f);
 
-    country.Normalise(Profession::Butchers);  // a touch of the slider
+    country.Normalise(Profession::Butchers);  // as a move of the slider does
     country.livestock.amount = 11610.0f;
     country.livestock.Process(kSecondsPerWeek);
     EXPECT_NEAR(country.livestock.amount, 11610.0f + 3868.5f, 1.0f);
@@ -96,7 +96,7 @@ TEST_F(PlayingTest, TreasuryGainsSeventyDoubloonsAWeek) {
     EXPECT_NEAR(country.funds - before, 104.4f - 32.7f, 0.1f);
 }
 
-TEST_F(PlayingTest, PriceOfAnOrderIsCheckedLowAndPaidHigh) {
+TEST_F(PlayingTest, OrderIsCheckedAtTheLowerPriceAndPaidAtTheHigher) {
     country.funds = 500.0f;
     partner.livestockBuyPrice = 1.0f;
     partner.livestockSellPrice = 0.8f;
@@ -106,7 +106,7 @@ TEST_F(PlayingTest, PriceOfAnOrderIsCheckedLowAndPaidHigh) {
     EXPECT_FLOAT_EQ(country.funds, -125.0f);
 }
 
-TEST_F(PlayingTest, FullSaleDoublesTheFundsAndTheNextTickForgetsTheDebtOfGoods) {
+TEST_F(PlayingTest, FullSaleDoublesTheFundsAndTheNextTickCancelsTheDebtOfGoods) {
     country.funds = 500.0f;
     for (int click = 0; click < 3; ++click)
         country.Sell(0.0f, country.GrainOrder(partner, 1.0f), &partner);
@@ -116,7 +116,7 @@ TEST_F(PlayingTest, FullSaleDoublesTheFundsAndTheNextTickForgetsTheDebtOfGoods) 
     EXPECT_EQ(country.grain.amount, 0.0f);
 }
 
-TEST_F(PlayingTest, SingleUnitInStoreKeepsThePeopleFromStarvingFast) {
+TEST_F(PlayingTest, PeopleDoNotStarveFastWithOneUnitInStore) {
     country.grain.amount = 1.0f;
     testing::internal::CaptureStdout();
     country.SetMessageStream(&std::cout);
@@ -128,7 +128,7 @@ TEST_F(PlayingTest, SingleUnitInStoreKeepsThePeopleFromStarvingFast) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "the people are starving fast!\n");
 }
 
-TEST_F(PlayingTest, TicksOfTheClockStartNoPlague) {
+TEST_F(PlayingTest, TicksOfTheClockNeverStartAPlague) {
     country.elapsed = 2.0f * Population::kGracePeriod;
     for (int tick = 0; tick < 100000; ++tick) {
         country.grain.amount = 24000.0f;

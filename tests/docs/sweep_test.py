@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
-"""docs/sweep spreads policies over processes; docs/search and docs/plots/make refuse politely."""
+"""Runs docs/sweep, and gives docs/search and docs/plots/make wrong input."""
 
 import os
 import subprocess
@@ -17,7 +17,7 @@ def run(*command, policies="", countrysim=COUNTRYSIM):
 
 
 class Sweep(unittest.TestCase):
-    def test_rows_are_those_of_countrysim_in_the_order_of_the_policies(self):
+    def test_sweep_prints_the_rows_of_countrysim_in_the_order_of_the_policies(self):
         policies = [f"--doctors 0.{tenth} --renew" for tenth in range(5)] + [""]
         result = run("docs/sweep", "--seeds", "3-6", "--weeks", "60",
                      policies="".join(policy + "\n" for policy in policies))
@@ -29,29 +29,29 @@ class Sweep(unittest.TestCase):
             expected += [f"{policy},{row}" for row in rows]
         self.assertEqual(result.stdout.splitlines(), [f"policy,{header}", *expected])
 
-    def test_policy_that_cannot_be_run_is_a_failure_without_rows(self):
+    def test_a_policy_that_fails_is_reported_and_no_row_is_printed(self):
         result = run("docs/sweep", "--seeds", "1-2", policies="--doctors 0.1\n--healers 0.1\n")
         self.assertEqual((result.returncode, result.stdout), (1, ""))
         self.assertIn("countrysim: ", result.stderr)
-        self.assertIn("sweep: not every policy could be run\n", result.stderr)
+        self.assertIn("sweep: not all policies could be run\n", result.stderr)
 
-    def test_no_policies_are_no_rows(self):
+    def test_without_policies_nothing_is_printed(self):
         result = run("docs/sweep", "--seeds", "1-2")
         self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
 
-    def test_missing_countrysim_is_said_in_one_line(self):
+    def test_a_missing_countrysim_is_reported_in_one_line(self):
         for command in (["docs/sweep"], ["docs/search"], ["docs/plots/make"]):
             with self.subTest(command[0]):
                 result = run(*command, countrysim="/nowhere/countrysim")
                 self.assertEqual((result.returncode, result.stdout), (1, ""))
                 self.assertRegex(result.stderr, r"^\w+: /nowhere/countrysim is missing: .*\n$")
 
-    def test_unknown_table_of_the_search_is_said_in_one_line(self):
+    def test_an_unknown_table_is_reported_in_one_line(self):
         result = run("docs/search", "weather")
         self.assertEqual((result.returncode, result.stdout), (1, ""))
         self.assertRegex(result.stderr, r"^search: there is no table weather; .*\n$")
 
-    def test_help_tells_the_arguments(self):
+    def test_help_prints_the_usage(self):
         for command in ("docs/sweep", "docs/search"):
             result = run(command, "--help")
             self.assertEqual(result.returncode, 0)
