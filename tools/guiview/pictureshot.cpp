@@ -3,20 +3,21 @@
 
 #include "tools/guiview/pictureshot.h"
 
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
 #include <GL/gl.h>
 #include <png.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <iostream>
+#include <vector>
 
-#include "quarn2/glrender.h"
-#include "quarn2/kernel.h"
-#include "quarn2/memory.h"
+#include "glwidget/glwidget.h"
 #include "tools/guiview/gamecheck.h"
 #include "tools/guiview/scene.h"
-#include "tools/guiview/virtualdisplay.h"
 
 namespace guiview {
 
@@ -24,7 +25,6 @@ namespace {
 
 constexpr int kWidth = 800;
 constexpr int kHeight = 600;
-constexpr int kBitsPerPixel = 24;
 constexpr int kMargin = 8;  ///< pixels around a cropped picture
 /// Longer than any highlight or flash takes.
 constexpr int kSettleMs = 10000;
@@ -33,6 +33,45 @@ bool Fail(const std::string& what) {
     std::cerr << "guiview: " << what << '\n';
     return false;
 }
+
+/// An OpenGL context without a window and without a display. Mesa draws it in software, so that a
+/// picture is the same on every machine.
+class OffScreen {
+public:
+    OffScreen() {
+        setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
+        display =
+            eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
+        constexpr EGLint kWanted[] = {EGL_SURFACE_TYPE,
+                                      EGL_PBUFFER_BIT,
+                                      EGL_RENDERABLE_TYPE,
+                                      EGL_OPENGL_BIT,
+                                      EGL_BUFFER_SIZE,
+                                      24,
+                                      EGL_DEPTH_SIZE,
+                                      24,
+                                      EGL_NONE};
+        constexpr EGLint kSize[] = {EGL_WIDTH, kWidth, EGL_HEIGHT, kHeight, EGL_NONE};
+        EGLConfig config = nullptr;
+        EGLint found = 0;
+        if (eglInitialize(display, nullptr, nullptr) == EGL_FALSE
+            || eglBindAPI(EGL_OPENGL_API) == EGL_FALSE
+            || eglChooseConfig(display, kWanted, &config, 1, &found) == EGL_FALSE || found == 0)
+            return;
+        const EGLSurface surface = eglCreatePbufferSurface(display, config, kSize);
+        const EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr);
+        current = eglMakeCurrent(display, surface, surface, context) == EGL_TRUE;
+    }
+    ~OffScreen() { eglTerminate(display); }
+    OffScreen(const OffScreen&) = delete;
+    OffScreen& operator=(const OffScreen&) = delete;
+
+    bool IsCurrent() const { return current; }
+
+private:
+    EGLDisplay display = EGL_NO_DISPLAY;
+    bool current = false;
+};
 
 /// Red, green and blue of every pixel, the bottom row first.
 class Pixels {
@@ -151,26 +190,19 @@ void DrawScreen() {
 }
 
 bool TakePicture(const LayoutSource& layout, const Pose& pose, bool crop, const std::string& file) {
-    const auto display = VirtualDisplay::Start(kWidth, kHeight);
-    if (display == nullptr)
-        return false;
-    const Pointer<Kernel> kernel = new Kernel;
-    const Pointer<GLRender> window = new GLRender(kernel);
-    if (!window->OpenWindow("guiview", kWidth, kHeight, kBitsPerPixel, false))
-        return false;
-    bool taken = false;
+    const OffScreen screen;
+    if (!screen.IsCurrent())
+        return Fail("no picture can be drawn: is Mesa's driver for EGL installed?");
+    GLWidget::readViewport(GLWidget::viewport);
     {
         const FolderVisit visit(layout.Folder());
         layout.Build();
-        taken = Strike(layout, pose);
+        if (!Strike(layout, pose))
+            return false;
     }
-    if (taken) {
-        DrawScreen();
-        const Pixels pixels;
-        taken = pixels.Write(crop ? pixels.Used() : Pixels::Whole(), file);
-    }
-    window->Close();
-    return taken;
+    DrawScreen();
+    const Pixels pixels;
+    return pixels.Write(crop ? pixels.Used() : Pixels::Whole(), file);
 }
 
 }  // namespace guiview

@@ -20,7 +20,7 @@ struct Pose {
     std::string pressed;               ///< a tag, or empty; stays held down
 };
 
-/// Draws a layout on a virtual display and writes the picture as a PNG file.
+/// Draws a layout, without a display, and writes the picture as a PNG file.
 /// @param crop  leaves out what is empty around the widgets
 /// @return false, after one line on standard error, when that cannot be done
 [[nodiscard]] bool TakePicture(const LayoutSource& layout, const Pose& pose, bool crop,
