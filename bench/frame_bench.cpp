@@ -7,7 +7,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <sstream>
@@ -18,6 +17,7 @@
 #include "glwidget/glwidget.h"
 #include "quarn2/trace.h"
 #include "tests/support/font_access.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -27,10 +27,7 @@ App& Game() {
     static Pointer<App> app;
     if (!app) {
         trace::Start();
-        std::string folder = (std::filesystem::temp_directory_path() / "frame-XXXXXX").string();
-        if (mkdtemp(folder.data()) == nullptr)
-            std::abort();
-        std::filesystem::current_path(folder);
+        const WorkingFolder folder;
         GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
             viewport[0] = viewport[1] = 0;
             viewport[2] = 800;
@@ -45,8 +42,6 @@ App& Game() {
         app = new App;
         app->CreateWorld();
         app->GetWorld()->player.SetMessageStream(nullptr);
-        std::filesystem::current_path("/");
-        std::filesystem::remove_all(folder);
     }
     return *static_cast<App*>(app);
 }

@@ -8,11 +8,11 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "quarn2/texturedata.h"
+#include "tests/support/temporary_folder.h"
 #include "tools/tgawriter.h"
 
 namespace {
@@ -20,7 +20,7 @@ namespace {
 constexpr int kSide = 1024;
 
 /// Pixels in runs of `run`; with 1, no two neighbours are equal.
-std::string WriteSample(int run) {
+std::string WriteSample(const TemporaryFolder& folder, int run) {
     std::vector<std::uint8_t> bytes(std::size_t{kSide} * kSide * 4);
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto step = static_cast<std::uint32_t>(i / 4) / static_cast<std::uint32_t>(run);
@@ -28,16 +28,15 @@ std::string WriteSample(int run) {
     }
     TextureData image;
     image.Load(kSide, kSide, true, bytes.data());
-    std::string path =
-        (std::filesystem::temp_directory_path() / ("bench_" + std::to_string(run) + ".tga"))
-            .string();
+    std::string path = folder.Path("sample.tga");
     if (!WriteTGA(image, path))
         std::abort();
     return path;
 }
 
 void LoadTGA(benchmark::State& state) {
-    const std::string path = WriteSample(static_cast<int>(state.range(0)));
+    const TemporaryFolder folder;
+    const std::string path = WriteSample(folder, static_cast<int>(state.range(0)));
     for ([[maybe_unused]] auto _ : state) {
         TextureData image;
         if (!image.LoadTGA(path))
@@ -45,12 +44,12 @@ void LoadTGA(benchmark::State& state) {
         benchmark::DoNotOptimize(image.GetData());
     }
     state.SetItemsProcessed(state.iterations() * kSide * kSide);
-    std::filesystem::remove(path);
 }
 BENCHMARK(LoadTGA)->Name("TGA to floats, runs of")->Arg(1)->Arg(8)->Arg(200);
 
 void StbImage(benchmark::State& state) {
-    const std::string path = WriteSample(static_cast<int>(state.range(0)));
+    const TemporaryFolder folder;
+    const std::string path = WriteSample(folder, static_cast<int>(state.range(0)));
     for ([[maybe_unused]] auto _ : state) {
         int width = 0, height = 0, channels = 0;
         stbi_uc* const bytes = stbi_load(path.c_str(), &width, &height, &channels, 4);
@@ -60,7 +59,6 @@ void StbImage(benchmark::State& state) {
         stbi_image_free(bytes);
     }
     state.SetItemsProcessed(state.iterations() * kSide * kSide);
-    std::filesystem::remove(path);
 }
 BENCHMARK(StbImage)->Name("stb_image to bytes, runs of")->Arg(1)->Arg(8)->Arg(200);
 

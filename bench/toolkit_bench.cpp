@@ -14,7 +14,7 @@
 #include "glwidget/wordwrap.h"
 #include "quarn2/trace.h"
 #include "tests/support/font_access.h"
-#include "tests/support/temp_directory.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -34,7 +34,7 @@ void StartToolkit() {
         return;
     started = true;
     trace::Start();
-    const TempDirectory folder;
+    const WorkingFolder folder;
     GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
         viewport[0] = viewport[1] = 0;
         viewport[2] = 800;

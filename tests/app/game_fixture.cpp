@@ -54,11 +54,6 @@ constexpr float kSpacing = 10.0f;
 }  // namespace
 
 void GameTest::SetUp() {
-    home = std::filesystem::current_path();
-    std::string pattern = (std::filesystem::temp_directory_path() / "game-XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    folder = pattern;
-    std::filesystem::current_path(folder);
     GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
         viewport[0] = viewport[1] = 0;
         viewport[2] = 800;
@@ -74,8 +69,6 @@ void GameTest::TearDown() {
     const std::string said = Said();
     if (HasFailure())
         std::fputs(said.c_str(), stderr);
-    std::filesystem::current_path(home);
-    std::filesystem::remove_all(folder);
 }
 
 std::string GameTest::Said() {

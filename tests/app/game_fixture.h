@@ -5,13 +5,13 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 
 #include "app/app.h"
 #include "glwidget/glwidget.h"
+#include "tests/support/temporary_folder.h"
 
 /// The game without a window: a layout with every widget of the game, made in a folder of its
 /// own that holds nothing else, so that no theme, font or picture is loaded and no OpenGL is
@@ -44,6 +44,5 @@ protected:
 
 private:
     bool listening = false;
-    std::filesystem::path home;
-    std::filesystem::path folder;
+    WorkingFolder folder;
 };

@@ -7,7 +7,7 @@
 #include "quarn2/trace.h"
 #include "tests/glwidget/widget_test.h"
 #include "tests/support/allocations.h"
-#include "tests/support/temp_directory.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -54,7 +54,7 @@ protected:
         GLWidget::UpdateWidgets(16);
     }
 
-    TempDirectory directory;
+    WorkingFolder directory;
 };
 
 TEST_F(AllocationTest, HundredFramesOfDispatchAndUpdateAllocateNothing) {

@@ -4,11 +4,8 @@
 #include "glwidget/combobox.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <limits>
 #include <string>
 #include <vector>
@@ -17,6 +14,7 @@
 #include "tests/glwidget/drawn_widget_test.h"
 #include "tests/glwidget/opened.h"
 #include "tests/glwidget/widget_test.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -82,21 +80,16 @@ TEST_F(ComboboxTest, NewListIsAsLargeAsItsButton) {
 
 TEST_F(ComboboxTest, ButtonTakesItsThemeFromItsFileOnFirstUse) {
     GLWidget::themes.erase("combo_button.theme");
-    const auto folder =
-        std::filesystem::temp_directory_path() / ("combobox_test" + std::to_string(getpid()));
-    const auto home = std::filesystem::current_path();
-    std::filesystem::create_directory(folder);
-    std::filesystem::current_path(folder);
-    std::ofstream("combo_button.theme")
-        << "0 0 0\n0 0 0\n0 0 0\n0 0 0\n1\n1\n1\n0\n0\n0\n0.5 0.25\n1 1\n0 0 0\n0\nNULL\n1\n";
+    const WorkingFolder folder;
+    folder.Write(
+        "combo_button.theme",
+        "0 0 0\n0 0 0\n0 0 0\n0 0 0\n1\n1\n1\n0\n0\n0\n0.5 0.25\n1 1\n0 0 0\n0\nNULL\n1\n");
     testing::internal::CaptureStderr();
     const Combobox first("first", nullptr, kOrigin, theme);
     const std::string once = testing::internal::GetCapturedStderr();
     testing::internal::CaptureStderr();
     const Combobox second("second", nullptr, kOrigin, theme);
     const std::string again = testing::internal::GetCapturedStderr();
-    std::filesystem::current_path(home);
-    std::filesystem::remove_all(folder);
     EXPECT_NE(once.find("reading theme combo_button.theme\n"), std::string::npos);
     EXPECT_EQ(again, "");
     EXPECT_FLOAT_EQ(GLWidget::GetByTag("__firstdropbox")->Getbbox().w, 1.5f * 0.25f);

@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "tests/glwidget/widget_test.h"
-#include "tests/support/temp_directory.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -31,7 +31,7 @@ protected:
         EXPECT_EQ(actual.w, w);
     }
 
-    TempDirectory directory;
+    WorkingFolder directory;
 };
 
 TEST_F(ConfigurationTest, FadeRateAndScaleHaveTheirValuesBeforeAnyFile) {

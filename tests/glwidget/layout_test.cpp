@@ -11,7 +11,7 @@
 #include "glwidget/drawing.h"
 #include "glwidget/tabwindow.h"
 #include "tests/glwidget/widget_test.h"
-#include "tests/support/temp_directory.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -59,7 +59,7 @@ protected:
         EXPECT_FLOAT_EQ(box.w, top) << tag;
     }
 
-    TempDirectory directory;
+    WorkingFolder directory;
 };
 
 using LayoutDeathTest = LayoutTest;

@@ -5,7 +5,7 @@
 
 #include "glwidget/button.h"
 #include "tests/glwidget/widget_test.h"
-#include "tests/support/temp_directory.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -38,7 +38,7 @@ protected:
         return std::count(GLWidget::widgets.begin(), GLWidget::widgets.end(), widget) != 0;
     }
 
-    TempDirectory directory;
+    WorkingFolder directory;
 };
 
 TEST_F(MessageBoxTest, BoxIsATopLevelWindowInTheMiddleOfTheScreen) {

@@ -4,10 +4,7 @@
 #include "glwidget/tabwindow.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
 #include <limits>
 #include <string>
 #include <vector>
@@ -18,6 +15,7 @@
 #include "tests/glwidget/drawn_widget_test.h"
 #include "tests/glwidget/opened.h"
 #include "tests/glwidget/widget_test.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -79,21 +77,16 @@ TEST_F(TabWindowTest, EveryTabGetsAButtonInARow) {
 
 TEST_F(TabWindowTest, ButtonsTakeTheirThemeFromItsFileOnFirstUse) {
     GLWidget::themes.erase("tabwin_button.theme");
-    const auto folder =
-        std::filesystem::temp_directory_path() / ("tabwindow_test" + std::to_string(getpid()));
-    const auto home = std::filesystem::current_path();
-    std::filesystem::create_directory(folder);
-    std::filesystem::current_path(folder);
-    std::ofstream("tabwin_button.theme")
-        << "0 0 0\n0 0 0\n0 0 0\n0 0 0\n1\n1\n1\n0\n0\n0\n0.5 0.25\n1 1\n0 0 0\n0\nNULL\n1\n";
+    const WorkingFolder folder;
+    folder.Write(
+        "tabwin_button.theme",
+        "0 0 0\n0 0 0\n0 0 0\n0 0 0\n1\n1\n1\n0\n0\n0\n0.5 0.25\n1 1\n0 0 0\n0\nNULL\n1\n");
     testing::internal::CaptureStderr();
     window.AddTab(2, "C");
     const std::string once = testing::internal::GetCapturedStderr();
     testing::internal::CaptureStderr();
     window.AddTab(2, "C");
     const std::string again = testing::internal::GetCapturedStderr();
-    std::filesystem::current_path(home);
-    std::filesystem::remove_all(folder);
     EXPECT_NE(once.find("reading theme tabwin_button.theme\n"), std::string::npos);
     EXPECT_EQ(again.find("reading theme"), std::string::npos);
     const Vector box = ButtonOf("__tabstab2C")->Getbbox();

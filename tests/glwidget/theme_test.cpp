@@ -8,7 +8,7 @@
 #include <sstream>
 
 #include "tests/glwidget/widget_test.h"
-#include "tests/support/temp_directory.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -67,7 +67,7 @@ protected:
         EXPECT_EQ(theme.image.GetName(), 0u);
     }
 
-    TempDirectory directory;
+    WorkingFolder directory;
 };
 
 TEST_F(ThemeTest, NewThemeHoldsTheBuiltInValuesWithoutATexture) {
@@ -210,7 +210,7 @@ TEST_F(ThemeTest, BuiltInThemeHasTheSheetsNameAndValues) {
 
 class ThemeRegistryTest : public WidgetTest {
 protected:
-    TempDirectory directory;
+    WorkingFolder directory;
 };
 
 TEST_F(ThemeRegistryTest, NamedThemeIsReadOnceFromItsFile) {

@@ -14,7 +14,8 @@
 #include <string_view>
 #include <vector>
 
-/// A folder of its own for a test's files, gone with it. Its path holds no "tga" and no "png".
+/// An empty folder for the files of one test, removed together with the object. The names "tga" and
+/// "png" are not in its path, so that they do not choose a decoder.
 class TemporaryFolder {
 public:
     TemporaryFolder() : folder(std::filesystem::temp_directory_path() / UniqueName()) {
@@ -46,6 +47,18 @@ private:
     }
 
     std::filesystem::path folder;
+};
+
+/// A temporary folder that is the working directory as long as the object lives.
+class WorkingFolder : public TemporaryFolder {
+public:
+    WorkingFolder() : before(std::filesystem::current_path()) {
+        std::filesystem::current_path(Path(""));
+    }
+    ~WorkingFolder() { std::filesystem::current_path(before); }
+
+private:
+    std::filesystem::path before;
 };
 
 /// A file's bytes; none when it cannot be read.
