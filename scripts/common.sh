@@ -73,14 +73,14 @@ own_sources() {
     find . \( -path ./build -o -path './.*' \) -prune -o \( "${names[@]:1}" \) -type f -print0
 }
 
-# start_display SIZE: a virtual display of SIZE (800x600x24), ended when the script ends. The
-# server chooses its own number and tells it once it accepts connections, so displays
-# started at the same time never meet and nothing has to wait. -noreset keeps it alive
-# between the programs that use it.
+# start_display SIZE [LOG]: starts a virtual display of SIZE, such as 800x600, that ends when the
+# script ends. Its messages go to the file LOG. The server chooses its own number and tells it once
+# it accepts connections, so displays that start at the same time do not collide and the script need
+# not wait. With -noreset it goes on after the first program has closed its window.
 start_display() {
-    local server_output number log=$root/build/display.log
-    mkdir -p "$root/build"
-    exec {server_output}< <(exec Xvfb -displayfd 1 -screen 0 "$1" -noreset -nolisten tcp 2>"$log")
+    local server_output number log=${2:-$root/build/display.log}
+    mkdir -p "$(dirname "$log")"
+    exec {server_output}< <(exec Xvfb -displayfd 1 -screen 0 "$1x24" -noreset -nolisten tcp 2>"$log")
     display_pid=$!
     trap end_display EXIT
     read -r number <&"$server_output" || die "the virtual display did not start, see $log"

@@ -6,7 +6,6 @@ run in a copy of the tree."""
 import os
 import shutil
 import subprocess
-import sys
 import tempfile
 import time
 import unittest
@@ -14,11 +13,9 @@ from pathlib import Path
 
 import documents
 from documents import ROOT
+from driver import TITLE, Screen
 
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
-
-sys.path.insert(0, str(ROOT / "tests/plays"))
-from driver import TITLE, VirtualDisplay  # noqa: E402
 
 SEARCHES = {f"docs/search {table}" for table in
             ("idling", "workforces", "doctors", "justice", "trade", "best")}
@@ -42,8 +39,8 @@ class SlowDocuments(unittest.TestCase):
         shutil.copytree(ROOT, self.tree, ignore=lambda path, names: [
             name for name in names if name == ".git" or (Path(path) == ROOT and name == "build")])
         # What ccache keeps of the tree then serves its copy.
-        self.environment = {**os.environ, "CCACHE_BASEDIR": str(self.tree),
-                            "CCACHE_NOHASHDIR": "1"}
+        self.ccache = {"CCACHE_BASEDIR": str(self.tree), "CCACHE_NOHASHDIR": "1"}
+        self.environment = {**os.environ, **self.ccache}
 
     def type_in(self, command):
         result = subprocess.run(["bash", "-c", command], cwd=self.tree, env=self.environment,
@@ -52,10 +49,9 @@ class SlowDocuments(unittest.TestCase):
         return result.stdout
 
     def start_display(self):
-        display = VirtualDisplay(self.tree / "display.log")
+        display = Screen(log=self.tree / "display.log")
         self.addCleanup(display.close)
-        self.environment.update(DISPLAY=display.name, SDL_VIDEODRIVER="x11",
-                                LIBGL_ALWAYS_SOFTWARE="1")
+        self.environment = {**display.environment, **self.ccache}
         return display
 
     def test_fresh_copy_is_built_and_makes_its_pictures_again(self):
@@ -123,7 +119,3 @@ class SlowDocuments(unittest.TestCase):
     def test_everything_that_reads_files_is_fed_with_broken_ones(self):
         for command in FUZZING.values():
             self.assertNotIn("FAILED", self.type_in(command))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -7,7 +7,6 @@ import re
 import shlex
 import shutil
 import subprocess
-import sys
 import tempfile
 import time
 import unittest
@@ -16,11 +15,9 @@ from pathlib import Path
 import documents
 from documents import ROOT
 from documents_slow_test import SLOW
+from driver import Game, Screen
 
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
-
-sys.path.insert(0, str(ROOT / "tests/plays"))
-from driver import Game, VirtualDisplay  # noqa: E402
 
 KINDS = {"sh", "console", "cpp", "layout", "theme", "conf", "change"}
 
@@ -36,6 +33,7 @@ INSTEAD = {
     "ctest --preset release -L play": "ctest --preset release -L play -N | grep Play",
     "ctest --preset slow": "ctest --preset slow -N | grep Documents",
     "scripts/ondisplay ctest --preset release": "scripts/ondisplay ctest --preset release -N",
+    "pytest-3 tests/repository": "pytest-3 tests/repository --collect-only | grep Packages",
     "scripts/tidy FILE": f"scripts/tidy {shlex.quote(str(ROOT))}/country/military.cpp",
     "cmake --install build/release --prefix <folder>":
         "cmake --install build/release --prefix installed && test -x installed/games/merovinska",
@@ -164,13 +162,12 @@ class Documents(unittest.TestCase):
                         self.assertIn(anchor, anchors(file.read_text()))
 
     def test_layout_is_shown_in_a_window(self):
-        display = VirtualDisplay(self.sandbox / "display.log")
+        display = Screen(log=self.sandbox / "display.log")
         self.addCleanup(display.close)
         viewer = subprocess.Popen(
             ["build/release/tools/guiview", "data/my.gui.debug"], cwd=self.sandbox,
-            env={**os.environ, "DISPLAY": display.name, "SDL_VIDEODRIVER": "x11",
-                 "LIBGL_ALWAYS_SOFTWARE": "1"},
-            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            env=display.environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL)
         self.addCleanup(viewer.wait)
         self.addCleanup(viewer.kill)
         deadline = time.monotonic() + 60
@@ -241,7 +238,3 @@ def anchors(text):
             name = re.sub(r"[^\w\- ]", "", line.lstrip("# ").lower()).replace(" ", "-")
             found.append(f"{name}-{found.count(name)}" if name in found else name)
     return found
-
-
-if __name__ == "__main__":
-    unittest.main()

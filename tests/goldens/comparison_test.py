@@ -48,7 +48,3 @@ class Comparison(unittest.TestCase):
         compared = {goldens_test.OwnSet.set, goldens_test.LargeSet.set,
                     goldens_test.HighContrastSet.set}
         self.assertEqual(compared, set(sets()))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -68,7 +68,3 @@ class LargeSet(Golden, unittest.TestCase):
 
 class HighContrastSet(Golden, unittest.TestCase):
     set = "high-contrast"
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -225,7 +225,3 @@ class Package(unittest.TestCase):
                                 for deb in (first, second))):
             self.assertEqual(one, other)
         self.assertEqual(first.read_bytes(), second.read_bytes())
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -15,6 +15,7 @@ from pathlib import Path
 from Xlib import X, display
 from Xlib.error import BadWindow
 from Xlib.protocol import event as protocol
+from virtualdisplay import VirtualDisplay
 
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
@@ -55,47 +56,35 @@ def widgets():
     return {widget.tag: widget for widget in map(Widget, lines)}
 
 
-class VirtualDisplay:
-    def __init__(self, log):
-        self.log = open(log, "w")
-        readable, writable = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writable), "-screen", "0", f"{SCREEN[0]}x{SCREEN[1]}x24",
-             "-noreset", "-nolisten", "tcp"],
-            pass_fds=[writable], stdout=self.log, stderr=self.log)
-        os.close(writable)
-        with os.fdopen(readable) as pipe:
-            number = pipe.readline().strip()
-        if not number:
-            raise Broken(f"the virtual display did not start, see {self.log.name}")
-        self.name = f":{number}"
+def play_folder(test):
+    """Where the streams of a test's game, and a picture of its failure, can be found later."""
+    return BUILD / "plays" / os.environ["MEROVINSKA_SDL"] / test.id().split(".", 1)[-1]
+
+
+class Screen(VirtualDisplay):
+    """A virtual display whose windows and pixels can be read."""
+
+    def __init__(self, size=SCREEN, log=None):
+        super().__init__(size, log)
         self.connection = display.Display(self.name)
         self.root = self.connection.screen().root
 
     def close(self):
         self.connection.close()
-        self.server.terminate()
-        self.server.wait()
-        self.log.close()
+        super().close()
 
 
 class Game:
-    """One run of the game, or of another program that plays it. `sdl_folder` goes first on the
-    search path for libraries."""
+    """One run of the game, or of another program that plays it. Its streams go to files in
+    `folder`. `settings` are added to its environment."""
 
-    def __init__(self, folder, sdl_folder=None, command=(BUILD / "merovinska",),
-                 cwd=ROOT / "data", settings=()):
+    def __init__(self, folder, command=(BUILD / "merovinska",), cwd=ROOT / "data", settings=()):
         self.folder = folder
         folder.mkdir(parents=True, exist_ok=True)
-        self.display = VirtualDisplay(folder / "display.log")
-        self.environment = {**os.environ, "DISPLAY": self.display.name, "SDL_VIDEODRIVER": "x11",
-                            "LIBGL_ALWAYS_SOFTWARE": "1",
-                            # Threads of the driver would each keep memory for drawing.
-                            "LP_NUM_THREADS": "0"}
-        self.environment.pop("WAYLAND_DISPLAY", None)
+        self.display = Screen(log=folder / "display.log")
+        # Each thread of Mesa would keep memory for drawing.
+        self.environment = {**self.display.environment, "LP_NUM_THREADS": "0"}
         environment = {**self.environment, **dict(settings)}
-        if sdl_folder:
-            environment["LD_LIBRARY_PATH"] = str(sdl_folder)
         with open(folder / "stdout", "w") as stdout, open(folder / "stderr", "w") as stderr:
             self.process = subprocess.Popen(command, cwd=cwd, env=environment,
                                             stdin=subprocess.DEVNULL, stdout=stdout, stderr=stderr,
@@ -118,9 +107,13 @@ class Game:
         return (self.folder / "stderr").read_text(errors="replace")
 
     def loaded_sdl(self):
-        """The library file that the running game has taken."""
-        maps = Path(f"/proc/{self.process.pid}/maps").read_text()
-        return set(re.findall(r"(/\S+/libSDL-1\.2\S+)", maps))
+        """The folder of the SDL library that the running game has loaded."""
+        maps = Path(f"/proc/{self.game_process()}/maps").read_text()
+        folder, = {Path(path).parent for path in re.findall(r"/\S+/libSDL-1\.2\S+", maps)}
+        return folder
+
+    def game_process(self):
+        return self.process.pid
 
     def find_window(self):
         for window in self.display.root.query_tree().children:

@@ -12,18 +12,11 @@ from driver import BUILD, ROOT
 
 class FailedStart(unittest.TestCase):
     def test_without_a_display_it_is_reported_and_ends_with_status_0(self):
-        for folder in (os.environ["MEROVINSKA_CLASSIC_SDL"], os.environ["MEROVINSKA_COMPAT_SDL"]):
-            environment = {**os.environ, "LD_LIBRARY_PATH": folder, "SDL_VIDEODRIVER": "x11"}
-            environment.pop("DISPLAY", None)
-            with self.subTest(folder):
-                run = subprocess.run([BUILD / "merovinska"], cwd=ROOT / "data", env=environment,
-                                     stdin=subprocess.DEVNULL, capture_output=True, text=True,
-                                     timeout=60)
-                self.assertRegex(run.stderr, r"\ASDL_Init\(\) failed\. SDL Error: .+\n"
-                                             r"Error sending openwindow event\n\Z")
-                self.assertEqual(run.stdout, "")
-                self.assertEqual(run.returncode, 0)
-
-
-if __name__ == "__main__":
-    unittest.main()
+        environment = {**os.environ, "SDL_VIDEODRIVER": "x11"}
+        environment.pop("DISPLAY", None)
+        run = subprocess.run([BUILD / "merovinska"], cwd=ROOT / "data", env=environment,
+                             stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60)
+        self.assertRegex(run.stderr, r"\ASDL_Init\(\) failed\. SDL Error: .+\n"
+                                     r"Error sending openwindow event\n\Z")
+        self.assertEqual(run.stdout, "")
+        self.assertEqual(run.returncode, 0)

@@ -11,7 +11,7 @@ import time
 import unittest
 from pathlib import Path
 
-from driver import BAD_NEWS, BUILD, Game
+from driver import BAD_NEWS, BUILD, Game, play_folder
 
 WEEK = 604800
 GRACE_WEEKS = 48
@@ -33,14 +33,13 @@ FARMERS, BUTCHERS = range(2)
 LIVESTOCK, GRAIN = range(2)
 
 
-class Hour:
+class FirstHour(unittest.TestCase):
     def setUp(self):
-        folder = BUILD / "plays" / self.id().split(".", 1)[-1]
+        folder = play_folder(self)
         folder.mkdir(parents=True, exist_ok=True)
         self.diary = folder / "diary"
         self.diary.unlink(missing_ok=True)
-        self.game = Game(folder, self.sdl_folder,
-                         [BUILD / "tests/plays/watchedgame", self.diary], settings=LARGE_BLOCK)
+        self.game = Game(folder, [BUILD / "tests/plays/watchedgame", self.diary], settings=LARGE_BLOCK)
         self.addCleanup(self.game.close)
         self.game.wait_until_started()
 
@@ -154,15 +153,3 @@ class Hour:
         self.game.xdotool("keydown", "Escape")
         self.assertEqual(self.game.ended(), 0, self.game.stderr[-4000:])
         self.assertNotRegex(self.game.stderr, BAD_NEWS)
-
-
-class HourOnClassicSDL(Hour, unittest.TestCase):
-    sdl_folder = None
-
-
-class HourOnCompatSDL(Hour, unittest.TestCase):
-    sdl_folder = os.environ["MEROVINSKA_COMPAT_SDL"]
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -69,7 +69,3 @@ class ContinuousIntegration(unittest.TestCase):
         for command in ("./check --fast", "./check --preset fast"):
             with self.assertRaises(AssertionError):
                 self.expect_understood(command)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -197,7 +197,7 @@ class PackageList(unittest.TestCase):
             self.expect_brought(paths, *sections)
 
     def test_brings_the_modules_with_which_the_tests_see_and_read(self):
-        for module in ("Xlib", "yaml"):
+        for module in ("PIL", "Xlib", "pytest", "pytest_subtests", "yaml"):
             file = output("/usr/bin/python3", "-c", f"import {module}; print({module}.__file__)")
             self.expect_brought([file.strip()], "check")
 
@@ -217,7 +217,3 @@ class PackageList(unittest.TestCase):
     def test_a_package_outside_the_sections_is_refused(self):
         with self.assertRaisesRegex(ValueError, "cmake stands in no section"):
             read_list("cmake  builds\n")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -284,21 +284,54 @@ class Scripts(unittest.TestCase):
     # The virtual display
 
     def test_a_virtual_display_ends_with_its_script(self):
-        result = self.shared("start_display 640x480x24; xdotool getdisplaygeometry; echo $display_pid")
+        result = self.shared("start_display 640x480; xdotool getdisplaygeometry; echo $display_pid")
         geometry, server = result.stdout.splitlines()
         self.assertEqual(geometry, "640 480")
         self.assertFalse(Path(f"/proc/{server}").exists())
 
     def test_a_virtual_display_ends_with_a_script_that_fails(self):
-        result = self.shared("start_display 640x480x24; echo $display_pid; false")
+        result = self.shared("start_display 640x480; echo $display_pid; false")
         self.assertEqual(result.returncode, 1)
         self.assertFalse(Path(f"/proc/{result.stdout.strip()}").exists())
 
     def test_two_virtual_displays_do_not_meet(self):
-        result = self.shared("start_display 640x480x24; echo $DISPLAY; first=$display_pid;"
-                             "start_display 640x480x24; echo $DISPLAY; kill $first")
+        result = self.shared("start_display 640x480; echo $DISPLAY; first=$display_pid;"
+                             "start_display 640x480; echo $DISPLAY; kill $first")
         first, second = result.stdout.splitlines()
         self.assertNotEqual(first, second)
+
+    def test_virtual_display_has_the_size_and_the_log_that_ondisplay_is_told(self):
+        result = self.command("scripts/ondisplay", "--size", "640x480", "--log", "logs/display",
+                              "xdotool", "getdisplaygeometry")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "640 480\n", ""))
+        self.assertTrue((self.root / "logs/display").exists())
+
+    def test_ondisplay_ends_with_the_status_of_its_command(self):
+        self.assertEqual(self.command("scripts/ondisplay", "sh", "-c", "exit 3").returncode, 3)
+
+    def test_wrong_arguments_of_ondisplay_are_an_error_in_one_line(self):
+        for words in ([], ["--size"], ["--size", "large", "true"], ["--loud", "true"]):
+            with self.subTest(words):
+                result = self.command("scripts/ondisplay", *words)
+                self.assertEqual((result.returncode, result.stdout), (1, ""))
+                self.assertRegex(result.stderr, r"\Aondisplay: .*; usage: .*\n\Z")
+
+    def test_virtual_display_ends_when_the_python_process_that_started_it_is_killed(self):
+        python = subprocess.Popen(
+            ["/usr/bin/python3", "-c", "import time, virtualdisplay\n"
+             "display = virtualdisplay.VirtualDisplay()\n"
+             "print(display.name, flush=True)\n"
+             "time.sleep(60)"], cwd=self.root / "scripts", stdout=subprocess.PIPE, text=True)
+        number = python.stdout.readline().strip().removeprefix(":")
+        socket = Path(f"/tmp/.X11-unix/X{number}")
+        self.assertTrue(socket.exists())
+        python.kill()
+        python.wait()
+        python.stdout.close()
+        deadline = time.monotonic() + 30
+        while socket.exists():
+            self.assertLess(time.monotonic(), deadline)
+            time.sleep(0.02)
 
     # ./play as a whole, with a game that is already built
 
@@ -521,7 +554,3 @@ class Scripts(unittest.TestCase):
         self.assertEqual(result.returncode, 1)
         self.assertIn("Assert failed on here\nplay: the game ended before the picture was taken",
                       result.stderr)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -13,6 +13,16 @@ ROOT = Path(__file__).resolve().parents[2]
 NOT_OURS = {"build", ".git", ".cache", "compile_commands.json"}
 
 
+class PythonTests(unittest.TestCase):
+    def test_ctest_runs_every_file_of_python_tests(self):
+        files = list(ROOT.glob("tests/**/*_test.py"))
+        self.assertIn(Path(__file__), files)
+        for file in files:
+            with self.subTest(str(file.relative_to(ROOT))):
+                self.assertRegex((file.parent / "CMakeLists.txt").read_text(),
+                                 rf"(?m)^ *merovinska_python_tests\(\w+ {file.name}\b")
+
+
 class Tree(unittest.TestCase):
     """Works in a copy: a tree without its history has no list of what belongs to it."""
 
@@ -57,7 +67,3 @@ class Tree(unittest.TestCase):
         result = self.run_in_tree("codespell")
         self.assertNotEqual(result.returncode, 0)
         self.assertIn("README.md", result.stdout)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -13,7 +13,8 @@ import time
 import unittest
 from pathlib import Path
 
-from Xlib import X, display
+from driver import Screen
+from Xlib import X
 
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
@@ -391,21 +392,10 @@ class GuiviewLive(Folder):
 
     def setUp(self):
         super().setUp()
-        readable, writable = os.pipe()
-        server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writable), "-screen", "0", "800x600x24", "-noreset",
-             "-nolisten", "tcp"], pass_fds=[writable], stdout=subprocess.DEVNULL,
-            stderr=subprocess.DEVNULL)
-        os.close(writable)
-        with os.fdopen(readable) as pipe:
-            number = pipe.readline().strip()
-        self.addCleanup(server.wait)
-        self.addCleanup(server.terminate)
-        self.environment = {**without_display(), "DISPLAY": f":{number}",
-                            "SDL_VIDEODRIVER": "x11", "LIBGL_ALWAYS_SOFTWARE": "1"}
-        connection = display.Display(f":{number}")
-        self.addCleanup(connection.close)
-        self.root = connection.screen().root
+        screen = Screen((800, 600))
+        self.addCleanup(screen.close)
+        self.root = screen.root
+        self.environment = screen.environment
 
     def start(self, layout, *arguments):
         self.layout = Path(self.write("a.gui", layout))
@@ -567,7 +557,3 @@ class GuiviewLive(Folder):
         self.wait_for_pixel(573, 156, GREY)
         area = self.root.get_image(400, 40, 60, 30, X.ZPixmap, 0xFFFFFFFF).data
         self.assertGreater(len(set(memoryview(area).cast("I"))), 1)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -115,7 +115,3 @@ class LayoutDocument(unittest.TestCase):
 
         self.assertEqual(values(self.examples[0].files["gui.conf"]),
                          values((ROOT / "data/gui.conf").read_text()))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -49,7 +49,3 @@ class ThemeTables(unittest.TestCase):
             self.assertIn(f"(themes/{name}.png)", self.document)
             head = (tables.PICTURES / f"{name}.png").read_bytes()[:24]
             self.assertEqual(struct.unpack(">II", head[16:]), (800, 600))
-
-
-if __name__ == "__main__":
-    unittest.main()
