@@ -17,7 +17,7 @@ BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 COMMANDS = {
     "play": ["g++", "cmake", "ninja", "pkg-config"],
     "picture": ["Xvfb", "import"],
-    "check": ["clang-format", "clang-tidy", "shellcheck", "xdotool", "python3", "doxygen",
+    "check": ["clang-format", "clang-tidy", "run-clang-tidy", "shellcheck", "xdotool", "python3", "doxygen",
               "gnuplot", "dot", "reuse", "codespell", "parallel"],
     "package": ["dpkg-shlibdeps", "strip", "readelf", "git", "lintian", "desktop-file-validate",
                 "appstreamcli", "man", "rsvg-convert"],

@@ -3,6 +3,7 @@
 
 """The two commands and what they share."""
 
+import json
 import os
 import pty
 import re
@@ -153,31 +154,57 @@ class Scripts(unittest.TestCase):
     # clang-tidy
 
     def prepare_tidy(self):
-        """In a folder whose name a pattern would read otherwise."""
-        self.stand_in("clang-tidy", 'for file; do :; done; echo "$file"')
+        """A tree with two sources. Its name contains characters that have a meaning in regular
+        expressions."""
+        self.stand_in("clang-tidy", 'for file; do :; done; [ "$file" = - ] || echo "file $file"; '
+                                    '! grep -q wrong "$file"')
         tree = self.root / "c++ [x]"
-        (tree / "build/release").mkdir(parents=True)
         shutil.copytree(ROOT / "scripts", tree / "scripts")
+        for name in ("app/main.cpp", "tests/app/app_test.cpp"):
+            (tree / name).parent.mkdir(parents=True)
+            (tree / name).write_text("right\n")
+        (tree / "build/release").mkdir(parents=True)
         return tree
 
-    def test_tidy_looks_at_the_game_and_its_tools_and_at_everything_when_asked(self):
-        tree = self.prepare_tidy()
-        files = [str(tree / name) for name in ("app/main.cpp", "tests/app/app_test.cpp")]
-        (tree / "build/release/compile_commands.json").write_text(
-            "".join(f'  "file": "{file}",\n' for file in files))
-        for words, expected in (([], files[:1]), (["--all"], files), (["x.cpp"], ["x.cpp"])):
-            with self.subTest(words):
-                result = run("scripts/tidy", *words, cwd=tree, env=self.environment)
-                self.assertEqual((result.returncode, result.stderr), (0, ""))
-                self.assertEqual(sorted(result.stdout.splitlines()), expected)
+    def tidy(self, tree, *words):
+        """The status, the checked files and the errors."""
+        result = run("scripts/tidy", *words, cwd=tree, env=self.environment)
+        checked = re.findall(r"^file (.*)$", result.stdout, re.M)
+        return result.returncode, sorted(os.path.relpath(file, tree) for file in checked), result.stderr
 
-    def test_tidy_that_would_look_at_nothing_fails(self):
+    def write_compile_commands(self, tree):
+        (tree / "build/release/compile_commands.json").write_text(json.dumps(
+            [{"directory": str(tree), "command": "g++", "file": str(tree / name)}
+             for name in ("app/main.cpp", "tests/app/app_test.cpp")], indent=0))
+
+    def test_tidy_checks_the_game_or_everything_or_the_named_files(self):
         tree = self.prepare_tidy()
-        for expected in ("tidy: build/release is missing: cmake --preset release\n",
-                         "tidy: build/release has no source of the game\n"):
-            result = run("scripts/tidy", cwd=tree, env=self.environment)
-            self.assertEqual((result.returncode, result.stdout, result.stderr), (1, "", expected))
-            (tree / "build/release/compile_commands.json").touch()
+        self.write_compile_commands(tree)
+        game, test = "app/main.cpp", "tests/app/app_test.cpp"
+        for words, files in (([], [game]), (["--all"], [game, test]), ([test], [test]),
+                             ([str(tree / test)], [test])):
+            with self.subTest(words):
+                self.assertEqual(self.tidy(tree, *words), (0, files, ""))
+
+    def test_tidy_fails_when_clang_tidy_fails_for_one_file(self):
+        tree = self.prepare_tidy()
+        self.write_compile_commands(tree)
+        (tree / "app/main.cpp").write_text("wrong\n")
+        self.assertEqual(self.tidy(tree, "--all")[:2],
+                         (1, ["app/main.cpp", "tests/app/app_test.cpp"]))
+        self.assertEqual(self.tidy(tree, "tests/app/app_test.cpp")[0], 0)
+
+    def test_tidy_fails_when_there_is_nothing_to_check(self):
+        tree = self.prepare_tidy()
+        self.assertEqual(self.tidy(tree), (1, [], "tidy: build/release is missing: "
+                                                  "cmake --preset release\n"))
+        (tree / "build/release/compile_commands.json").write_text("[]")
+        for words, missing in (([], "the game"), (["--all"], "anything")):
+            self.assertEqual(self.tidy(tree, *words),
+                             (1, [], f"tidy: build/release does not compile {missing}\n"))
+        self.write_compile_commands(tree)
+        self.assertEqual(self.tidy(tree, "app/main.cpp", "app/none.cpp"),
+                         (1, [], "tidy: build/release does not compile app/none.cpp\n"))
 
     # Packages
 
