@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-# Run by cpack between installing and packing: the folders it made itself have the rights that the
-# caller's mask left them.
+# CPack runs this file after it has installed the files and before it packs them. It sets the
+# permissions of folders that CPack created itself, which depend on the caller's umask.
 file(GLOB_RECURSE paths LIST_DIRECTORIES true ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*)
 foreach(path IN LISTS paths)
   if(IS_DIRECTORY ${path} AND NOT IS_SYMLINK ${path})

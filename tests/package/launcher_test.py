@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""The launcher as it is installed, in front of a stand-in for the game."""
+"""The installed launcher. A shell script takes the place of the game."""
 
 import os
 import pty
@@ -17,7 +17,8 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 
-CLASSIC, COMPAT = "classic", "SDL12COMPAT_SYNC_TO_VBLANK"  # what tells the libraries apart
+# The launcher recognises sdl12-compat by this name of a setting in the library.
+SDL12, SDL12_COMPAT = "SDL 1.2", "SDL12COMPAT_SYNC_TO_VBLANK"
 
 
 class Launcher(unittest.TestCase):
@@ -32,33 +33,34 @@ class Launcher(unittest.TestCase):
         self.programs = self.prefix / "libexec/merovinska"
         self.data = self.prefix / "share/games/merovinska"
         self.home = self.folder / "home"
-        self.own_data = self.home / ".local/share/merovinska"
+        self.player_data = self.home / ".local/share/merovinska"
         self.runtime = self.folder / "runtime"
         for path in (self.home, self.runtime, self.folder / "commands"):
             path.mkdir()
         self.environment = {"HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.runtime),
                             "PATH": f"{self.folder / 'commands'}:/usr/bin:/bin",
                             "DISPLAY": ":12345"}
-        # No message window of the machine's own may open, whatever is installed.
+        # No real message window may open, whatever is installed.
         for name in ("zenity", "kdialog", "xmessage"):
-            self.stand_in(name, f'echo "{name}: $*" >>"{self.folder}/windows"')
+            self.write_command(name, f'echo "{name}: $*" >>"{self.folder}/windows"')
         self.game_is('echo "in $PWD"')
-        self.sdl_is(CLASSIC)
+        self.sdl_is(SDL12)
 
-    def stand_in(self, name, text, folder=None):
+    def write_command(self, name, text, folder=None):
         path = (folder or self.folder / "commands") / name
         path.write_text(f"#!/bin/sh\n{text}\n")
         path.chmod(0o755)
 
     def game_is(self, text):
-        self.stand_in("merovinska", text, self.programs)
+        """Makes a shell script of this text the game."""
+        self.write_command("merovinska", text, self.programs)
 
     def sdl_is(self, kind):
-        """The library that the loader would give the game."""
+        """Makes ldd report that the game would load this library. Returns its folder."""
         library = self.folder / "lib/libSDL-1.2.so.0"
         library.parent.mkdir(exist_ok=True)
         library.write_text(kind)
-        self.stand_in("ldd", f'echo "\tlibSDL-1.2.so.0 => {library} (0x0)"')
+        self.write_command("ldd", f'echo "\tlibSDL-1.2.so.0 => {library} (0x0)"')
         return library.parent
 
     def run_launcher(self, *words, **options):
@@ -75,44 +77,44 @@ class Launcher(unittest.TestCase):
         self.assertEqual((result.returncode, result.stdout, result.stderr),
                          (0, f"in {folder}\n", ""))
 
-    def assertRefuses(self, message, *words):
+    def assertFailure(self, message, *words):
         result = self.run_launcher(*words)
         self.assertEqual((result.returncode, result.stdout, result.stderr),
                          (1, "", f"merovinska: {message}\n"))
 
     # Data
 
-    def test_the_systems_data_is_taken_where_the_player_has_none(self):
+    def test_system_data_is_used_if_the_player_has_none(self):
         self.assertStartsIn(self.data)
 
-    def test_the_players_own_data_is_taken_when_it_holds_a_layout(self):
-        shutil.copytree(self.data, self.own_data)
-        self.assertStartsIn(self.own_data)
+    def test_player_data_is_used_if_it_contains_a_layout(self):
+        shutil.copytree(self.data, self.player_data)
+        self.assertStartsIn(self.player_data)
 
-    def test_the_players_own_data_is_looked_for_where_the_desktop_says(self):
+    def test_player_data_is_found_in_xdg_data_home(self):
         self.environment["XDG_DATA_HOME"] = str(self.folder / "share")
         shutil.copytree(self.data, self.folder / "share/merovinska")
         self.assertStartsIn(self.folder / "share/merovinska")
 
-    def test_a_folder_that_is_not_named_from_the_root_is_not_where_the_desktop_says(self):
+    def test_relative_path_in_xdg_data_home_is_ignored(self):
         shutil.copytree(self.data, self.folder / "share/merovinska")
-        shutil.copytree(self.data, self.own_data)
+        shutil.copytree(self.data, self.player_data)
         self.environment["XDG_DATA_HOME"] = "share"
-        self.assertStartsIn(self.own_data)
+        self.assertStartsIn(self.player_data)
 
-    def test_the_players_own_data_without_a_layout_is_left_alone(self):
-        shutil.copytree(self.data, self.own_data)
-        (self.own_data / "my.gui.debug").unlink()
+    def test_player_data_without_a_layout_is_not_used(self):
+        shutil.copytree(self.data, self.player_data)
+        (self.player_data / "my.gui.debug").unlink()
         self.assertStartsIn(self.data)
 
-    def test_a_folder_can_be_named(self):
+    def test_option_data_names_the_folder(self):
         shutil.copytree(self.data, self.folder / "my data")
         self.assertStartsIn(self.folder / "my data", "--data", "my data")
 
-    def test_a_folder_that_is_not_there_is_refused(self):
-        self.assertRefuses("there is no folder nowhere.", "--data", "nowhere")
+    def test_missing_folder_is_an_error(self):
+        self.assertFailure("there is no folder nowhere.", "--data", "nowhere")
 
-    def test_a_link_to_the_launcher_starts_the_same_game(self):
+    def test_launcher_can_be_started_by_a_link(self):
         link = self.folder / "link"
         link.symlink_to(self.launcher)
         self.launcher = link
@@ -126,7 +128,7 @@ class Launcher(unittest.TestCase):
         for file, text in files.items():
             (folder / file).write_text(text)
 
-    def test_a_set_is_laid_over_the_data(self):
+    def test_files_of_a_set_replace_those_of_the_data(self):
         self.write_set(self.data, "quiet", {"desk.theme": "of the set\n", "more": "besides\n"})
         self.game_is("cat desk.theme more; cmp button.theme "
                      f"'{self.data}/button.theme' && cmp font.ttf '{self.data}/font.ttf'; "
@@ -136,40 +138,40 @@ class Launcher(unittest.TestCase):
                          (0, "of the set\nbesides\n", ""))
         self.assertNotEqual((self.data / "desk.theme").read_text(), "of the set\n")
 
-    def test_a_set_of_the_players_lies_over_the_systems_data(self):
-        self.write_set(self.own_data, "mine", {"desk.theme": "mine\n"})
+    def test_set_of_the_player_can_be_used_with_the_system_data(self):
+        self.write_set(self.player_data, "mine", {"desk.theme": "mine\n"})
         self.game_is("cat desk.theme")
         self.assertEqual(self.run_launcher("--set", "mine").stdout, "mine\n")
 
-    def test_a_set_beside_the_named_data_comes_first(self):
+    def test_set_in_the_named_folder_comes_before_that_of_the_system(self):
         shutil.copytree(self.data, self.folder / "other")
         self.write_set(self.folder / "other", "quiet", {"desk.theme": "other\n"})
         self.write_set(self.data, "quiet", {"desk.theme": "system\n"})
         self.game_is("cat desk.theme")
         self.assertEqual(self.run_launcher("--data", "other", "--set", "quiet").stdout, "other\n")
 
-    def test_a_set_that_is_not_there_is_refused_with_those_that_are(self):
+    def test_missing_set_is_an_error_that_lists_the_sets(self):
         shutil.rmtree(self.data / "sets", ignore_errors=True)
-        self.assertRefuses("there is no set loud; there is none.", "--set", "loud")
+        self.assertFailure("there is no set loud; the sets are: none.", "--set", "loud")
         self.write_set(self.data, "quiet", {})
-        self.write_set(self.own_data, "mine", {})
-        self.assertRefuses("there is no set loud; there is mine quiet.", "--set", "loud")
+        self.write_set(self.player_data, "mine", {})
+        self.assertFailure("there is no set loud; the sets are: mine quiet.", "--set", "loud")
 
-    def test_a_path_is_no_set(self):
+    def test_path_is_not_the_name_of_a_set(self):
         shutil.rmtree(self.data / "sets", ignore_errors=True)
         (self.data / "sets").mkdir()
         for name in ("..", ".", "../sets", "/tmp"):
             with self.subTest(name):
-                self.assertRefuses(f"there is no set {name}; there is none.", "--set", name)
+                self.assertFailure(f"there is no set {name}; the sets are: none.", "--set", name)
 
-    def test_the_folder_of_links_is_gone_when_the_game_has_ended(self):
+    def test_folder_of_links_is_removed_when_the_game_ends(self):
         self.write_set(self.data, "quiet", {"desk.theme": "quiet\n"})
         self.game_is('echo "$PWD"')
         result = self.run_launcher("--set", "quiet")
         self.assertTrue(result.stdout.startswith(f"{self.runtime}/merovinska."), result.stdout)
         self.assertEqual(list(self.runtime.iterdir()), [])
 
-    def test_without_a_runtime_folder_the_links_are_among_the_cached_files(self):
+    def test_links_are_in_the_cache_folder_if_there_is_no_runtime_folder(self):
         self.write_set(self.data, "quiet", {"desk.theme": "quiet\n"})
         self.game_is('echo "$PWD"')
         del self.environment["XDG_RUNTIME_DIR"]
@@ -177,21 +179,21 @@ class Launcher(unittest.TestCase):
         self.assertTrue(result.stdout.startswith(f"{self.home}/.cache/merovinska."), result.stdout)
         self.assertEqual(list((self.home / ".cache").iterdir()), [])
 
-    def test_where_nothing_of_the_players_can_be_written_the_links_are_temporary(self):
+    def test_links_are_in_the_temporary_folder_if_the_player_has_no_writable_folder(self):
         self.game_is('echo "$PWD"')
         temporary = self.folder / "temporary"
         temporary.mkdir()
-        # Nobody writes there, not even root; a folder that is not named from the root is none.
+        # Not even root can write in /proc. The relative path is ignored.
         self.environment.update(HOME="/proc/home", XDG_RUNTIME_DIR="runtime",
                                 TMPDIR=str(temporary))
         result = self.run_launcher("--set", "large")
         self.assertTrue(result.stdout.startswith(f"{temporary}/merovinska."), result.stderr)
         self.assertEqual(list(temporary.iterdir()), [])
         self.environment["TMPDIR"] = "/proc/temporary"
-        self.assertRefuses("there is no folder to write to: neither XDG_RUNTIME_DIR nor "
-                           "XDG_CACHE_HOME names one.")
+        self.assertFailure("there is no folder to write to: set XDG_RUNTIME_DIR or "
+                           "XDG_CACHE_HOME.")
 
-    def test_two_games_do_not_meet(self):
+    def test_two_games_with_different_sets_can_run_at_the_same_time(self):
         self.game_is('cp desk.theme copy; echo "$PWD"; sleep 0.5; cat copy')
         for name in ("loud", "quiet"):
             self.write_set(self.data, name, {"desk.theme": f"{name}\n"})
@@ -204,248 +206,249 @@ class Launcher(unittest.TestCase):
 
     # The picture
 
-    def test_pictures_keep_in_step_with_the_screen(self):
+    def test_pictures_are_synchronised_with_the_screen(self):
         self.game_is('echo "$SDL12COMPAT_SYNC_TO_VBLANK"')
         self.assertEqual(self.run_launcher().stdout, "1\n")
 
-    def test_the_player_may_have_chosen_otherwise(self):
+    def test_setting_of_the_player_for_synchronisation_is_kept(self):
         self.game_is('echo "<$SDL12COMPAT_SYNC_TO_VBLANK>"')
         for chosen in ("0", ""):
             self.environment["SDL12COMPAT_SYNC_TO_VBLANK"] = chosen
             self.assertEqual(self.run_launcher().stdout, f"<{chosen}>\n")
 
-    def test_the_window_bears_the_programs_name_for_the_desktop(self):
+    def test_window_class_is_that_of_the_menu_entry(self):
         self.game_is('echo "$SDL_VIDEO_X11_WMCLASS"')
         entry = (self.prefix / "share/applications/merovinska.desktop").read_text()
         self.assertIn(f"\nStartupWMClass={self.run_launcher().stdout}", entry)
 
-    def test_scaling_is_done_by_the_library_that_can(self):
-        self.sdl_is(COMPAT)
+    def test_scale_is_passed_to_sdl12_compat(self):
+        self.sdl_is(SDL12_COMPAT)
         self.game_is('echo "$SDL12COMPAT_WINDOW_SCALING $LD_LIBRARY_PATH"')
         self.assertEqual(self.run_launcher("--scale", "1.5").stdout, "1.5 \n")
 
-    def test_scaling_takes_the_library_that_can_from_beside_the_other(self):
-        compat = self.sdl_is(CLASSIC) / "sdl12-compat"
+    def test_scale_uses_sdl12_compat_instead_of_sdl12(self):
+        compat = self.sdl_is(SDL12) / "sdl12-compat"
         compat.mkdir()
-        (compat / "libSDL-1.2.so.0").write_text(COMPAT)
+        (compat / "libSDL-1.2.so.0").write_text(SDL12_COMPAT)
         self.game_is('echo "$SDL12COMPAT_WINDOW_SCALING $LD_LIBRARY_PATH"')
         self.assertEqual(self.run_launcher("--scale", "2").stdout, f"2 {compat}\n")
         self.environment["LD_LIBRARY_PATH"] = "/mine"
         self.assertEqual(self.run_launcher("--scale", "2").stdout, f"2 {compat}:/mine\n")
 
-    def test_scaling_without_such_a_library_names_its_package(self):
-        self.assertRefuses("--scale needs the package libsdl1.2-compat, which is not installed.",
+    def test_scale_without_sdl12_compat_is_an_error_that_names_its_package(self):
+        self.assertFailure("--scale needs the package libsdl1.2-compat, which is not installed.",
                            "--scale", "2")
 
-    def test_nothing_is_scaled_unless_wanted(self):
-        self.sdl_is(COMPAT)
+    def test_without_the_option_nothing_is_scaled(self):
+        self.sdl_is(SDL12_COMPAT)
         self.game_is('echo "<$SDL12COMPAT_WINDOW_SCALING>"')
         self.assertEqual(self.run_launcher().stdout, "<>\n")
 
-    def test_a_scale_that_is_no_number_is_refused(self):
+    def test_scale_that_is_not_a_number_from_1_to_10_is_an_error(self):
         for scale in ("0", "0.5", "10", "-1", "2x", "two", "1.", ".5"):
             with self.subTest(scale):
-                self.assertRefuses("--scale takes a number from 1 to below 10, such as 1.5, and "
+                self.assertFailure("--scale takes a number from 1 to below 10, such as 1.5, and "
                                    f'not "{scale}".', "--scale", scale)
 
-    # Words
+    # Options
 
-    def test_an_unknown_option_is_refused(self):
-        self.assertRefuses("unknown option --loud; usage: merovinska [--data DIR] [--set NAME] "
+    def test_unknown_option_is_an_error(self):
+        self.assertFailure("unknown option --loud; usage: merovinska [--data DIR] [--set NAME] "
                            "[--scale N] [--check-data]", "--loud")
 
-    def test_an_option_without_its_value_is_refused(self):
+    def test_option_without_its_value_is_an_error(self):
         for option in ("--data", "--set", "--scale"):
             for words in ([option], [option, ""]):
                 self.assertIn(f"merovinska: {option} needs a value; usage: ",
                               self.run_launcher(*words).stderr)
 
-    def test_the_version_is_the_projects(self):
+    def test_version_is_that_of_the_project(self):
         version = re.search(r"project\(merovinska VERSION (\S+)",
                             (ROOT / "CMakeLists.txt").read_text())[1]
         self.assertEqual(self.run_launcher("--version").stdout, f"merovinska {version}\n")
 
-    def test_the_help_and_the_manual_tell_the_same_options(self):
-        told = set(re.findall(r"--[a-z-]+", self.run_launcher("--help").stdout))
-        taken = set(re.findall(r"--(?:data|set|scale|check-data|help|version)(?= \||\))",
+    def test_help_and_manual_page_list_the_same_options(self):
+        listed = set(re.findall(r"--[a-z-]+", self.run_launcher("--help").stdout))
+        accepted = set(re.findall(r"--(?:data|set|scale|check-data|help|version)(?= \||\))",
                                self.launcher.read_text()))
         manual = (ROOT / "packaging/merovinska.6").read_text().replace("\\-", "-")
         documented = set(re.findall(r"^\.BI? (--[a-z-]+)", manual, re.M))
-        self.assertEqual(len(told), 6)
-        self.assertEqual(told, taken)
-        self.assertEqual(told, documented)
+        self.assertEqual(len(listed), 6)
+        self.assertEqual(listed, accepted)
+        self.assertEqual(listed, documented)
 
-    def test_the_help_tells_where_the_data_is(self):
+    def test_help_names_the_folders_of_the_data(self):
         said = self.run_launcher("--help").stdout
-        self.assertIn(str(self.own_data), said)
+        self.assertIn(str(self.player_data), said)
         self.assertIn(str(self.data), said)
 
-    # Looking at the data without starting
+    # Checking the data without starting the game
 
-    def test_complete_data_is_said_to_be_so(self):
+    def test_complete_data_passes_the_check(self):
         self.environment.pop("DISPLAY")
         result = self.run_launcher("--check-data")
         self.assertEqual((result.returncode, result.stdout, result.stderr),
                          (0, f"Every file that the game reads from {self.data} is there.\n", ""))
 
-    def test_a_missing_file_is_named(self):
+    def test_missing_file_of_the_system_data_is_named(self):
         (self.data / "gui.tga").unlink()
-        self.assertRefuses(f"cannot be read: {self.data}/gui.tga. The package merovinska or one "
+        self.assertFailure(f"cannot read {self.data}/gui.tga. The package merovinska or one "
                            "that it needs is damaged: install it again.", "--check-data")
 
-    def test_a_missing_file_of_the_players_is_named(self):
-        shutil.copytree(self.data, self.own_data)
-        (self.own_data / "desk.theme").unlink()
-        self.assertRefuses(f"cannot be read: {self.own_data}/desk.theme. The folder "
-                           f"{self.own_data} is not complete; without it the game plays with its "
-                           "own data.", "--check-data")
+    def test_missing_file_of_the_player_data_is_named(self):
+        shutil.copytree(self.data, self.player_data)
+        (self.player_data / "desk.theme").unlink()
+        self.assertFailure(f"cannot read {self.player_data}/desk.theme. The folder "
+                           f"{self.player_data} is not complete; without it the game uses the "
+                           "system's data.", "--check-data")
 
-    def test_what_the_set_brings_is_not_missing(self):
+    def test_file_of_the_set_is_not_missing(self):
         self.write_set(self.data, "quiet", {})
         (self.data / "desk.theme").rename(self.data / "sets/quiet/desk.theme")
         self.assertEqual(self.run_launcher("--check-data", "--set", "quiet").returncode, 0)
         self.assertEqual(self.run_launcher("--check-data").returncode, 1)
 
-    def test_a_font_whose_package_is_gone_is_named(self):
+    def test_link_to_a_missing_font_is_named(self):
         (self.data / "font.ttf").unlink()
         (self.data / "font.ttf").symlink_to("nowhere.ttf")
-        self.assertIn(f"cannot be read: {self.data}/font.ttf.", self.run_launcher().stderr)
+        self.assertIn(f"cannot read {self.data}/font.ttf.", self.run_launcher().stderr)
 
-    def test_a_layout_that_the_game_could_not_use_fails(self):
+    def test_layout_without_a_widget_that_the_game_needs_fails_the_check(self):
         layout = self.data / "my.gui.debug"
         layout.write_text(layout.read_text().replace("farmerslab ", "farmerslob "))
         result = self.run_launcher("--check-data")
         self.assertNotEqual(result.returncode, 0)
         self.assertIn("farmerslab", result.stdout + result.stderr)
 
-    def test_the_files_are_looked_at_even_where_the_layout_cannot_be(self):
+    def test_files_are_checked_without_guiview(self):
         (self.programs / "guiview").unlink()
         self.assertEqual(self.run_launcher("--check-data").returncode, 0)
 
-    # What is missing
+    # Missing parts
 
-    def test_nothing_starts_without_its_data(self):
+    def test_game_does_not_start_without_its_layout(self):
         (self.data / "my.gui.debug").unlink()
         result = self.run_launcher()
         self.assertEqual((result.returncode, result.stdout), (1, ""))
-        self.assertIn(f"cannot be read: {self.data}/my.gui.debug.", result.stderr)
+        self.assertIn(f"cannot read {self.data}/my.gui.debug.", result.stderr)
 
-    def test_a_missing_display_is_said(self):
+    def test_missing_display_is_an_error(self):
         del self.environment["DISPLAY"]
-        self.assertRefuses("there is no display (DISPLAY is not set): start the game from a desktop.")
+        self.assertFailure("there is no display (DISPLAY is not set): start the game from a "
+                           "desktop.")
 
-    def test_a_desktop_without_x11_serves_the_newer_library_alone(self):
+    def test_desktop_without_x11_needs_sdl12_compat(self):
         del self.environment["DISPLAY"]
         self.environment["WAYLAND_DISPLAY"] = "wayland-0"
         self.assertIn("install the package xwayland, or libsdl1.2-compat-shim.",
                       self.run_launcher().stderr)
-        self.sdl_is(COMPAT)
+        self.sdl_is(SDL12_COMPAT)
         self.assertStartsIn(self.data)
 
-    def test_a_driver_that_needs_no_display_is_the_players_business(self):
+    def test_video_driver_chosen_by_the_player_needs_no_display(self):
         del self.environment["DISPLAY"]
         self.environment["SDL_VIDEODRIVER"] = "dummy"
         self.assertStartsIn(self.data)
 
-    def test_a_missing_library_names_its_package(self):
-        self.stand_in("ldd", 'echo "\tlibSDL-1.2.so.0 => not found"')
-        self.assertRefuses("the library libSDL-1.2.so.0 is missing: install the package "
+    def test_missing_sdl_is_an_error_that_names_its_package(self):
+        self.write_command("ldd", 'echo "\tlibSDL-1.2.so.0 => not found"')
+        self.assertFailure("the library libSDL-1.2.so.0 is missing: install the package "
                            "libsdl1.2debian.")
 
-    def test_another_missing_library_is_named(self):
+    def test_other_missing_library_is_named(self):
         said = (self.folder / "commands/ldd").read_text()
-        self.stand_in("ldd", said + 'echo "\tlibGLEW.so.2.2 => not found"')
-        self.assertRefuses("the library libGLEW.so.2.2 is missing: the package merovinska or one "
+        self.write_command("ldd", said + 'echo "\tlibGLEW.so.2.2 => not found"')
+        self.assertFailure("the library libGLEW.so.2.2 is missing: the package merovinska or one "
                            "that it needs is damaged: install it again.")
 
-    def test_a_program_of_another_machine_is_said(self):
-        self.stand_in("ldd", "echo '\tnot a dynamic executable' >&2; exit 1")
-        self.assertRefuses(f"{self.programs}/merovinska is no program of this machine: the package "
-                           "merovinska or one that it needs is damaged: install it again.")
+    def test_program_for_another_machine_is_an_error(self):
+        self.write_command("ldd", "echo '\tnot a dynamic executable' >&2; exit 1")
+        self.assertFailure(f"{self.programs}/merovinska is not a program for this machine: the "
+                           "package merovinska or one that it needs is damaged: install it again.")
 
-    def test_a_missing_program_is_said(self):
+    def test_missing_program_is_an_error(self):
         (self.programs / "merovinska").unlink()
-        self.assertRefuses(f"{self.programs}/merovinska cannot be started: the game is not "
+        self.assertFailure(f"{self.programs}/merovinska cannot be started: the game is not "
                            "installed completely.")
 
-    def test_a_game_that_cannot_open_its_window_fails_with_its_reason(self):
-        self.game_is('echo "SDL_Init() failed. SDL Error: no light" >&2; '
+    def test_game_that_cannot_open_its_window_fails_with_the_reason(self):
+        self.game_is('echo "SDL_Init() failed. SDL Error: no screen" >&2; '
                      'echo "Error sending openwindow event" >&2; exit 0')
         result = self.run_launcher()
         self.assertEqual((result.returncode, result.stderr), (
-            1, "SDL_Init() failed. SDL Error: no light\nError sending openwindow event\n"
+            1, "SDL_Init() failed. SDL Error: no screen\nError sending openwindow event\n"
                "merovinska: the game could not open its window: "
-               "SDL_Init() failed. SDL Error: no light\n"))
+               "SDL_Init() failed. SDL Error: no screen\n"))
 
-    def test_a_game_that_cannot_go_on_fails_with_its_words(self):
+    def test_failed_assertion_is_an_error(self):
         self.game_is("echo 'Assert failed on here' >&2; exit 0")
         result = self.run_launcher()
         self.assertEqual(result.returncode, 1)
-        self.assertTrue(result.stderr.endswith("merovinska: the game could not go on: "
+        self.assertTrue(result.stderr.endswith("merovinska: the game could not continue: "
                                                "Assert failed on here\n"), result.stderr)
 
-    def test_a_game_that_crashes_fails_with_its_words(self):
-        self.game_is("echo 'Caught signal SIGSEGV - Invalid memory segment access (ANSI)' >&2; exit 1")
+    def test_crash_is_an_error_that_is_shown_in_a_window(self):
+        self.game_is("echo 'Caught signal SIGSEGV - Invalid memory segment access (ANSI)' >&2; "
+                     "exit 1")
         result = self.run_launcher()
         self.assertEqual(result.returncode, 1)
         self.assertTrue(result.stderr.endswith(
-            "merovinska: the game could not go on: Caught signal SIGSEGV - Invalid memory segment "
-            "access (ANSI)\n"), result.stderr)
+            "merovinska: the game could not continue: Caught signal SIGSEGV - Invalid memory "
+            "segment access (ANSI)\n"), result.stderr)
         self.assertIn("Caught signal SIGSEGV", self.windows())
 
-    def test_a_game_that_was_told_to_end_is_no_news(self):
+    def test_game_ended_by_a_signal_opens_no_window(self):
         self.game_is("echo 'Caught signal SIGINT - Terminal interrupt (ANSI)' >&2; exit 1")
         self.assertEqual(self.run_launcher().returncode, 1)
         self.assertEqual(self.windows(), "")
 
-    def test_a_window_tells_where_there_is_no_terminal(self):
+    def test_message_is_shown_in_a_window_if_there_is_no_terminal(self):
         (self.data / "gui.tga").unlink()
         for name, words in (("zenity", "--error --title=Merovinska --no-markup --text="),
                             ("kdialog", "--title Merovinska --error "),
                             ("xmessage", "-center -title Merovinska ")):
             with self.subTest(name):
                 self.run_launcher()
-                self.assertEqual(self.windows(), f"{name}: {words}cannot be read: "
+                self.assertEqual(self.windows(), f"{name}: {words}cannot read "
                                  f"{self.data}/gui.tga. The package merovinska or one that it "
                                  "needs is damaged: install it again.\n")
             (self.folder / "windows").unlink()
-            # The next one is only asked when this one is not there. One of the machine's own
-            # would open a real window, on a display that does not exist.
+            # The launcher tries the next command only if this one is missing.
             (self.folder / "commands" / name).unlink()
         self.assertEqual(self.run_launcher().returncode, 1)
 
-    def test_no_window_opens_where_a_terminal_is_read(self):
+    def test_no_window_opens_if_there_is_a_terminal(self):
         (self.data / "gui.tga").unlink()
-        ours, theirs = pty.openpty()
-        with open(ours, "rb", buffering=0) as terminal:
-            result = subprocess.run([self.launcher], stdin=theirs, stdout=theirs, stderr=theirs,
+        master, slave = pty.openpty()
+        with open(master, "rb", buffering=0) as terminal:
+            result = subprocess.run([self.launcher], stdin=slave, stdout=slave, stderr=slave,
                                     env=self.environment, timeout=60)
-            os.close(theirs)
+            os.close(slave)
             said = terminal.read(4096).decode()
         self.assertEqual(result.returncode, 1)
-        self.assertIn(f"merovinska: cannot be read: {self.data}/gui.tga.", said)
+        self.assertIn(f"merovinska: cannot read {self.data}/gui.tga.", said)
         self.assertEqual(self.windows(), "")
 
-    def test_no_window_opens_while_nothing_is_wrong(self):
+    def test_no_window_opens_without_an_error(self):
         self.assertStartsIn(self.data)
         self.assertEqual(self.windows(), "")
 
     # The end
 
-    def test_the_games_status_is_the_launchers(self):
+    def test_launcher_ends_with_the_status_of_the_game(self):
         self.game_is("exit 3")
         self.assertEqual(self.run_launcher().returncode, 3)
 
-    def test_what_the_game_says_goes_where_it_belongs(self):
+    def test_output_and_errors_of_the_game_are_passed_on(self):
         self.game_is("echo out; echo err >&2")
         result = self.run_launcher()
         self.assertEqual((result.stdout, result.stderr), ("out\n", "err\n"))
 
-    def test_a_signal_to_the_launcher_ends_the_game(self):
+    def test_signal_to_the_launcher_ends_the_game(self):
         for name in ("SIGTERM", "SIGHUP"):
             with self.subTest(name):
                 self.game_is('echo $$; exec sleep 60')
-                # Whoever runs the tests may ignore signals, and a shell cannot undo that.
+                # A shell cannot catch a signal that was already ignored when it started.
                 launcher = subprocess.Popen(["env", "--default-signal", self.launcher], text=True,
                                             env=self.environment, stdout=subprocess.PIPE,
                                             stderr=subprocess.DEVNULL)
@@ -456,7 +459,7 @@ class Launcher(unittest.TestCase):
                 self.assertRaises(ProcessLookupError, os.kill, game, 0)
                 self.assertEqual(list(self.runtime.iterdir()), [])
 
-    def test_a_signal_that_comes_while_the_game_starts_ends_it_too(self):
+    def test_signal_while_the_game_starts_ends_it(self):
         self.game_is("exec sleep 60")
         for steps in range(25):
             with self.subTest(steps):
@@ -468,12 +471,12 @@ class Launcher(unittest.TestCase):
                 time.sleep(steps * 0.002)
                 launcher.send_signal(signal.SIGTERM)
                 self.assertIn(launcher.wait(timeout=30), (-signal.SIGTERM, 128 + signal.SIGTERM))
-                # Whoever is left of the group would hold this end open.
+                # The stream ends only when no process of the game is left.
                 self.assertEqual(launcher.stdout.read(), "")
                 launcher.stdout.close()
                 self.assertEqual(list(self.runtime.iterdir()), [])
 
-    def test_a_paused_game_goes_on(self):
+    def test_stopped_game_can_continue(self):
         self.game_is("echo started; sleep 0.2; exec echo ended")
         launcher = subprocess.Popen([self.launcher], env=self.environment, text=True,
                                     stdout=subprocess.PIPE, start_new_session=True)
@@ -485,7 +488,3 @@ class Launcher(unittest.TestCase):
         self.assertEqual(launcher.stdout.read(), "ended\n")
         launcher.stdout.close()
         self.assertEqual(launcher.wait(timeout=60), 0)
-
-
-if __name__ == "__main__":
-    unittest.main()
