@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-# What ./play, ./check and the scripts beside this one share. To be sourced under
-# set -euo pipefail; what reads the tree expects to stand in its root.
+# Functions for ./play, ./check and the other scripts. They source this file with
+# set -euo pipefail, and call the functions that read the tree from its root.
 # shellcheck shell=bash
 
 root=$(dirname "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")")
@@ -14,7 +14,7 @@ die() {
     exit 1
 }
 
-# packages SECTION...: the names listed in these sections of packages.txt.
+# packages SECTION...: the packages in these sections of packages.txt.
 packages() {
     local section
     for section; do
@@ -24,11 +24,11 @@ packages() {
     done
 }
 
-# missing_packages SECTION...: those of them that are not installed.
+# missing_packages SECTION...: the packages of these sections that are not installed.
 missing_packages() {
     local names installed name
     mapfile -t names < <(packages "$@")
-    # dpkg-query fails when it does not know one of the names, and still reports the others.
+    # dpkg-query fails if it does not know one of the names, but still reports the others.
     installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "${names[@]}" 2>/dev/null) ||
         true
     for name in "${names[@]}"; do
@@ -36,9 +36,10 @@ missing_packages() {
     done
 }
 
-# install_missing SECTION...: silent and quick when nothing is missing.
+# install_missing SECTION...: installs the packages of these sections that are missing. Prints
+# nothing if none is missing.
 install_missing() {
-    command -v dpkg-query >/dev/null || die "packages are installed with Debian's tools, which are not here"
+    command -v dpkg-query >/dev/null || die "dpkg-query is missing: packages need Debian"
     local missing run=()
     mapfile -t missing < <(missing_packages "$@")
     ((${#missing[@]})) || return 0
@@ -52,8 +53,9 @@ install_missing() {
     "${run[@]}" install -y --no-install-recommends "${missing[@]}" </dev/null
 }
 
-# lay_set NAME: the data with a set laid over it, in build/sets/NAME. The folder is kept, for a game
-# may run in it, and loses what neither of them has any more.
+# lay_set NAME: links the data to build/sets/NAME, with the files of a set in place of those of the
+# same name. An existing folder is kept, because a game may run in it. Links to files that exist no
+# more are removed.
 lay_set() {
     local folder=build/sets/$1 link
     lay_over "$root/data" "$folder"
@@ -63,8 +65,8 @@ lay_set() {
     done
 }
 
-# own_sources PATTERN...: the files of the tree with such a name, each ended by a NUL. What is
-# built or fetched lies in folders of its own.
+# own_sources PATTERN...: the files of the tree whose names match, each followed by a NUL byte.
+# build/ and hidden folders are left out.
 own_sources() {
     local names=() pattern
     for pattern; do

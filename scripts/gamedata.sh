@@ -1,16 +1,16 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-# What those share who start the game, ./play and the installed launcher: which files it reads from
-# its data directory, and how it is run. To be sourced under set -euo pipefail.
+# Functions for ./play and the installed launcher, which start the game: they check the files that
+# it reads, and run it. Both source this file with set -euo pipefail.
 # shellcheck shell=bash
 
-# With it, cd may lead elsewhere and print where.
+# If CDPATH is set, cd may change to another folder than the named one, and print its name.
 unset CDPATH
 
-# needed_data DIRECTORY: the files that the game reads from its data directory, one per
-# line. The layout names the themes and the configuration, these name pictures and the
-# font; the toolkit asks for four themes by itself.
+# needed_data DIRECTORY: the files that the game reads from its data directory, one per line. The
+# layout names themes and the configuration. These name pictures and the font. The toolkit reads
+# four more themes, which no file names.
 needed_data() (
     cd -- "$1" || exit
     local layout=my.gui.debug themes configurations theme configuration
@@ -18,7 +18,7 @@ needed_data() (
     mapfile -t configurations < <(words "$layout" | awk '$1 == "CONF" && NF > 1 { print $2 }')
     mapfile -t themes < <(
         printf '%s\n' default.theme messagebox.theme tabwin_button.theme combo_button.theme
-        # The name "default" is taken by the file above.
+        # THEM default selects default.theme, which is listed above.
         words "$layout" | awk '$1 == "THEM" && NF > 1 && $2 != "default" { print $2 }'
     )
     for configuration in "${configurations[@]}"; do
@@ -31,18 +31,18 @@ needed_data() (
     done
 )
 
-# words FILE: its lines, of words that blanks separate; nothing when it cannot be read. The ends of
-# lines may be those of another system. What is no file might be waited for.
+# words FILE: the lines of FILE, without the carriage returns that Windows ends lines with. Prints
+# nothing if FILE is not a readable regular file; reading a pipe could wait without end.
 words() {
     [[ ! -f $1 || ! -r $1 ]] || tr '\r' ' ' <"$1"
 }
 
-# first_words FILE: the first word of each line that holds a value.
+# first_words FILE: the first word of each line that is neither empty nor a comment.
 first_words() {
     words "$1" | awk 'NF && substr($1, 1, 2) != "//" { print $1 }'
 }
 
-# unreadable_data DIRECTORY: the needed files that cannot be read, in one line.
+# unreadable_data DIRECTORY: the needed files that cannot be read, on one line.
 unreadable_data() {
     local file missing=()
     [[ -r $1 && -x $1 ]] || {
@@ -55,7 +55,8 @@ unreadable_data() {
     ((${#missing[@]} == 0)) || echo "${missing[*]}"
 }
 
-# lay_over FOLDER TARGET: a link in TARGET for every file in FOLDER, which is named from the root.
+# lay_over FOLDER TARGET: makes a link in TARGET to every file in FOLDER, which is an absolute path.
+# A link replaces one of the same name.
 lay_over() {
     local file
     mkdir -p -- "$2"
@@ -64,23 +65,24 @@ lay_over() {
     done
 }
 
-# The game while it runs, and the signal that is to end it.
-player=
-asked=
+# The process of the game while it runs, and the signal that shall end it.
+game_process=
+end_signal=
 
-# end_game SIGNAL: passes it on to the game, now or as soon as there is one.
+# end_game SIGNAL: sends the signal to the game, or has run_game send it when the game has started.
 end_game() {
-    asked=$1
-    [[ -z $player ]] || kill "-$1" "$player" 2>/dev/null || true
+    end_signal=$1
+    [[ -z $game_process ]] || kill "-$1" "$game_process" 2>/dev/null || true
 }
 
-# run_game FOLDER GAME WORK: runs GAME in FOLDER and leaves its status in `status`. Its errors go
-# where they belong at once and, to be looked at once it has ended, into WORK/log.
-# shellcheck disable=SC2034  # the status is for the caller
+# run_game FOLDER GAME WORK: runs GAME in FOLDER and sets `status` to its exit status. Its errors go
+# to standard error and to WORK/log, which the caller can read after the game has ended.
+# shellcheck disable=SC2034  # the caller reads the status
 run_game() {
     local errors reader
-    # The terminal sends its signals to the game as well; the others reach it from here. They are
-    # awaited before there is a game, so that none of them leaves it alone.
+    # INT and QUIT come from the terminal, which sends them to the game as well. The others have to
+    # be passed on. The traps are set before the game starts, so that no signal ends this script
+    # while the game goes on.
     trap ':' INT QUIT
     trap 'end_game TERM' TERM
     trap 'end_game HUP' HUP
@@ -91,19 +93,21 @@ run_game() {
         exec tee -- "$3/log" <"$3/errors" >&2
     ) &
     reader=$!
-    # Opened here: the reader would wait for ever for a game that ends before it could.
+    # Opened here and not by the game: if the game ended before it opened the pipe, the reader would
+    # wait without end.
     exec {errors}>"$3/errors"
     (
         cd -- "$1" && exec "$2" 2>&"$errors" {errors}>&-
     ) &
-    player=$!
+    game_process=$!
     exec {errors}>&-
-    [[ -z $asked ]] || end_game "$asked"
+    [[ -z $end_signal ]] || end_game "$end_signal"
     status=0
-    wait "$player" || status=$?
-    while kill -0 "$player" 2>/dev/null; do
+    # A signal ends wait before the game has ended.
+    wait "$game_process" || status=$?
+    while kill -0 "$game_process" 2>/dev/null; do
         status=0
-        wait "$player" || status=$?
+        wait "$game_process" || status=$?
     done
     wait "$reader" || true
 }

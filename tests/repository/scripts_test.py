@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""The two commands and what they share."""
+"""The commands ./play and ./check, and the scripts that they use."""
 
 import json
 import os
@@ -19,7 +19,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 
-THEME = "\n".join(["0.5 0.5 0.5"] * 4 + ["1"] * 10 + ["{texture} the sheet", "1"]) + "\n"
+THEME = "\n".join(["0.5 0.5 0.5"] * 4 + ["1"] * 10 + ["{texture} a comment", "1"]) + "\n"
 
 
 def run(*command, **options):
@@ -28,7 +28,7 @@ def run(*command, **options):
 
 
 class Scripts(unittest.TestCase):
-    """Every test works in a copy of the scripts, where it may change what they find."""
+    """Each test uses its own copy of the scripts, whose files it can change."""
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -42,18 +42,18 @@ class Scripts(unittest.TestCase):
         self.commands.mkdir()
         self.environment["PATH"] = f"{self.commands}:{os.environ['PATH']}"
 
-    def shared(self, text):
-        """Runs a piece of script that uses what the commands share."""
+    def run_script(self, text):
+        """Runs lines of a script that can call the functions of scripts/common.sh."""
         return run("bash", "-c", f"set -euo pipefail; . scripts/common.sh; {text}",
                    cwd=self.root, env=self.environment)
 
     def command(self, *words):
         return run(*words, cwd=self.root, env=self.environment)
 
-    def stand_in(self, name, text, folder=None):
-        """Puts a command of our own before the machine's, or a program into a folder."""
+    def write_command(self, name, text, folder=None):
+        """Replaces a command of the system, or the program in a folder, by a shell script."""
         path = (folder or self.commands) / name
-        path.unlink(missing_ok=True)  # the former one may be running
+        path.unlink(missing_ok=True)  # the previous one may be running
         path.write_text(f"#!/bin/sh\n{text}\n")
         path.chmod(0o755)
 
@@ -72,9 +72,9 @@ class Scripts(unittest.TestCase):
             (data / name).touch()
         return data
 
-    # The scripts as texts
+    # The texts of the scripts
 
-    def test_are_clean_for_shellcheck(self):
+    def test_shellcheck_finds_no_mistake(self):
         scripts = [path for path in [*ROOT.iterdir(), *ROOT.glob("[.a-z]*/*")]
                    if path.is_file() and re.match(rb"#!.*bash|(?s:.*)\n# shellcheck shell=bash",
                                                   path.read_bytes())]
@@ -85,61 +85,62 @@ class Scripts(unittest.TestCase):
 
     # Arguments
 
-    def test_play_refuses_an_unknown_option_in_one_line(self):
+    def test_unknown_option_of_play_is_an_error_in_one_line(self):
         result = self.command("./play", "--loud")
         self.assertEqual(result.returncode, 1)
         self.assertEqual(result.stderr, "play: unknown option --loud; "
                          "usage: ./play [--set NAME] [--scale N] "
                          "[--screenshot FILE [--seconds N]]\n")
 
-    def test_play_refuses_an_option_without_its_value(self):
+    def test_option_of_play_without_its_value_is_an_error(self):
         result = self.command("./play", "--screenshot")
         self.assertEqual(result.returncode, 1)
         self.assertIn("--screenshot needs a value", result.stderr)
 
-    def test_play_refuses_seconds_that_are_no_number(self):
+    def test_seconds_that_are_not_a_whole_number_from_1_are_an_error(self):
         for seconds in ["0", "-1", "soon", "1.5", ""]:
             result = self.command("./play", "--screenshot", "x.png", "--seconds", seconds)
             self.assertEqual(result.returncode, 1)
             self.assertIn("--seconds takes a whole number from 1", result.stderr)
 
-    def test_play_refuses_a_set_that_is_not_there_and_names_those_that_are(self):
+    def test_missing_set_is_an_error_that_lists_the_sets(self):
         (self.root / "data/sets").mkdir(parents=True)
         for name, known in [("loud", "none"), ("loud", "calm quiet")]:
             for folder in known.split() if known != "none" else []:
                 (self.root / "data/sets" / folder).mkdir()
             result = self.command("./play", "--set", name)
             self.assertEqual((result.returncode, result.stdout, result.stderr),
-                             (1, "", f'play: there is no set "{name}"; there is: {known}\n'))
+                             (1, "", f'play: there is no set "{name}"; the sets are: {known}\n'))
 
-    def test_play_takes_no_path_for_a_set(self):
+    def test_path_is_not_the_name_of_a_set(self):
         (self.root / "data/sets/quiet").mkdir(parents=True)
         for name in ["", ".", "..", "../sets", "quiet/", "/tmp", "quiet/../quiet"]:
             result = self.command("./play", "--set", name)
             self.assertEqual((result.returncode, result.stderr),
-                             (1, f'play: there is no set "{name}"; there is: quiet\n'))
+                             (1, f'play: there is no set "{name}"; the sets are: quiet\n'))
 
-    def test_play_refuses_a_scale_that_is_no_number_from_1_to_10(self):
+    def test_scale_that_is_not_a_number_from_1_to_10_is_an_error(self):
         for scale in ["0", "0.5", "-1", "10", "1,5", "1.", "large", ""]:
             result = self.command("./play", "--scale", scale)
             self.assertEqual((result.returncode, result.stdout), (1, ""))
             self.assertEqual(len(result.stderr.splitlines()), 1)
             self.assertIn("play: --scale takes a number from 1 to below 10", result.stderr)
 
-    def test_check_refuses_an_unknown_preset_in_one_line(self):
+    def test_unknown_preset_of_check_is_an_error_in_one_line(self):
         result = self.command("./check", "--preset", "fast")
         self.assertEqual(result.returncode, 1)
         self.assertEqual(result.stderr, "check: there is no preset fast; "
                          "usage: ./check [--all | --preset release|debug|clang|sanitize|tidy]\n")
 
-    def test_check_refuses_everything_in_another_build(self):
+    def test_check_cannot_do_all_with_another_preset(self):
         result = self.command("./check", "--all", "--preset", "debug")
         self.assertEqual(result.returncode, 1)
-        self.assertIn("check: --all is about the release build; usage: ", result.stderr)
+        self.assertIn("check: --all does the release build, without --preset; usage: ",
+                      result.stderr)
 
     # Measuring
 
-    def test_measure_says_in_one_line_what_it_takes_and_what_it_lacks(self):
+    def test_measure_names_its_arguments_and_a_missing_program_in_one_line(self):
         for words in (["--help"], ["0"], ["many"], ["3", "4"]):
             with self.subTest(words):
                 result = self.command("scripts/measure", *words)
@@ -156,8 +157,8 @@ class Scripts(unittest.TestCase):
     def prepare_tidy(self):
         """A tree with two sources. Its name contains characters that have a meaning in regular
         expressions."""
-        self.stand_in("clang-tidy", 'for file; do :; done; [ "$file" = - ] || echo "file $file"; '
-                                    '! grep -q wrong "$file"')
+        self.write_command("clang-tidy", 'for file; do :; done; [ "$file" = - ] || '
+                                         'echo "file $file"; ! grep -q wrong "$file"')
         tree = self.root / "c++ [x]"
         shutil.copytree(ROOT / "scripts", tree / "scripts")
         for name in ("app/main.cpp", "tests/app/app_test.cpp"):
@@ -170,7 +171,8 @@ class Scripts(unittest.TestCase):
         """The status, the checked files and the errors."""
         result = run("scripts/tidy", *words, cwd=tree, env=self.environment)
         checked = re.findall(r"^file (.*)$", result.stdout, re.M)
-        return result.returncode, sorted(os.path.relpath(file, tree) for file in checked), result.stderr
+        files = sorted(os.path.relpath(file, tree) for file in checked)
+        return result.returncode, files, result.stderr
 
     def write_compile_commands(self, tree):
         (tree / "build/release/compile_commands.json").write_text(json.dumps(
@@ -208,70 +210,71 @@ class Scripts(unittest.TestCase):
 
     # Packages
 
-    def test_packages_are_read_by_section(self):
+    def test_packages_are_listed_by_section(self):
         (self.root / "packages.txt").write_text(
             "# a list\n[play]\nbash  runs\n\n[check]\nsed  edits\n# comment\ngrep  finds\n")
-        self.assertEqual(self.shared("packages play").stdout, "bash\n")
-        self.assertEqual(self.shared("packages play check").stdout, "bash\nsed\ngrep\n")
+        self.assertEqual(self.run_script("packages play").stdout, "bash\n")
+        self.assertEqual(self.run_script("packages play check").stdout, "bash\nsed\ngrep\n")
 
     def test_only_packages_that_are_not_installed_are_missing(self):
         (self.root / "packages.txt").write_text(
             "[play]\nbash  runs\nno-such-package-one  a\n[check]\nno-such-package-two  b\n")
-        self.assertEqual(self.shared("missing_packages play").stdout, "no-such-package-one\n")
+        self.assertEqual(self.run_script("missing_packages play").stdout, "no-such-package-one\n")
 
-    def test_nothing_is_said_or_done_when_nothing_is_missing(self):
+    def test_nothing_is_printed_or_installed_if_no_package_is_missing(self):
         (self.root / "packages.txt").write_text("[play]\nbash  runs\n")
-        self.stand_in("apt-get", "echo called")
-        self.stand_in("sudo", "echo called")
-        result = self.shared("install_missing play")
+        self.write_command("apt-get", "echo called")
+        self.write_command("sudo", "echo called")
+        result = self.run_script("install_missing play")
         self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
 
-    def test_what_is_missing_is_named_and_then_installed_without_questions(self):
+    def test_missing_packages_are_named_and_installed_without_questions(self):
         (self.root / "packages.txt").write_text("[play]\nbash  runs\nno-such-package  is missing\n")
-        self.stand_in("apt-get", 'echo "$DEBIAN_FRONTEND: $*"')
-        self.stand_in("sudo", '"$@"')
-        lines = self.shared("install_missing play").stdout.splitlines()
+        self.write_command("apt-get", 'echo "$DEBIAN_FRONTEND: $*"')
+        self.write_command("sudo", '"$@"')
+        lines = self.run_script("install_missing play").stdout.splitlines()
         self.assertEqual(lines[0], "Installing: no-such-package")
         self.assertRegex(lines[1], "^noninteractive: .* update$")
         self.assertRegex(lines[2], "^noninteractive: .* install -y --no-install-recommends "
                          "no-such-package$")
 
-    def test_a_failed_installation_ends_the_command(self):
+    def test_failed_installation_ends_the_command(self):
         (self.root / "packages.txt").write_text("[play]\nno-such-package  is missing\n")
-        self.stand_in("apt-get", "exit 100")
-        self.stand_in("sudo", '"$@"')
-        self.assertEqual(self.shared("install_missing play; echo went on").stdout,
+        self.write_command("apt-get", "exit 100")
+        self.write_command("sudo", '"$@"')
+        self.assertEqual(self.run_script("install_missing play; echo went on").stdout,
                          "Installing: no-such-package\n")
 
     # Data
 
-    def test_complete_data_is_not_complained_about(self):
+    def test_in_complete_data_no_file_is_unreadable(self):
         self.write_data()
-        self.assertEqual(self.shared("unreadable_data data").stdout, "")
+        self.assertEqual(self.run_script("unreadable_data data").stdout, "")
 
-    def test_every_file_that_the_game_reads_is_missed(self):
+    def test_each_missing_file_that_the_game_reads_is_named(self):
         data = self.write_data()
         for path in sorted(data.iterdir()):
             content = path.read_bytes()
             path.unlink()
             with self.subTest(missing=path.name):
-                self.assertEqual(self.shared("unreadable_data data").stdout, f"data/{path.name}\n")
+                self.assertEqual(self.run_script("unreadable_data data").stdout,
+                                 f"data/{path.name}\n")
             path.write_bytes(content)
 
-    def test_missing_files_are_named_in_one_line(self):
+    def test_several_missing_files_are_named_in_one_line(self):
         data = self.write_data()
         (data / "paper.theme").unlink()
         (data / "default.theme").unlink()
-        self.assertEqual(self.shared("unreadable_data data").stdout,
+        self.assertEqual(self.run_script("unreadable_data data").stdout,
                          "data/default.theme data/paper.theme\n")
 
-    def test_a_folder_in_a_files_place_cannot_be_read(self):
+    def test_folder_with_the_name_of_a_file_is_unreadable(self):
         data = self.write_data()
         (data / "gui.tga").unlink()
         (data / "gui.tga").mkdir()
-        self.assertEqual(self.shared("unreadable_data data").stdout, "data/gui.tga\n")
+        self.assertEqual(self.run_script("unreadable_data data").stdout, "data/gui.tga\n")
 
-    def test_a_theme_is_found_and_read_whatever_its_name(self):
+    def test_theme_with_special_characters_in_its_name_is_read(self):
         data = self.write_data()
         layout = data / "my.gui.debug"
         text = layout.read_text()
@@ -280,50 +283,51 @@ class Scripts(unittest.TestCase):
             with self.subTest(name):
                 layout.write_text(text.replace("paper.theme", name))
                 shutil.copy(data / "paper.theme", data / name)
-                self.assertEqual(self.shared("unreadable_data data").stdout, "data/paper.tga\n")
+                self.assertEqual(self.run_script("unreadable_data data").stdout, "data/paper.tga\n")
 
-    def test_what_is_no_file_is_not_waited_for(self):
+    def test_pipe_in_place_of_a_file_is_unreadable_and_not_waited_for(self):
         data = self.write_data()
         for name in ("my.gui.debug", "paper.theme", "toolkit.conf"):
             with self.subTest(name):
                 content = (data / name).read_bytes()
                 (data / name).unlink()
                 os.mkfifo(data / name)
-                self.assertEqual(self.shared("unreadable_data data").stdout, f"data/{name}\n")
+                self.assertEqual(self.run_script("unreadable_data data").stdout, f"data/{name}\n")
                 (data / name).unlink()
                 (data / name).write_bytes(content)
 
-    def test_ends_of_lines_may_be_those_of_another_system(self):
+    def test_files_with_the_line_ends_of_windows_are_read(self):
         data = self.write_data()
         for path in data.iterdir():
             path.write_bytes(path.read_bytes().replace(b"\n", b"\r\n"))
-        self.assertEqual(self.shared("unreadable_data data").stdout, "")
+        self.assertEqual(self.run_script("unreadable_data data").stdout, "")
         (data / "paper.tga").unlink()
-        self.assertEqual(self.shared("unreadable_data data").stdout, "data/paper.tga\n")
+        self.assertEqual(self.run_script("unreadable_data data").stdout, "data/paper.tga\n")
 
-    def test_a_missing_data_directory_is_named(self):
-        self.assertEqual(self.shared("unreadable_data data").stdout, "data\n")
+    def test_missing_data_directory_is_named(self):
+        self.assertEqual(self.run_script("unreadable_data data").stdout, "data\n")
 
-    def test_the_games_own_data_is_complete(self):
+    def test_data_of_the_game_is_complete(self):
         (self.root / "data").symlink_to(ROOT / "data")
-        self.assertEqual(self.shared("unreadable_data data").stdout, "")
+        self.assertEqual(self.run_script("unreadable_data data").stdout, "")
 
     # The virtual display
 
-    def test_a_virtual_display_ends_with_its_script(self):
-        result = self.shared("start_display 640x480; xdotool getdisplaygeometry; echo $display_pid")
+    def test_virtual_display_ends_with_its_script(self):
+        result = self.run_script("start_display 640x480; xdotool getdisplaygeometry; "
+                                 "echo $display_pid")
         geometry, server = result.stdout.splitlines()
         self.assertEqual(geometry, "640 480")
         self.assertFalse(Path(f"/proc/{server}").exists())
 
-    def test_a_virtual_display_ends_with_a_script_that_fails(self):
-        result = self.shared("start_display 640x480; echo $display_pid; false")
+    def test_virtual_display_ends_with_a_script_that_fails(self):
+        result = self.run_script("start_display 640x480; echo $display_pid; false")
         self.assertEqual(result.returncode, 1)
         self.assertFalse(Path(f"/proc/{result.stdout.strip()}").exists())
 
-    def test_two_virtual_displays_do_not_meet(self):
-        result = self.shared("start_display 640x480; echo $DISPLAY; first=$display_pid;"
-                             "start_display 640x480; echo $DISPLAY; kill $first")
+    def test_two_virtual_displays_have_different_numbers(self):
+        result = self.run_script("start_display 640x480; echo $DISPLAY; first=$display_pid;"
+                                 "start_display 640x480; echo $DISPLAY; kill $first")
         first, second = result.stdout.splitlines()
         self.assertNotEqual(first, second)
 
@@ -363,31 +367,31 @@ class Scripts(unittest.TestCase):
     # ./play as a whole, with a game that is already built
 
     def prepare_play(self, game):
-        """`game` takes the place of the built game."""
-        self.stand_in("cmake", "exit 0")
+        """Makes `game` the built game: the path of a program, or the text of a shell script."""
+        self.write_command("cmake", "exit 0")
         binary = self.root / "build/release/merovinska"
         binary.parent.mkdir(parents=True)
         if isinstance(game, Path):
             binary.symlink_to(game)
             (self.root / "data").symlink_to(ROOT / "data")
         else:
-            self.stand_in("merovinska", game, binary.parent)
+            self.write_command("merovinska", game, binary.parent)
             self.write_data()
 
-    def test_play_leaves_a_picture_of_the_game_where_there_is_no_display(self):
+    def test_play_saves_a_picture_of_the_game_if_there_is_no_display(self):
         self.prepare_play(BUILD / "merovinska")
         self.environment.pop("DISPLAY", None)
         result = self.command("./play")
         self.assertEqual(result.returncode, 0, result.stderr)
         picture = self.root / "build/screenshot.png"
         self.assertEqual(result.stdout.splitlines(), [
-            "There is no display: the game runs unseen for 10 seconds and leaves a picture in "
+            "There is no display: the game runs for 10 seconds and leaves a picture in "
             "build/screenshot.png.", f"The picture is in {picture}"])
         size_and_colours = run("identify", "-format", "%w %h %k", str(picture)).stdout.split()
         self.assertEqual(size_and_colours[:2], ["800", "600"])
         self.assertGreater(int(size_and_colours[2]), 16)
 
-    def test_play_takes_the_picture_on_a_display_of_its_own(self):
+    def test_play_takes_the_picture_on_a_virtual_display(self):
         self.prepare_play("echo $DISPLAY; exec sleep 60")
         (self.root / "elsewhere").mkdir()
         result = run("../play", "--screenshot", "new/x.png", "--seconds", "1",
@@ -403,7 +407,7 @@ class Scripts(unittest.TestCase):
         self.assertEqual((result.returncode, result.stdout, result.stderr),
                          (0, f"{self.root}/data\n", "to the other stream\n"))
 
-    def test_play_finds_its_tree_through_a_link_and_wherever_cd_would_look(self):
+    def test_play_finds_its_tree_when_started_by_a_link_or_with_cdpath_set(self):
         self.prepare_play("pwd")
         (self.root / "a link").symlink_to("play")
         self.environment.update(DISPLAY=":12345", CDPATH=f"{self.root.parent}:{self.root}")
@@ -414,7 +418,7 @@ class Scripts(unittest.TestCase):
                 self.assertEqual((result.returncode, result.stdout, result.stderr),
                                  (0, f"{self.root}/data\n", ""))
 
-    def test_play_lays_a_set_over_the_data_in_a_folder_of_links(self):
+    def test_play_with_a_set_links_its_files_in_place_of_those_of_the_data(self):
         self.prepare_play("pwd; cat paper.theme; cmp gui.tga ../../../data/gui.tga; "
                           "find . -type f; ls")
         self.environment["DISPLAY"] = ":12345"
@@ -429,12 +433,12 @@ class Scripts(unittest.TestCase):
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         lines = result.stdout.splitlines()
         self.assertEqual(lines[0], f"{self.root}/build/sets/quiet")
-        self.assertIn("quiet.tga the sheet", lines)
+        self.assertIn("quiet.tga a comment", lines)
         self.assertFalse([line for line in lines if line.startswith("./")], "copies, not links")
         self.assertIn("serif.ttf", lines)
         self.assertNotIn("stale.theme", lines)
 
-    def test_play_leaves_the_folder_of_a_set_to_the_game_that_runs_in_it(self):
+    def test_second_play_with_the_same_set_does_not_disturb_the_first(self):
         self.prepare_play("echo started; read line <../../../go; cat paper.theme")
         (self.root / "data/sets/quiet").mkdir(parents=True)
         self.environment["DISPLAY"] = ":12345"
@@ -442,7 +446,7 @@ class Scripts(unittest.TestCase):
         first = subprocess.Popen(["./play", "--set", "quiet"], cwd=self.root, text=True,
                                  env=self.environment, stdout=subprocess.PIPE)
         self.assertEqual(first.stdout.readline(), "started\n")
-        self.stand_in("merovinska", "echo second", self.root / "build/release")
+        self.write_command("merovinska", "echo second", self.root / "build/release")
         self.assertEqual(self.command("./play", "--set", "quiet").stdout, "second\n")
         (self.root / "go").write_text("on\n")
         said = first.stdout.read()
@@ -450,25 +454,25 @@ class Scripts(unittest.TestCase):
         self.assertEqual(first.wait(timeout=60), 0)
         self.assertEqual(said, (self.root / "data/paper.theme").read_text())
 
-    def test_play_says_what_a_set_lacks(self):
+    def test_play_names_a_file_that_a_set_needs_and_does_not_have(self):
         self.prepare_play("echo started")
         self.environment["DISPLAY"] = ":12345"
         (self.root / "data/sets/quiet").mkdir(parents=True)
         (self.root / "data/sets/quiet/paper.theme").write_text(THEME.format(texture="no.tga"))
         result = self.command("./play", "--set", "quiet")
         self.assertEqual((result.returncode, result.stdout, result.stderr),
-                         (1, "", "play: cannot be read: build/sets/quiet/no.tga\n"))
+                         (1, "", "play: cannot read build/sets/quiet/no.tga\n"))
 
     def test_every_set_of_the_game_is_complete(self):
         self.prepare_play(BUILD / "merovinska")
         for folder in sorted((ROOT / "data/sets").iterdir()):
             with self.subTest(set=folder.name):
-                result = self.shared(f'lay_over "$PWD/data" laid; '
+                result = self.run_script(f'lay_over "$PWD/data" laid; '
                                      f'lay_over "$PWD/data/sets/{folder.name}" laid; '
                                      "unreadable_data laid; rm -r laid")
                 self.assertEqual((result.stdout, result.stderr), ("", ""))
 
-    def test_play_scales_the_window_with_the_newer_library(self):
+    def test_play_scales_the_window_with_sdl12_compat(self):
         self.prepare_play(BUILD / "merovinska")
         picture = self.root / "large.png"
         result = self.command("./play", "--scale", "1.5", "--screenshot", str(picture),
@@ -476,69 +480,69 @@ class Scripts(unittest.TestCase):
         self.assertEqual(result.returncode, 0, result.stderr)
         size = run("identify", "-format", "%w %h", str(picture)).stdout
         self.assertEqual(size, "1200 900")
-        # Beyond the window of the usual size there is more than the empty screen.
+        # The part of the screen that a window of the usual size would not cover is not empty.
         corner = run("convert", str(picture), "-crop", "380x280+810+610", "-format", "%k", "info:")
         self.assertGreater(int(corner.stdout), 16)
 
-    def test_play_passes_the_scale_to_the_library_that_the_game_already_has(self):
+    def test_play_passes_the_scale_to_sdl12_compat_if_the_game_uses_it_already(self):
         self.prepare_play('echo "$SDL12COMPAT_WINDOW_SCALING ${LD_LIBRARY_PATH:-none}"')
         self.environment["DISPLAY"] = ":12345"
         self.environment.pop("LD_LIBRARY_PATH", None)
         library = self.root / "libSDL-1.2.so.0"
         library.write_text("SDL12COMPAT_WINDOW_SCALING")
-        self.stand_in("ldd", f"echo '\tlibSDL-1.2.so.0 => {library} (0x0)'")
+        self.write_command("ldd", f"echo '\tlibSDL-1.2.so.0 => {library} (0x0)'")
         self.assertEqual(self.command("./play", "--scale", "2").stdout, "2 none\n")
 
-    def test_play_names_the_package_that_scales_when_it_is_missing(self):
+    def test_play_names_the_package_sdl12_compat_if_it_is_missing(self):
         self.prepare_play("echo started")
         self.environment["DISPLAY"] = ":12345"
         library = self.root / "libSDL-1.2.so.0"
         library.touch()
-        self.stand_in("ldd", f"echo '\tlibSDL-1.2.so.0 => {library} (0x0)'")
+        self.write_command("ldd", f"echo '\tlibSDL-1.2.so.0 => {library} (0x0)'")
         result = self.command("./play", "--scale", "2")
         self.assertEqual((result.returncode, result.stdout, result.stderr),
                          (1, "", "play: --scale needs the package libsdl1.2-compat, "
                                  "which is not installed\n"))
 
-    def test_play_says_in_one_line_what_it_cannot_read_and_starts_nothing(self):
+    def test_play_names_an_unreadable_file_and_does_not_start_the_game(self):
         self.prepare_play("echo started")
         self.environment["DISPLAY"] = ":12345"
         (self.root / "data/gui.tga").unlink()
         result = self.command("./play")
         self.assertEqual((result.returncode, result.stdout, result.stderr),
-                         (1, "", "play: cannot be read: data/gui.tga\n"))
+                         (1, "", "play: cannot read data/gui.tga\n"))
 
-    def test_play_fails_when_the_game_could_not_start(self):
+    def test_play_fails_if_the_game_cannot_start(self):
         self.prepare_play("echo 'Error sending openwindow event' >&2; exit 0")
         self.environment["DISPLAY"] = ":12345"
         result = self.command("./play")
         self.assertEqual(result.returncode, 1)
-        self.assertIn("play: the game could not go on, see ", result.stderr)
+        self.assertIn("play: the game could not continue, see ", result.stderr)
 
-    def test_play_fails_with_the_games_status(self):
+    def test_play_ends_with_the_status_of_the_game(self):
         self.prepare_play("exit 3")
         self.environment["DISPLAY"] = ":12345"
         self.assertEqual(self.command("./play").returncode, 3)
 
-    def test_a_signal_to_play_ends_the_game(self):
+    def test_signal_to_play_ends_the_game(self):
         self.prepare_play("echo $$; exec sleep 60")
         self.environment["DISPLAY"] = ":12345"
         for name in ("SIGTERM", "SIGHUP"):
             with self.subTest(name):
-                # Whoever runs the tests may ignore signals, and a shell cannot undo that.
+                # A shell cannot catch a signal that was already ignored when it started.
                 play = subprocess.Popen(["env", "--default-signal", "./play"], cwd=self.root,
                                         env=self.environment, text=True, stdout=subprocess.PIPE,
                                         stderr=subprocess.DEVNULL)
                 game = int(play.stdout.readline())
                 play.send_signal(getattr(signal, name))
                 self.assertEqual(play.wait(timeout=30), 128 + getattr(signal, name))
-                # The game would hold this end open.
+                # The stream ends only when the game has ended.
                 self.assertEqual(play.stdout.read(), "")
                 play.stdout.close()
                 self.assertRaises(ProcessLookupError, os.kill, game, 0)
                 self.assertEqual(list((self.root / "build").glob("play.*/")), [])
 
-    def test_the_terminal_stops_play_and_lets_it_go_on(self):
+    def test_play_can_be_stopped_and_continued_from_the_terminal(self):
         self.prepare_play("echo game $$; exec sleep 60")
         self.environment["DISPLAY"] = ":12345"
         shell, terminal = pty.fork()
@@ -572,10 +576,10 @@ class Scripts(unittest.TestCase):
         wait_for_state("T")
         type_and_wait(b"fg\n", r"\./play\r\n")
         wait_for_state("SR")
-        type_and_wait(b"\x03", r"[$#] $")  # Ctrl+C, and the shell asks again
+        type_and_wait(b"\x03", r"[$#] $")  # Ctrl+C, and the prompt of the shell
         self.assertFalse(Path(f"/proc/{game}").exists())
 
-    def test_play_tells_when_the_game_ends_before_its_picture(self):
+    def test_play_fails_if_the_game_ends_before_its_picture_is_taken(self):
         self.prepare_play("echo 'Assert failed on here'; exit 0")
         result = self.command("./play", "--screenshot", "x.png", "--seconds", "30")
         self.assertEqual(result.returncode, 1)
