@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-set(SDL_BUILDING_LIBRARY TRUE)  # no SDLmain: our main is the program's own
+set(SDL_BUILDING_LIBRARY TRUE)  # the programs have a main() of their own and need no SDLmain
 find_package(SDL 1.2 REQUIRED)
 set(OpenGL_GL_PREFERENCE GLVND)
 find_package(OpenGL REQUIRED)

@@ -1,17 +1,17 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-# What every target of ours is compiled with. Library headers come in as SYSTEM
-# through their imported targets, so the warnings are about our own code alone.
+# The options of all targets. Headers of libraries cause no warnings, because their imported targets
+# declare them as system headers.
 add_library(merovinska_options INTERFACE)
 target_include_directories(merovinska_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(merovinska_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Woverloaded-virtual -Wnon-virtual-dtor -Wsuggest-override -Werror
-  # The toolkit's texts are made into formats before they are printed; the other compiler warns of
-  # a format that is no literal without being asked.
+  # The toolkit turns the texts that it prints into format strings. Only clang warns by default if a
+  # format string is not a literal.
   $<$<CXX_COMPILER_ID:Clang>:-Wno-format-security>
-  # The model's single-precision steps must round alike on every processor.
+  # The single-precision numbers of the model must be rounded in the same way on every processor.
   -ffp-contract=off)
 
 if(MEROVINSKA_SANITIZE)
@@ -35,14 +35,14 @@ if(MEROVINSKA_HARDEN)
     -pie -Wl,-z,relro -Wl,-z,now -Wl,--as-needed)
 endif()
 if(MEROVINSKA_FUZZ)
-  # The other compiler warns of other things; g++'s warnings are the ones that count.
+  # The warnings of clang are errors with the preset clang.
   target_compile_options(merovinska_options INTERFACE -Wno-error
     -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
     -fno-omit-frame-pointer)
   target_link_options(merovinska_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# merovinska_library(NAME FILES...): a static library of ours.
+# merovinska_library(NAME FILES...): a static library with the options of all targets.
 function(merovinska_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PUBLIC merovinska_options)
