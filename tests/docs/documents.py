@@ -1,10 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
-"""The code and the commands in the tree's documents. Run as a program,
+"""Finds the code and the commands in the documents of the tree.
 
-    documents.py DOCUMENT FOLDER
-
-it writes the document's named pieces of C++ to files in the folder."""
+documents.py DOCUMENT FOLDER     writes the named blocks of C++ to files in the folder"""
 
 import re
 import sys
@@ -13,14 +11,14 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 
-# Words that begin a command in running text, too.
+# What text between backquotes begins with if it is a command.
 PROGRAMS = re.compile(r"(\./(play|check)|(scripts|docs|fuzz|build)/\S+|cmake|ctest|kill|"
                       r"countrysim|guiview|guiart|docs/\S+)( |$)")
 
 
 @dataclass
 class Block:
-    """A fenced block: what it is, in the words behind the fence, and its lines."""
+    """A fenced block of code. `kind` and `name` are the words after the opening fence."""
     document: Path
     line: int
     kind: str
@@ -32,7 +30,7 @@ class Block:
 class Command:
     text: str
     place: str
-    output: str = None  # what the document shows; None where it shows nothing
+    output: str = None  # the output in the document; None if the document shows none
 
 
 def documents():
@@ -59,7 +57,8 @@ def blocks(document):
 
 
 def indented(document):
-    """Lines that an empty line and four blanks make code, outside of lists and fences."""
+    """The numbers of lines that are code because they are indented by four spaces after an empty
+    line. Lists and fenced blocks are left out."""
     fenced = in_list = False
     before = ""
     for number, line in enumerate(document.read_text().splitlines(), 1):
@@ -91,7 +90,7 @@ def shell(block):
 
 
 def in_text(document):
-    """Commands between backquotes in running text."""
+    """The commands between backquotes in the text of a document."""
     fenced = False
     for number, line in enumerate(document.read_text().splitlines(), 1):
         if line.lstrip().startswith("```"):

@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
-"""The commands of the documents that take minutes: builds, the search and what renews pictures. They
-run in a copy of the tree."""
+"""Runs the commands of the documents that take minutes, in a copy of the tree: the builds, the
+search, and the targets that draw pictures again."""
 
 import os
 import shutil
@@ -25,7 +25,7 @@ RENEWALS = {f"cmake --build --preset release --target {target}"
             for target in ("goldens", "renew_layout_records", "renew_theme_records", "plots")}
 PLAYS = ["./play", "./play --set large", "./play --set high-contrast --scale 1.5"]
 PICTURE = "./play --screenshot picture.png --seconds 5"
-# Shorter than written: for a second each instead of ten minutes.
+# Run for 1 second for each target instead of 600.
 FUZZING = {"fuzz/run 600": "fuzz/run 1"}
 
 SLOW = SEARCHES | set(BUILDS) | RENEWALS | {*PLAYS, PICTURE} | FUZZING.keys()
@@ -38,11 +38,11 @@ class SlowDocuments(unittest.TestCase):
         self.tree = Path(folder.name) / "tree"
         shutil.copytree(ROOT, self.tree, ignore=lambda path, names: [
             name for name in names if name == ".git" or (Path(path) == ROOT and name == "build")])
-        # What ccache keeps of the tree then serves its copy.
+        # With these, ccache reuses for the copy what it has compiled in the tree.
         self.ccache = {"CCACHE_BASEDIR": str(self.tree), "CCACHE_NOHASHDIR": "1"}
         self.environment = {**os.environ, **self.ccache}
 
-    def type_in(self, command):
+    def run_command(self, command):
         result = subprocess.run(["bash", "-c", command], cwd=self.tree, env=self.environment,
                                 stdin=subprocess.DEVNULL, capture_output=True, text=True)
         self.assertEqual(result.returncode, 0, f"{command}\n{result.stdout[-3000:]}{result.stderr}")
@@ -54,29 +54,30 @@ class SlowDocuments(unittest.TestCase):
         self.environment = {**display.environment, **self.ccache}
         return display
 
-    def test_fresh_copy_is_built_and_makes_its_pictures_again(self):
+    def test_copy_of_the_tree_can_be_built_and_draws_the_same_pictures(self):
         self.start_display()
         for command in BUILDS:
-            self.type_in(command)
+            self.run_command(command)
         self.assertTrue((self.tree / "build/release/docs/reference/index.html").exists())
         for command in sorted(RENEWALS):
-            self.type_in(command)
+            self.run_command(command)
         for folder in ("docs/plots", "docs/engine", "docs/themes"):
-            for made in sorted((self.tree / folder).iterdir()):
-                recorded = ROOT / folder / made.name
-                with self.subTest(made.name):
-                    if made.suffix == ".png":
+            for drawn in sorted((self.tree / folder).iterdir()):
+                recorded = ROOT / folder / drawn.name
+                with self.subTest(drawn.name):
+                    if drawn.suffix == ".png":
                         difference = subprocess.run(
-                            ["compare", "-metric", "MAE", recorded, made, "null:"],
+                            ["compare", "-metric", "MAE", recorded, drawn, "null:"],
                             capture_output=True, text=True)
-                        # Of 65535: another version of the library smooths edges differently.
+                        # Of 65535. Other versions of FreeType draw the edges of letters
+                        # differently.
                         self.assertLess(float(difference.stderr.split()[0]), 655,
                                         difference.stderr)
                     else:
-                        self.assertEqual(made.read_bytes(), recorded.read_bytes())
+                        self.assertEqual(drawn.read_bytes(), recorded.read_bytes())
 
-    def test_fresh_copy_plays(self):
-        self.type_in(PICTURE)
+    def test_copy_of_the_tree_can_be_played(self):
+        self.run_command(PICTURE)
         size = subprocess.run(["identify", "-format", "%wx%h", self.tree / "picture.png"],
                               capture_output=True, text=True, check=True)
         self.assertEqual(size.stdout, "800x600")
@@ -86,7 +87,7 @@ class SlowDocuments(unittest.TestCase):
                 self.play(command, display)
 
     def play(self, command, display):
-        """Starts the game, waits for its window and ends it as a player does."""
+        """Starts the game, waits for its window and ends the game with Escape."""
         with open(self.tree / "play.log", "w") as log:
             game = subprocess.Popen(command.split(), cwd=self.tree, env=self.environment,
                                     stdin=subprocess.DEVNULL, stdout=log, stderr=log)
@@ -94,28 +95,28 @@ class SlowDocuments(unittest.TestCase):
         self.addCleanup(game.kill)
         deadline = time.monotonic() + 300
 
-        def go_on():
+        def wait_a_moment():
             self.assertLess(time.monotonic(), deadline, (self.tree / "play.log").read_text())
             time.sleep(0.2)
 
         while not any(window.get_wm_name() == TITLE
                       for window in display.root.query_tree().children):
-            self.assertIsNone(game.poll(), "it ended before there was a window")
-            go_on()
+            self.assertIsNone(game.poll(), "the game ended without a window")
+            wait_a_moment()
         while game.poll() is None:
             subprocess.run(["xdotool", "key", "Escape"], env=self.environment, check=False)
-            go_on()
+            wait_a_moment()
         self.assertEqual(game.returncode, 0)
 
-    def test_tables_are_what_the_search_prints(self):
+    def test_tables_of_the_document_are_the_output_of_the_search(self):
         self.environment["COUNTRYSIM"] = str(BUILD / "tools/countrysim")
         found = {command.text: command.output for command in documents.commands()
                  if command.text in SEARCHES}
         self.assertEqual(found.keys(), SEARCHES)
         for command, shown in found.items():
             with self.subTest(command):
-                self.assertEqual(self.type_in(command), shown)
+                self.assertEqual(self.run_command(command), shown)
 
-    def test_everything_that_reads_files_is_fed_with_broken_ones(self):
+    def test_fuzz_targets_run_without_a_failure(self):
         for command in FUZZING.values():
-            self.assertNotIn("FAILED", self.type_in(command))
+            self.assertNotIn("FAILED", self.run_command(command))

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
-"""The documents tell the truth: their commands run, and what they name is there."""
+"""The documents are correct: their commands run, and the files that they name exist."""
 
 import os
 import re
@@ -21,9 +21,9 @@ BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 
 KINDS = {"sh", "console", "cpp", "layout", "theme", "conf", "change"}
 
-# What is run in place of a command that would run all of these tests again, or go on for minutes:
-# the same command with an option that makes it read its arguments and stop there.
-INSTEAD = {
+# Commands that would take minutes or run these tests again, and what the test runs instead: the
+# same command with an option that makes it end after it has read its arguments.
+REPLACEMENTS = {
     "./check": "./check --help",
     "./check --all": "./check --all --help",
     "./check --preset sanitize": "./check --preset sanitize --help",
@@ -37,14 +37,13 @@ INSTEAD = {
     "scripts/tidy FILE": f"scripts/tidy {shlex.quote(str(ROOT))}/country/military.cpp",
     "cmake --install build/release --prefix <folder>":
         "cmake --install build/release --prefix installed && test -x installed/games/merovinska",
-    # A workflow has no such option; that there is one of the name has to do. The package's own
-    # tests build it.
+    # There is no such option for workflows, so the test only checks that the name exists.
     "cmake --workflow --preset debug": "cmake --workflow --list-presets | grep '\"debug\"'",
     "cmake --workflow --preset package": "cmake --workflow --list-presets | grep '\"package\"'",
 }
 
-# Commands that never end, or speak to a game that runs; each has a test of its own below.
-WATCHED = {
+# Commands that do not end, or that need a running game. Each has its own test below.
+TESTED_BELOW = {
     "build/release/tools/guiview data/my.gui.debug",
     "kill -TSTP $(pidof merovinska)",
     "kill -CONT $(pidof merovinska)",
@@ -54,7 +53,7 @@ TOOLS = {"countrysim", "guiview", "guiart"}
 
 
 def copy_tree(folder):
-    """The tree as somebody who fetched it has it."""
+    """Copies the tree without built files and without its git repository."""
     shutil.copytree(ROOT, folder, ignore=lambda path, names: [
         name for name in names if name == ".git" or (Path(path) == ROOT and name == "build")])
     return folder
@@ -66,7 +65,7 @@ class Documents(unittest.TestCase):
         cls.temporary = tempfile.TemporaryDirectory()
         cls.addClassCleanup(cls.temporary.cleanup)
         cls.sandbox = copy_tree(Path(cls.temporary.name) / "tree")
-        # The documents speak of the release build; what was built is what is tested.
+        # The documents name the release build; these tests use the build that CTest runs for.
         (cls.sandbox / "build").mkdir()
         (cls.sandbox / "build/release").symlink_to(BUILD)
 
@@ -75,56 +74,57 @@ class Documents(unittest.TestCase):
                               stdin=subprocess.DEVNULL, capture_output=True, text=True,
                               timeout=100, **options)
 
-    def ordinary(self):
-        """The commands of the blocks that can be run as they stand."""
-        return [command for command in self.of_blocks()
-                if command.text not in INSTEAD.keys() | WATCHED | SLOW]
+    def runnable(self):
+        """The commands of the blocks that can be run unchanged."""
+        return [command for command in self.commands_of_blocks()
+                if command.text not in REPLACEMENTS.keys() | TESTED_BELOW | SLOW]
 
     @staticmethod
-    def of_blocks():
+    def commands_of_blocks():
         return [command for document in documents.documents()
                 for block in documents.blocks(document) if block.kind in ("sh", "console")
                 for command in documents.shell(block)]
 
-    def test_every_block_of_code_says_what_it_is(self):
+    def test_every_block_of_code_names_its_kind(self):
         for document in documents.documents():
             with self.subTest(document.name):
                 self.assertEqual(list(documents.indented(document)), [])
                 for block in documents.blocks(document):
                     self.assertIn(block.kind, KINDS, f"line {block.line}")
 
-    def test_every_exception_is_of_a_command_that_is_there(self):
+    def test_every_exception_is_a_command_of_the_documents(self):
         written = {command.text for command in documents.commands()}
-        self.assertEqual((INSTEAD.keys() | WATCHED | SLOW) - written, set())
+        self.assertEqual((REPLACEMENTS.keys() | TESTED_BELOW | SLOW) - written, set())
 
-    def test_there_are_commands_to_run(self):
-        self.assertGreater(len(self.ordinary()), 8)
+    def test_documents_have_commands_that_can_be_run(self):
+        self.assertGreater(len(self.runnable()), 8)
 
-    def test_commands_run(self):
-        for command in self.ordinary():
+    def test_commands_succeed_with_the_output_that_the_documents_show(self):
+        for command in self.runnable():
             with self.subTest(command.text, place=command.place):
                 result = self.run_in_sandbox(command.text)
                 self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
                 if command.output is not None:
                     self.assertEqual(result.stdout, command.output)
 
-    def test_arguments_of_long_commands_are_understood(self):
+    def test_arguments_of_replaced_commands_are_accepted(self):
         written = {command.text for command in documents.commands()}
-        for command, instead in INSTEAD.items():
+        for command, replacement in REPLACEMENTS.items():
             if command in written:
                 with self.subTest(command):
-                    result = self.run_in_sandbox(instead)
+                    result = self.run_in_sandbox(replacement)
                     self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
 
-    def test_commands_in_running_text_are_known(self):
-        known = ({command.text for command in self.of_blocks()} | INSTEAD.keys() | SLOW)
+    def test_commands_in_the_text_exist(self):
+        known = ({command.text for command in self.commands_of_blocks()}
+                 | REPLACEMENTS.keys() | SLOW)
         for command in documents.commands():
             program, *arguments = command.text.split()
             if command.output is not None or command.text in known:
                 continue
             with self.subTest(command.text, place=command.place):
                 name = program.removeprefix("build/release/tools/")
-                if name in TOOLS:  # with a FILE or a FROM-TO, or as a part of a command
+                if name in TOOLS:  # with a placeholder such as FILE, or without some arguments
                     shown = self.run_in_sandbox(f"build/release/tools/{name} --help").stdout
                     for option in arguments:
                         if option.startswith("-"):
@@ -133,22 +133,22 @@ class Documents(unittest.TestCase):
                     self.assertTrue(program.startswith("build/")
                                     or (self.sandbox / program).exists())
                 else:
-                    self.fail("what would happen if somebody typed this?")
+                    self.fail("this command is not tested")
 
-    def test_code_that_is_shown_as_an_example_is_the_trees(self):
+    def test_code_without_a_name_is_from_a_source_file(self):
         sources = [path.read_text().splitlines() for folder in ("quarn2", "glwidget", "country",
                                                                 "app", "tests")
                    for path in (ROOT / folder).rglob("*.cpp")]
         for document in documents.documents():
             for block in documents.blocks(document):
-                if block.kind != "cpp" or block.name:  # what has a name is compiled
+                if block.kind != "cpp" or block.name:  # named blocks are compiled by another test
                     continue
                 lines = {line for line in block.lines if not line.strip().startswith("//")}
                 with self.subTest(f"{document.name}:{block.line}"):
                     self.assertTrue(any(lines - {""} <= set(source) for source in sources),
                                     "no file has all of these lines")
 
-    def test_links_lead_somewhere(self):
+    def test_targets_of_links_exist(self):
         for document in documents.documents():
             text = re.sub(r"^```.*?^```", "", document.read_text(), flags=re.M | re.S)
             for target in re.findall(r"\]\(([^)]+)\)", text):
@@ -161,7 +161,7 @@ class Documents(unittest.TestCase):
                     if anchor:
                         self.assertIn(anchor, anchors(file.read_text()))
 
-    def test_layout_is_shown_in_a_window(self):
+    def test_guiview_shows_the_layout_in_a_window(self):
         display = Screen(log=self.sandbox / "display.log")
         self.addCleanup(display.close)
         viewer = subprocess.Popen(
@@ -177,7 +177,7 @@ class Documents(unittest.TestCase):
             time.sleep(0.05)
         self.assertIsNone(viewer.poll())
 
-    def test_game_is_paused_and_goes_on(self):
+    def test_game_can_be_paused_and_continued(self):
         game = Game(self.sandbox / "paused")
         self.addCleanup(game.close)
         game.wait_until_started()
@@ -186,20 +186,20 @@ class Documents(unittest.TestCase):
             status = Path(f"/proc/{game.process.pid}/status").read_text()
             return re.search(r"State:\s+(\w)", status)[1]
 
-        def type_in(command):
-            # Other games may run here, so that this one's number is what pidof finds.
+        def run_command(command):
+            # Other games may run on this machine, so pidof is replaced.
             result = self.run_in_sandbox(f"pidof() {{ echo {game.process.pid}; }}; {command}")
             self.assertEqual((result.returncode, result.stderr), (0, ""))
 
-        type_in("kill -TSTP $(pidof merovinska)")
-        game.wait(lambda: state() == "T", "the game stopped")
-        type_in("kill -CONT $(pidof merovinska)")
-        game.wait(lambda: state() != "T", "the game went on")
-        game.click("update")  # and it listens
+        run_command("kill -TSTP $(pidof merovinska)")
+        game.wait(lambda: state() == "T", "the game to stop")
+        run_command("kill -CONT $(pidof merovinska)")
+        game.wait(lambda: state() != "T", "the game to continue")
+        game.click("update")  # waits until the game reacts
 
 
 class Reference(unittest.TestCase):
-    """What doxygen makes of the headers."""
+    """The reference that doxygen makes from the headers."""
 
     def doxygen(self, *changes, tree=ROOT):
         configuration = (BUILD / "docs/Doxyfile").read_text().replace(str(ROOT), str(tree))
@@ -207,28 +207,28 @@ class Reference(unittest.TestCase):
             changed = "\n".join([configuration, f'OUTPUT_DIRECTORY = "{folder}"', *changes])
             return subprocess.run(["doxygen", "-"], input=changed, capture_output=True, text=True)
 
-    def test_is_made_without_a_warning(self):
+    def test_reference_is_made_without_a_warning(self):
         result = self.doxygen()
         self.assertEqual((result.returncode, result.stderr), (0, ""))
 
-    def test_is_made_in_a_folder_whose_name_has_blanks(self):
+    def test_reference_is_made_in_a_folder_with_spaces_in_its_name(self):
         with tempfile.TemporaryDirectory(prefix="a tree ") as tree:
             for folder in ("quarn2", "glwidget", "country", "app"):
                 shutil.copytree(ROOT / folder, Path(tree) / folder)
             result = self.doxygen(tree=tree)
             self.assertEqual((result.returncode, result.stderr), (0, ""))
 
-    def test_every_class_and_free_function_has_its_words(self):
+    def test_every_class_and_free_function_has_a_comment(self):
         found = self.doxygen("WARN_IF_UNDOCUMENTED = YES", "WARN_AS_ERROR = NO").stderr
-        self.assertIn("is not documented", found)  # members whose names say it all have none
-        wordless = {line for line in found.splitlines()
-                    if re.search(r"Compound .* is not documented|\(function\) of (namespace|file)",
-                                 line)}
-        self.assertEqual(wordless, set())
+        self.assertIn("is not documented", found)  # doxygen warns: some members have no comment
+        uncommented = {line for line in found.splitlines()
+                       if re.search(r"Compound .* is not documented|"
+                                    r"\(function\) of (namespace|file)", line)}
+        self.assertEqual(uncommented, set())
 
 
 def anchors(text):
-    """The names that headings get, the second of two equal ones with a number."""
+    """The anchors of the headings. The second of two equal headings gets a number."""
     found = []
     fenced = False
     for line in text.splitlines():

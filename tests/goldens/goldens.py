@@ -1,10 +1,11 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""The game's pictures in every set and pose, and how they are compared.
+"""The golden pictures: how the game looks with every set in several situations, called poses. Draws
+and compares them.
 
-goldens.py draw SET     draws a set's poses into the build
-goldens.py renew        draws all and keeps them as the pictures to compare with"""
+goldens.py draw SET     draws the poses of a set into the build folder
+goldens.py renew        draws the poses of all sets and makes them the golden pictures"""
 
 import os
 import shutil
@@ -16,16 +17,17 @@ from PIL import Image, ImageChops, ImageStat
 
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
-KEPT = Path(__file__).resolve().parent / "pictures"
-OWN = "own"
+GOLDENS = Path(__file__).resolve().parent / "pictures"
+OWN = "own"  # the name for the data of the game without a set
 
-# Drivers differ in how they round the edges of glyphs and lines, never in whole areas.
-LARGEST = 64  # of 255, in one channel of one pixel
-MEAN = 0.5  # of 255, over all
+# The largest allowed differences, of 255. Drivers round differently at the edges of letters and
+# lines, but not in whole areas.
+LARGEST = 64  # of one channel of one pixel
+MEAN = 0.5  # of all pixels
 
 
 def sets():
-    """The game's own data, and those that lie over it."""
+    """The game's own data and the sets of data/sets."""
     return [OWN, *sorted(path.name for path in (ROOT / "data/sets").glob("*") if path.is_dir())]
 
 
@@ -34,7 +36,7 @@ def drawn(name):
 
 
 def draw(name):
-    """The set's poses in drawn(name)."""
+    """Draws the poses of a set into the folder drawn(name)."""
     folder = drawn(name)
     shutil.rmtree(folder, ignore_errors=True)
     data = folder / "data"
@@ -56,7 +58,8 @@ def poses(folder):
 
 
 def compare(actual, expected):
-    """What is wrong with a picture, or None, and the difference to look at, or None."""
+    """Returns a description of the difference and a picture that shows it. Each is None if there is
+    nothing to say or to show."""
     if actual.size != expected.size:
         return f"is {actual.size} pixels instead of {expected.size}", None
     difference = ImageChops.difference(actual.convert("RGB"), expected.convert("RGB"))
@@ -69,13 +72,13 @@ def compare(actual, expected):
 
 
 def renew():
-    shutil.rmtree(KEPT, ignore_errors=True)
+    shutil.rmtree(GOLDENS, ignore_errors=True)
     for name in sets():
         draw(name)
-        (KEPT / name).mkdir(parents=True)
+        (GOLDENS / name).mkdir(parents=True)
         for pose in poses(drawn(name)):
             with Image.open(drawn(name) / f"{pose}.png") as picture:
-                picture.convert("RGB").save(KEPT / name / f"{pose}.png", optimize=True)
+                picture.convert("RGB").save(GOLDENS / name / f"{pose}.png", optimize=True)
 
 
 if __name__ == "__main__":

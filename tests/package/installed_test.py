@@ -1,7 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""The package installed into a clean root, played from there, and removed, on both SDL libraries."""
+"""Installs the package into an empty folder, plays the installed game and removes the package.
+CTest runs it on SDL 1.2 and on sdl12-compat."""
 
 import os
 import shutil
@@ -10,12 +11,12 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from driver import BAD_NEWS, SIZE, Game, play_folder
+from driver import FAILURE_REPORTS, SIZE, Game, play_folder
 from package_test import package
 
 
 class InstalledGame(Game):
-    """The launcher is the process that was started, and the game its child."""
+    """The started process is the launcher; the game is its child."""
 
     def game_process(self):
         pids = Path(f"/proc/{self.process.pid}/task/{self.process.pid}/children").read_text()
@@ -40,8 +41,8 @@ class InstalledPackage(unittest.TestCase):
         self.elsewhere = Path(folder.name) / "elsewhere"
         for path in (self.home, self.elsewhere):
             path.mkdir()
-        # An empty Debian that believes to have what this machine has, so that dpkg looks at the
-        # package's dependencies. Their files are this machine's; of the fonts a link leads there.
+        # An empty Debian with the list of packages of this machine, so that dpkg finds what the
+        # package depends on. The game uses the libraries of this machine, and by a link its fonts.
         records = self.root / "var/lib/dpkg"
         for name in ("info", "updates", "triggers"):
             (records / name).mkdir(parents=True)
@@ -68,7 +69,7 @@ class InstalledPackage(unittest.TestCase):
         self.addCleanup(game.close)
         return game
 
-    def test_it_is_installed_played_and_removed_without_a_trace(self):
+    def test_game_can_be_installed_played_and_removed_and_leaves_no_files(self):
         before = self.files()
         self.dpkg("--install", str(package()))
         self.assertIn("usr/games/merovinska", self.files())
@@ -78,16 +79,16 @@ class InstalledPackage(unittest.TestCase):
         game.wait_until_started()
         self.assertEqual(game.loaded_sdl(), Path(os.environ["MEROVINSKA_SDL_FOLDER"]).resolve())
         self.assertEqual(game.window.get_wm_class(), ("merovinska", "merovinska"))
-        day = 0.72  # of the date's label; the clock changes only the rest of it
+        day = 0.72  # the part of the date's label in front of the time of day
         before_week = game.at_rest("date", day)
         game.click("farmers++")
         game.click("update")
         game.wait(lambda: game.look("date", day) != before_week, "another day")
         game.xdotool("keydown", "Escape")
         self.assertEqual(game.ended(), 0, game.stderr)
-        self.assertNotRegex(game.stderr, BAD_NEWS)
+        self.assertNotRegex(game.stderr, FAILURE_REPORTS)
 
-        # Playing changes nothing that is installed, and leaves nothing with the player.
+        # The game has changed no installed file and written nothing into the player's folders.
         self.assertEqual(self.files(), installed)
         self.assertEqual([*self.home.rglob("*")], [])
         self.assertEqual([*self.elsewhere.iterdir()], [])
@@ -96,7 +97,7 @@ class InstalledPackage(unittest.TestCase):
         self.assertEqual(self.files(), before)
         self.assertEqual([*(self.root / "var/lib/dpkg/info").glob("merovinska*")], [])
 
-    def test_a_set_and_a_scale_are_played(self):
+    def test_game_can_be_played_with_a_set_and_a_scale(self):
         self.dpkg("--install", str(package()))
         game = self.start("--set", "large", "--scale", "1.5")
         window = game.wait(game.find_window, "the window")
@@ -107,14 +108,14 @@ class InstalledPackage(unittest.TestCase):
         data = self.root / "usr/share/games/merovinska"
         self.assertEqual((folder / "default.theme").resolve(), data / "sets/large/default.theme")
         self.assertEqual((folder / "gui.tga").resolve(), data / "gui.tga")
-        # The window is there a moment before it listens.
+        # The window is shown some time before the game reads keys.
         game.wait(lambda: game.xdotool("key", "Escape") or game.process.poll() is not None,
                   "the end", may_end=True)
         self.assertEqual(game.ended(), 0, game.stderr)
-        self.assertNotRegex(game.stderr, BAD_NEWS)
+        self.assertNotRegex(game.stderr, FAILURE_REPORTS)
         self.assertEqual([*self.home.rglob("*")], [])
 
-    def test_the_installed_data_is_complete(self):
+    def test_installed_data_is_complete(self):
         self.dpkg("--install", str(package()))
         sdl = {name: value for name, value in os.environ.items() if name == "LD_LIBRARY_PATH"}
         result = subprocess.run([self.root / "usr/games/merovinska", "--check-data"],

@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""Plays the real game: starts it on a virtual display of its own, moves the mouse, presses keys
-and looks at the picture. Nothing in the game helps; what a play knows, a player could see."""
+"""Plays the real game: starts it on its own virtual display, moves the mouse, presses keys and
+reads the pixels of the screen. A play uses nothing that a player could not see."""
 
 import functools
 import os
@@ -23,25 +23,26 @@ TITLE = "Quarn Application"
 SIZE = (800, 600)
 SCREEN = (1280, 1024)
 
-# Waiting ends as soon as its condition holds; this long only when something is broken. A sanitized
-# build on a busy machine is slow.
-PATIENCE = 90.0
-POLL = 0.02
-# A picture that stayed the same this long has come to rest: a highlight takes 0.2 seconds.
-REST = 0.4
+# All times are in seconds. A wait ends as soon as its condition is true. Only a failing test waits
+# until the timeout, which is long because a build with sanitizers on a busy machine is slow.
+TIMEOUT = 90.0
+POLL_INTERVAL = 0.02
+# Pixels that stay the same for this time will not change again: a highlight fades in 0.2 seconds.
+REST_TIME = 0.4
 
-TRICKLE = 0.25  # how long one attempt may stay unnoticed before it is repeated
+RETRY_TIME = 0.25  # after which a movement of the mouse without an effect is repeated
 
-BAD_NEWS = re.compile("Assert failed on|Error sending|Invalid Tag Widget|runtime error:|Sanitizer")
+FAILURE_REPORTS = re.compile("Assert failed on|Error sending|Invalid Tag Widget|runtime error:|"
+                             "Sanitizer")
 
 
-class Broken(AssertionError):
-    """The game did not do what the play waited for."""
+class PlayFailed(AssertionError):
+    """The game did not do what the play was waiting for."""
 
 
 class Widget:
     def __init__(self, line):
-        self.tag, self.kind, *box, self.behind = line.split("\t")
+        self.tag, self.kind, *box, self.tab = line.split("\t")
         self.left, self.top, self.right, self.bottom = map(int, box)
 
     @property
@@ -51,7 +52,7 @@ class Widget:
 
 @functools.cache
 def widgets():
-    """What tests/plays/widgetmap found."""
+    """The widgets of the game by their tags. The program widgetmap has written them to a file."""
     lines = (BUILD / "tests/plays/widgets.tsv").read_text().splitlines()
     return {widget.tag: widget for widget in map(Widget, lines)}
 
@@ -75,8 +76,8 @@ class Screen(VirtualDisplay):
 
 
 class Game:
-    """One run of the game, or of another program that plays it. Its streams go to files in
-    `folder`. `settings` are added to its environment."""
+    """One run of the game, or of another program that contains it. Its output and its errors are
+    written to files in `folder`. `settings` are added to its environment."""
 
     def __init__(self, folder, command=(BUILD / "merovinska",), cwd=ROOT / "data", settings=()):
         self.folder = folder
@@ -88,11 +89,11 @@ class Game:
         with open(folder / "stdout", "w") as stdout, open(folder / "stderr", "w") as stderr:
             self.process = subprocess.Popen(command, cwd=cwd, env=environment,
                                             stdin=subprocess.DEVNULL, stdout=stdout, stderr=stderr,
-                                            # SIGTSTP does not stop a group whose parents are all
-                                            # outside its session, as a check's may be.
+                                            # SIGTSTP does not stop a process group whose parent
+                                            # processes are all in another session.
                                             process_group=0)
         self.pointer = None
-        self.tab = {}
+        self.open_tabs = {}
 
     def close(self):
         if self.process.poll() is None:
@@ -100,7 +101,7 @@ class Game:
             self.process.wait()
         self.display.close()
 
-    # What can be seen
+    # What a player sees
 
     @property
     def stderr(self):
@@ -120,19 +121,19 @@ class Game:
             try:
                 if window.get_wm_name() == TITLE:
                     return window
-            except BadWindow:  # one that the library opened to try something, and closed again
+            except BadWindow:  # SDL opened a window for a test, and has closed it again
                 pass
         return None
 
     def grab(self, left, top, right, bottom):
-        """The pixels of a part of the window, borders included."""
+        """The pixels of a part of the window. All four sides belong to the part."""
         return self.display.root.get_image(self.origin[0] + left, self.origin[1] + top,
                                            right - left + 1, bottom - top + 1,
                                            X.ZPixmap, 0xFFFFFFFF).data
 
     def look(self, tag, part=1.0):
-        """A widget's pixels, or those of the given part from its left. Of a slider only the strip
-        along its line is looked at: the text of a neighbour may reach into the rest of its box."""
+        """A widget's pixels, or those of the left part of it. Of a slider only the strip along its
+        line: the text of a neighbouring label may reach into the rest of its box."""
         widget = widgets()[tag]
         left, top, right, bottom = widget.left, widget.top, widget.right, widget.bottom
         if widget.kind == "Slider":
@@ -146,26 +147,26 @@ class Game:
 
     # Waiting
 
-    def wait(self, condition, what, patience=PATIENCE, may_end=False):
-        """Until the condition gives something true, which is returned."""
-        end = time.monotonic() + patience
+    def wait(self, condition, what, timeout=TIMEOUT, may_end=False):
+        """Waits until the condition returns a true value, and returns that value."""
+        end = time.monotonic() + timeout
         while True:
             found = condition()
             if found:
                 return found
             if not may_end and self.process.poll() is not None:
-                raise Broken(f"the game ended with {self.process.returncode} before {what}\n"
-                             f"{self.stderr[-2000:]}")
+                raise PlayFailed(f"the game ended with {self.process.returncode} while the play "
+                                 f"waited for {what}\n{self.stderr[-2000:]}")
             if time.monotonic() > end:
                 self.take_picture()
-                raise Broken(f"waited in vain for {what}, see {self.folder}")
-            time.sleep(POLL)
+                raise PlayFailed(f"waited {timeout} seconds for {what}, see {self.folder}")
+            time.sleep(POLL_INTERVAL)
 
     def wait_for_change(self, tag, before, part=1.0):
         self.wait(lambda: self.look(tag, part) != before, f"a change of {tag}")
 
     def at_rest(self, tag, part=1.0):
-        """The widget's pixels once they stay the same."""
+        """The widget's pixels, after they have stayed the same for a while."""
         last = self.look(tag, part)
         since = time.monotonic()
 
@@ -174,45 +175,46 @@ class Game:
             now = self.look(tag, part)
             if now != last:
                 last, since = now, time.monotonic()
-            return time.monotonic() - since > REST
+            return time.monotonic() - since > REST_TIME
 
-        self.wait(rests, f"{tag} to come to rest")
+        self.wait(rests, f"{tag} to stop changing")
         return last
 
     def wait_until_started(self):
         self.window = self.wait(self.find_window, f'a window "{TITLE}"')
-        self.wait(lambda: self.window.get_attributes().map_state == X.IsViewable, "its window")
+        self.wait(lambda: self.window.get_attributes().map_state == X.IsViewable,
+                  "its window to be shown")
         place = self.window.translate_coords(self.display.root, 0, 0)
         self.origin = -place.x, -place.y
         for label in ("farmerslab", "popinfo", "date"):
             self.wait(lambda: len(set(memoryview(self.look(label)).cast("I"))) > 2,
-                      f"{label} to be filled")
+                      f"the text of {label}")
 
     def take_picture(self):
         subprocess.run(["import", "-window", "root", str(self.folder / "failed.png")],
                        env=self.environment, check=False)
 
-    # What hands can do
+    # What a player does
 
     def xdotool(self, *words):
         subprocess.run(["xdotool", *map(str, words)], env=self.environment, check=True,
-                       stdout=subprocess.DEVNULL, timeout=PATIENCE)
+                       stdout=subprocess.DEVNULL, timeout=TIMEOUT)
 
     def move(self, x, y):
         self.pointer = x, y
         self.xdotool("mousemove", self.origin[0] + x, self.origin[1] + y)
 
-    def bring_up(self, tag):
-        """Presses the tab button that the widget is behind."""
-        behind = widgets()[tag].behind
-        window = behind.partition("tab")[0]
-        if behind != "-" and self.tab.get(window) != behind:
-            self.click(behind)
-            self.tab[window] = behind
+    def open_tab_of(self, tag):
+        """Opens the tab that the widget is in, by a click on the tab's button."""
+        tab = widgets()[tag].tab
+        window = tab.partition("tab")[0]
+        if tab != "-" and self.open_tabs.get(window) != tab:
+            self.click(tab)
+            self.open_tabs[window] = tab
 
     def hover(self, tag, point=None):
-        """Puts the mouse over a widget and waits until it is lit. The first motion of all is
-        not noticed by the game, so the hand trembles until the widget has seen it."""
+        """Moves the mouse over a widget and waits until the widget is highlighted. The game does
+        not notice the very first movement, so the mouse is moved to and fro until it does."""
         widget = widgets()[tag]
         x, y = point or widget.middle
         if self.pointer is not None:
@@ -221,48 +223,48 @@ class Game:
                 self.move(x, y)
                 self.at_rest(tag)
                 return
-        dark = self.at_rest(tag)
-        tremble = 0
+        before = self.at_rest(tag)
+        offset = 0
 
-        def lit():
-            nonlocal tremble
-            self.move(x + tremble, y)
-            tremble = 1 - tremble
-            end = time.monotonic() + TRICKLE
+        def highlighted():
+            nonlocal offset
+            self.move(x + offset, y)
+            offset = 1 - offset
+            end = time.monotonic() + RETRY_TIME
             while time.monotonic() < end:
-                if self.look(tag) != dark:
+                if self.look(tag) != before:
                     return True
-                time.sleep(POLL)
+                time.sleep(POLL_INTERVAL)
             return False
 
-        self.wait(lit, f"{tag} to notice the mouse")
+        self.wait(highlighted, f"the highlight of {tag}")
         self.move(x, y)
         self.at_rest(tag)
 
     def click(self, tag):
-        """Presses and releases the left button over a button, each for as long as the game
-        needs to show it."""
-        self.bring_up(tag)
+        """Presses the left mouse button over a button, waits until the game shows the button
+        pressed, and releases it."""
+        self.open_tab_of(tag)
         self.hover(tag)
-        lit = self.look(tag)
+        before = self.look(tag)
         self.xdotool("mousedown", 1)
-        self.wait_for_change(tag, lit)
+        self.wait_for_change(tag, before)
         self.xdotool("mouseup", 1)
 
     def press(self, tag):
-        """Presses the left button over something that goes away by it."""
-        self.bring_up(tag)
+        """Presses the left mouse button over a widget that the click removes."""
+        self.open_tab_of(tag)
         self.hover(tag)
         self.xdotool("mousedown", 1)
 
     def grip(self, tag, start):
-        """Takes a slider's knob in the hand: presses, and moves until the knob follows.
-        Returns the direction of the track."""
+        """Presses the left mouse button over a slider's knob, and moves the mouse until the knob
+        follows. Returns whether the slider is horizontal."""
         widget = widgets()[tag]
         horizontal = widget.right - widget.left > widget.bottom - widget.top
-        self.bring_up(tag)
+        self.open_tab_of(tag)
         self.hover(tag, start)
-        lit = self.look(tag)
+        before = self.look(tag)
         self.xdotool("mousedown", 1)
         x, y = start
         step = 0
@@ -271,22 +273,22 @@ class Game:
             nonlocal step
             step += 3
             self.move(*((x + step, y) if horizontal else (x, y - step)))
-            end = time.monotonic() + TRICKLE
+            end = time.monotonic() + RETRY_TIME
             while time.monotonic() < end:
-                if self.look(tag) != lit:
+                if self.look(tag) != before:
                     return True
-                time.sleep(POLL)
+                time.sleep(POLL_INTERVAL)
             return False
 
-        self.wait(follows, f"the knob of {tag} to follow")
+        self.wait(follows, f"a movement of the knob of {tag}")
         return horizontal
 
     def drag(self, tag, fraction, level=0.0):
-        """Drags a slider that stands at the level by this fraction of its box."""
+        """Drags a slider that is at `level` by this fraction of the length of its box."""
         widget = widgets()[tag]
         width, height = widget.right - widget.left, widget.bottom - widget.top
         x, y = widget.middle
-        knob = min(max(width, height) // 10, 10)  # from the box's end to where the knob ends
+        knob = min(max(width, height) // 10, 10)  # pixels from the end of the box to the knob
         if width > height:
             start = widget.left + knob + int((width - 2 * knob) * level), y
             target = start[0] + int(width * fraction), y
@@ -300,7 +302,7 @@ class Game:
         self.at_rest(tag)
 
     def close_window(self):
-        """What a window manager does when its close button is pressed."""
+        """Asks the window to close, as a window manager does when its close button is pressed."""
         connection = self.display.connection
         request = protocol.ClientMessage(
             window=self.window, client_type=connection.intern_atom("WM_PROTOCOLS"),
@@ -312,6 +314,6 @@ class Game:
         self.process.send_signal(getattr(signal, name))
 
     def ended(self):
-        """The exit status, once the game is gone."""
+        """Waits for the end of the game, and returns its exit status."""
         self.wait(lambda: self.process.poll() is not None, "the end of the game", may_end=True)
         return self.process.returncode

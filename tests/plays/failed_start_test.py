@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""A start of the game that fails. Its end is as clean as any other's."""
+"""A start of the game that fails. CTest runs it on SDL 1.2 and on sdl12-compat."""
 
 import os
 import subprocess
@@ -11,7 +11,7 @@ from driver import BUILD, ROOT
 
 
 class FailedStart(unittest.TestCase):
-    def test_without_a_display_it_is_reported_and_ends_with_status_0(self):
+    def test_game_without_a_display_reports_it_and_ends_with_status_0(self):
         environment = {**os.environ, "SDL_VIDEODRIVER": "x11"}
         environment.pop("DISPLAY", None)
         run = subprocess.run([BUILD / "merovinska"], cwd=ROOT / "data", env=environment,

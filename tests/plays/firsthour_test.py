@@ -1,8 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""A player's first hour with a real mouse and keyboard, on both SDL libraries. The game is watched
-from inside: in every frame each label is compared with the country's numbers."""
+"""The first hour of a player with a real mouse and keyboard. CTest runs it on SDL 1.2 and on
+sdl12-compat. In every frame, the program watchedgame compares each label with the country's
+numbers."""
 
 import json
 import os
@@ -11,23 +12,24 @@ import time
 import unittest
 from pathlib import Path
 
-from driver import BAD_NEWS, BUILD, Game, play_folder
+from driver import BUILD, FAILURE_REPORTS, Game, play_folder
 
 WEEK = 604800
-GRACE_WEEKS = 48
+FED_WEEKS = 48  # for which the country has enough food
 LAST_WEEK = 60
 FIRST_MEASURED_WEEK = 5
 MIB = 1024  # KiB
-# Blocks from this size on go back to the system as soon as they are free, so that between two
-# pictures nothing counts that the driver takes for one.
+# The C library returns freed blocks of at least this size to the system at once. What Mesa
+# allocates for one picture is therefore not counted between two pictures.
 LARGE_BLOCK = {"MALLOC_MMAP_THRESHOLD_": "32768"}
-LOOKS = 150
-# The sanitizers keep what was freed for a while, and report leaks themselves.
+MEMORY_SAMPLES = 150
+# The sanitizers keep freed memory for a while, and report leaks themselves.
 SANITIZED = os.environ["MEROVINSKA_SANITIZE"] == "ON"
 
-ATTEMPT = 3.0  # seconds that one press may stay without an effect before it is repeated
-# Between a release and the next press the game must have drawn a frame to tell them apart.
-BREATH = 0.1
+ATTEMPT = 3.0  # seconds after which a press without an effect is repeated
+# Seconds between a release and the next press. The game must draw a frame between them to notice
+# both.
+PAUSE = 0.1
 
 FARMERS, BUTCHERS = range(2)
 LIVESTOCK, GRAIN = range(2)
@@ -37,24 +39,25 @@ class FirstHour(unittest.TestCase):
     def setUp(self):
         folder = play_folder(self)
         folder.mkdir(parents=True, exist_ok=True)
-        self.diary = folder / "diary"
-        self.diary.unlink(missing_ok=True)
-        self.game = Game(folder, [BUILD / "tests/plays/watchedgame", self.diary], settings=LARGE_BLOCK)
+        self.log = folder / "log"
+        self.log.unlink(missing_ok=True)
+        self.game = Game(folder, [BUILD / "tests/plays/watchedgame", self.log],
+                         settings=LARGE_BLOCK)
         self.addCleanup(self.game.close)
         self.game.wait_until_started()
 
     @property
     def state(self):
-        """The diary's last whole line."""
-        whole = self.diary.read_bytes().rpartition(b"\n")[0]
+        """What watchedgame wrote last: the last complete line of its log."""
+        whole = self.log.read_bytes().rpartition(b"\n")[0]
         return json.loads(whole.rpartition(b"\n")[2])
 
     def until(self, condition, what):
         self.game.wait(lambda: condition(self.state), what)
 
     def press(self, tag, condition, what):
-        """One click on a button, until what it does has happened."""
-        self.game.bring_up(tag)
+        """Clicks on a button until the condition is true."""
+        self.game.open_tab_of(tag)
         self.game.hover(tag)
 
         def happens():
@@ -63,7 +66,7 @@ class FirstHour(unittest.TestCase):
             while not (done := condition(self.state)) and time.monotonic() < end:
                 time.sleep(0.02)
             self.game.xdotool("mouseup", 1)
-            time.sleep(BREATH)
+            time.sleep(PAUSE)
             return done
 
         self.game.wait(happens, what)
@@ -75,18 +78,18 @@ class FirstHour(unittest.TestCase):
                        f"more {name}")
 
     def order(self, stock, slider, fraction):
-        self.game.bring_up(slider)
+        self.game.open_tab_of(slider)
         self.game.drag(slider, fraction)
         self.until(lambda state: state["orders"][stock] > 0, "an order")
 
     def resident(self):
-        """KiB of memory that the game has in use, at the least of many looks."""
-        least = []
-        for _ in range(LOOKS):
+        """The KiB of memory that the game uses: the lowest of many samples."""
+        samples = []
+        for _ in range(MEMORY_SAMPLES):
             status = Path(f"/proc/{self.game.process.pid}/status").read_text()
-            least.append(int(re.search(r"VmRSS:\s*(\d+) kB", status)[1]))
+            samples.append(int(re.search(r"VmRSS:\s*(\d+) kB", status)[1]))
             time.sleep(0.02)
-        return min(least)
+        return min(samples)
 
     def play_a_week(self):
         before = self.state
@@ -97,8 +100,8 @@ class FirstHour(unittest.TestCase):
         if self.state["story"] != before["story"]:
             self.game.wait_for_change("paperlab", paper)
 
-    def test_a_first_hour_shows_at_every_moment_what_the_country_is(self):
-        # Nobody hungers: a little more on the plates, and hands enough to grow it.
+    def test_labels_show_the_numbers_of_the_country_in_every_frame_of_the_first_hour(self):
+        # Raise the rations and employ enough workers, so that nobody is hungry.
         for name in ("lration", "gration"):
             label = self.game.look(name + "lab")
             self.game.click(name + "++")
@@ -125,23 +128,23 @@ class FirstHour(unittest.TestCase):
         self.press("buybut", lambda state: state["asked"], "a refusal")
         self.assertEqual(self.state["orders"], before["orders"])
         self.game.press("__msgbox_ok")
-        self.until(lambda state: not state["asked"], "the box to go away")
+        self.until(lambda state: not state["asked"], "the message box to close")
         self.game.xdotool("mouseup", 1)
 
-        struck = False
+        disaster = False
         for week in range(1, LAST_WEEK + 1):
             self.play_a_week()
             state = self.state
-            if week <= GRACE_WEEKS:
+            if week <= FED_WEEKS:
                 self.assertFalse(state["hungry"] or state["famine"] or state["plague"], state)
                 self.assertGreater(min(state["grain"], state["livestock"]), 0)
             if week == FIRST_MEASURED_WEEK:
                 memory = self.resident()
-            if week == GRACE_WEEKS:  # the herd is left to itself, and is eaten up
+            if week == FED_WEEKS:  # without butchers the livestock will not last
                 self.game.drag("butchers", -0.35, self.state["shares"][BUTCHERS])
                 self.until(lambda state: state["shares"][BUTCHERS] < 0.3, "fewer butchers")
-            struck = struck or state["famine"] or state["plague"]
-        self.assertTrue(struck)
+            disaster = disaster or state["famine"] or state["plague"]
+        self.assertTrue(disaster)
         at_the_end = self.resident()
         print(f"{memory} KiB in week {FIRST_MEASURED_WEEK}, {at_the_end} KiB at the end")
         if not SANITIZED:
@@ -152,4 +155,4 @@ class FirstHour(unittest.TestCase):
         self.assertGreater(state["compared"], LAST_WEEK * 16)
         self.game.xdotool("keydown", "Escape")
         self.assertEqual(self.game.ended(), 0, self.game.stderr[-4000:])
-        self.assertNotRegex(self.game.stderr, BAD_NEWS)
+        self.assertNotRegex(self.game.stderr, FAILURE_REPORTS)

@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""packages.txt names what a fresh machine needs: nothing that the tree compiles against, links to
-or calls comes from a package that the list would not bring along."""
+"""packages.txt names everything that a new machine needs: the packages in it, and those that they
+depend on, contain all headers, libraries, commands and Python modules that the tree uses."""
 
 import os
 import re
@@ -13,25 +13,25 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 
-# What the scripts and the plays call, by the section that has to bring it.
+# The commands that scripts and tests call, by the section whose packages must contain them.
 COMMANDS = {
     "play": ["g++", "cmake", "ninja", "pkg-config"],
     "picture": ["Xvfb", "import"],
-    "check": ["clang-format", "clang-tidy", "run-clang-tidy", "shellcheck", "xdotool", "python3", "doxygen",
-              "gnuplot", "dot", "reuse", "codespell", "parallel"],
+    "check": ["clang-format", "clang-tidy", "run-clang-tidy", "shellcheck", "xdotool", "python3",
+              "pytest-3", "doxygen", "gnuplot", "dot", "reuse", "codespell", "parallel"],
     "package": ["dpkg-shlibdeps", "strip", "readelf", "git", "lintian", "desktop-file-validate",
                 "appstreamcli", "man", "rsvg-convert"],
     "fuzz": ["clang++"],
     "coverage": ["gcovr"],
 }
 
-# Installed on every Debian, whatever is listed.
+# Installed on every Debian, without being listed.
 ALWAYS = ["bash", "coreutils", "dpkg", "findutils", "gawk", "grep", "gzip", "libc-bin", "mawk",
           "sed"]
 
 
 def read_list(text):
-    """The sections of the list: each package with its reason."""
+    """The sections of the list. Each is a dictionary of packages and their reasons."""
     sections = {}
     current = None
     for line in text.splitlines():
@@ -41,7 +41,7 @@ def read_list(text):
         elif line.strip() and not line.startswith("#"):
             name, _, reason = line.strip().partition(" ")
             if current is None:
-                raise ValueError(f"{name} stands in no section")
+                raise ValueError(f"{name} is in no section")
             if any(name in section for section in sections.values()):
                 raise ValueError(f"{name} is listed twice")
             if not reason.strip():
@@ -51,11 +51,12 @@ def read_list(text):
 
 
 def output(*command):
-    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True).stdout
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          text=True).stdout
 
 
 class Installed:
-    """Debian's records of what is installed."""
+    """The installed packages, as dpkg knows them."""
 
     def __init__(self):
         self.depends = {}
@@ -73,8 +74,8 @@ class Installed:
     def names(relations):
         return set(re.findall(r"(?:^|[,|])\s*([a-z0-9][a-z0-9+.-]+)", relations))
 
-    def brought_by(self, packages):
-        """What is there once these packages are: they and what they depend on."""
+    def installed_with(self, packages):
+        """These packages and all packages that they depend on."""
         found = set()
         waiting = list(packages)
         while waiting:
@@ -87,7 +88,7 @@ class Installed:
 
     @staticmethod
     def owners(paths):
-        """The package of each file. The same file may be recorded under /lib and /usr/lib."""
+        """The package of each file. dpkg may know the same file in /lib or in /usr/lib."""
         spellings = {}
         for path in paths:
             path = os.path.normpath(path)
@@ -107,7 +108,7 @@ class Installed:
 
 
 def compiled_headers(targets):
-    """Library headers that the objects below these folders of the build were compiled with."""
+    """The headers of libraries that the object files of these folders were compiled with."""
     headers = set()
     wanted = False
     for line in output("ninja", "-C", str(BUILD), "-t", "deps").splitlines():
@@ -119,7 +120,7 @@ def compiled_headers(targets):
 
 
 def linked_libraries(targets):
-    """Library files that CMake found and put on the link lines of these folders' programs."""
+    """The libraries that the programs of these folders are linked with."""
     libraries = set()
     wanted = False
     for line in (BUILD / "build.ninja").read_text().splitlines():
@@ -130,8 +131,8 @@ def linked_libraries(targets):
     return libraries
 
 
-def other_compiler():
-    """The section that brings the compiler of this build, where [play] does not."""
+def section_of_compiler():
+    """The section with the compiler of this build, if it is not g++, which is in [play]."""
     cache = (BUILD / "CMakeCache.txt").read_text()
     compiler = re.search(r"^CMAKE_CXX_COMPILER:\w+=(.*)", cache, re.MULTILINE)[1]
     return ["fuzz"] if "clang" in Path(compiler).name else []
@@ -149,71 +150,71 @@ class PackageList(unittest.TestCase):
     def setUp(self):
         self.sections = read_list((ROOT / "packages.txt").read_text())
 
-    def brought_by(self, *sections):
+    def installed_with(self, *sections):
         names = [name for section in sections for name in self.sections[section]]
-        return self.installed.brought_by(names + ALWAYS)
+        return self.installed.installed_with(names + ALWAYS)
 
-    def expect_brought(self, files, *sections):
-        self.assertTrue(files, "there is nothing to look at: is the tree built?")
+    def expect_provided(self, files, *sections):
+        self.assertTrue(files, "there are no files: is the tree built?")
         owners = Installed.owners(files)
-        brought = self.brought_by(*sections)
-        strangers = {f"{owner} ({path})" for path, owner in owners.items() if owner not in brought}
-        self.assertFalse(strangers, f"packages.txt does not bring {sorted(strangers)}")
+        provided = self.installed_with(*sections)
+        unlisted = {f"{owner} ({path})" for path, owner in owners.items() if owner not in provided}
+        self.assertFalse(unlisted, f"packages.txt does not install {sorted(unlisted)}")
         unowned = {path for path in map(os.path.normpath, files) if path not in owners}
-        self.assertFalse(unowned, f"no package holds {sorted(unowned)}")
+        self.assertFalse(unowned, f"no package contains {sorted(unowned)}")
 
-    def test_has_its_sections_and_every_package_once_with_a_reason(self):
+    def test_list_has_its_sections_and_each_package_once_with_a_reason(self):
         self.assertEqual(
             list(self.sections), ["play", "picture", "check", "package", "fuzz", "coverage"])
         for section in self.sections.values():
             self.assertTrue(section)
 
-    def test_brings_the_headers_that_the_game_is_compiled_with(self):
-        self.expect_brought(compiled_headers(GAME), "play", *other_compiler())
+    def test_list_provides_the_headers_of_the_game(self):
+        self.expect_provided(compiled_headers(GAME), "play", *section_of_compiler())
 
-    def test_brings_the_headers_that_everything_is_compiled_with(self):
-        self.expect_brought(compiled_headers(EVERYTHING), "play", "picture", "check",
-                            *other_compiler())
+    def test_list_provides_the_headers_of_tools_and_tests(self):
+        self.expect_provided(compiled_headers(EVERYTHING), "play", "picture", "check",
+                            *section_of_compiler())
 
-    def test_brings_the_libraries_that_the_game_is_linked_to(self):
-        self.expect_brought(linked_libraries(GAME), "play")
+    def test_list_provides_the_libraries_of_the_game(self):
+        self.expect_provided(linked_libraries(GAME), "play")
 
-    def test_brings_the_libraries_that_everything_is_linked_to(self):
-        self.expect_brought(linked_libraries(EVERYTHING), "play", "picture", "check")
+    def test_list_provides_the_libraries_of_tools_and_tests(self):
+        self.expect_provided(linked_libraries(EVERYTHING), "play", "picture", "check")
 
-    def test_brings_the_commands_that_the_scripts_call(self):
+    def test_list_provides_the_commands_that_scripts_and_tests_call(self):
         sections = []
         for section, commands in COMMANDS.items():
             sections.append(section)
-            # Debian's own, wherever another one may stand on the search path.
+            # The commands of Debian, even if others come first in PATH.
             paths = [f"/usr/bin/{command}" for command in commands]
             if not self.installed.depends.keys() >= self.sections[section].keys():
-                # ./check alone does not install the last three sections. What is here of theirs
-                # came with something else.
+                # ./check does not install the last three sections. If a command of theirs is
+                # missing, it is not checked.
                 self.assertIn(section, ("package", "fuzz", "coverage"))
                 paths = list(filter(os.path.exists, paths))
                 if not paths:
                     continue
-            self.expect_brought(paths, *sections)
+            self.expect_provided(paths, *sections)
 
-    def test_brings_the_modules_with_which_the_tests_see_and_read(self):
+    def test_list_provides_the_python_modules_of_the_tests(self):
         for module in ("PIL", "Xlib", "pytest", "pytest_subtests", "yaml"):
             file = output("/usr/bin/python3", "-c", f"import {module}; print({module}.__file__)")
-            self.expect_brought([file.strip()], "check")
+            self.expect_provided([file.strip()], "check")
 
-    def test_is_found_wanting_when_a_package_is_taken_out(self):
+    def test_package_that_is_removed_from_the_list_is_noticed(self):
         del self.sections["play"]["libsdl1.2-dev"]
         with self.assertRaisesRegex(AssertionError, "libsdl1.2-dev"):
-            self.expect_brought(compiled_headers(GAME), "play")
+            self.expect_provided(compiled_headers(GAME), "play")
 
-    def test_a_package_without_a_reason_is_refused(self):
+    def test_package_without_a_reason_is_an_error(self):
         with self.assertRaisesRegex(ValueError, "cmake has no reason"):
             read_list("[play]\ncmake\n")
 
-    def test_a_package_in_two_sections_is_refused(self):
+    def test_package_in_two_sections_is_an_error(self):
         with self.assertRaisesRegex(ValueError, "cmake is listed twice"):
             read_list("[play]\ncmake  builds\n[check]\ncmake  builds\n")
 
-    def test_a_package_outside_the_sections_is_refused(self):
-        with self.assertRaisesRegex(ValueError, "cmake stands in no section"):
+    def test_package_outside_the_sections_is_an_error(self):
+        with self.assertRaisesRegex(ValueError, "cmake is in no section"):
             read_list("cmake  builds\n")

@@ -1,7 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""Every file tells whose it is and what others may do with it, and is spelled well."""
+"""The files of the tree: every one names its copyright and licence, none has misspelled words, and
+CTest runs all tests."""
 
 import shutil
 import subprocess
@@ -10,7 +11,7 @@ import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-NOT_OURS = {"build", ".git", ".cache", "compile_commands.json"}
+NOT_IN_THE_TREE = {"build", ".git", ".cache", "compile_commands.json"}
 
 
 class PythonTests(unittest.TestCase):
@@ -24,7 +25,8 @@ class PythonTests(unittest.TestCase):
 
 
 class Tree(unittest.TestCase):
-    """Works in a copy: a tree without its history has no list of what belongs to it."""
+    """Each test uses a copy of the tree without built files. It cannot ask git for the files of the
+    tree, because the tree may be no git repository."""
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -33,35 +35,35 @@ class Tree(unittest.TestCase):
         shutil.copytree(ROOT, self.root, symlinks=True,
                         ignore=lambda folder, names: {name for name in names
                                                       if name == "__pycache__"
-                                                      or (name in NOT_OURS
+                                                      or (name in NOT_IN_THE_TREE
                                                           and Path(folder) == ROOT)})
 
     def run_in_tree(self, *command):
         return subprocess.run(command, cwd=self.root, stdin=subprocess.DEVNULL,
                               capture_output=True, text=True, timeout=100)
 
-    def test_every_file_names_its_rights_and_licence(self):
+    def test_every_file_names_its_copyright_and_licence(self):
         result = self.run_in_tree("reuse", "lint")
         self.assertEqual(result.returncode, 0, result.stdout)
 
-    def test_a_source_without_them_is_found(self):
+    def test_source_without_copyright_and_licence_is_noticed(self):
         (self.root / "app/new.cpp").write_text("int New() { return 1; }\n")
         result = self.run_in_tree("reuse", "lint")
         self.assertEqual(result.returncode, 1)
         self.assertIn("app/new.cpp", result.stdout)
 
-    def test_the_licence_is_the_same_wherever_it_stands(self):
+    def test_all_copies_of_the_licence_are_equal(self):
         text = (ROOT / "LICENSE").read_text()
         self.assertEqual((ROOT / "LICENSES/MIT.txt").read_text(), text)
         packaged = (ROOT / "packaging/copyright").read_text()
         _, _, terms = text.split("\n\n", 2)
         self.assertIn("".join(f" {line or '.'}\n" for line in terms.splitlines()), packaged)
 
-    def test_is_spelled_well(self):
+    def test_no_word_is_misspelled(self):
         result = self.run_in_tree("codespell")
         self.assertEqual((result.returncode, result.stdout), (0, ""))
 
-    def test_a_misspelling_is_found(self):
+    def test_misspelled_word_is_noticed(self):
         with open(self.root / "README.md", "a") as readme:
             readme.write("You will rec" + "ieve a newspaper.\n")
         result = self.run_in_tree("codespell")

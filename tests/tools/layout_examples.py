@@ -1,9 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""The examples of docs/LAYOUT.md: takes them out of the document, and draws their pictures.
+"""The examples of docs/LAYOUT.md: reads them from the document, and draws their pictures.
 
-layout_examples.py GUIVIEW renews the pictures."""
+layout_examples.py GUIVIEW draws the pictures of the document again."""
 
 import re
 import shutil
@@ -19,7 +19,7 @@ BLOCK = re.compile(r"^```(\w+) (\S+)([^\n]*)\n(.*?)^```$", re.M | re.S)
 
 
 class Example:
-    """A layout of the document, with the files that it needs in a folder of its own."""
+    """A layout of the document, and the other files that it needs."""
 
     def __init__(self, name, layout, options, files):
         self.name = name
@@ -47,7 +47,7 @@ class Example:
 
 
 def change_line(theme, number, text):
-    """The theme with another value line; comments are no value lines."""
+    """Replaces the line of a theme that has this number when comments are not counted."""
     lines = theme.splitlines(keepends=True)
     values = [i for i, line in enumerate(lines) if not line.startswith("//")]
     lines[values[number - 1]] = text
@@ -55,8 +55,9 @@ def change_line(theme, number, text):
 
 
 def read_examples(document):
-    """`layout NAME.gui OPTIONS` is a layout, `theme` and `conf` are files by their names, and
-    `change NAME LINE OPTIONS` is the layout sample.gui with another line in its theme."""
+    """Reads the blocks of a document by the words after their fences. `layout NAME.gui OPTIONS`
+    is a layout. `theme NAME...` and `conf NAME...` are files. `change NAME LINE OPTIONS` is the
+    layout sample.gui with another line in its theme."""
     layouts, files, changes = {}, {}, []
     for kind, name, rest, text in BLOCK.findall(document):
         words = rest.split()
@@ -68,7 +69,7 @@ def read_examples(document):
         elif kind == "change":
             changes.append((name, int(words[0]), words[1:], text))
         else:
-            raise ValueError(f"what is a {kind}?")
+            raise ValueError(f"unknown kind of block: {kind}")
     files["sample.theme"] = files["default.theme"]
     examples = [Example(name, text, options, files) for name, (text, options) in layouts.items()]
     sample = layouts["sample"][0]

@@ -1,7 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""docs/LAYOUT.md tells the truth: its examples are clean, and look as they are shown."""
+"""docs/LAYOUT.md is correct: guiview finds no errors in its examples and draws the same
+pictures."""
 
 import os
 import re
@@ -18,7 +19,7 @@ BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 GUIVIEW = BUILD / "tools/guiview"
 FAILED = BUILD / "layout_pictures"
 
-# Of 255: another version of the driver rounds differently along edges.
+# The largest allowed differences, of 255. Other versions of Mesa round differently at edges.
 LARGEST_MEAN = 1.0
 LARGEST = 96
 
@@ -41,10 +42,10 @@ class LayoutDocument(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = Path(folder.name)
 
-    def test_has_examples(self):
+    def test_document_has_more_than_30_examples(self):
         self.assertGreater(len(self.examples), 30)
 
-    def test_examples_are_clean(self):
+    def test_guiview_finds_no_errors_in_the_examples(self):
         for example in self.examples:
             with self.subTest(example.name):
                 layout = example.write(self.folder)
@@ -54,7 +55,7 @@ class LayoutDocument(unittest.TestCase):
                     self.assertEqual((result.returncode, result.stdout, result.stderr),
                                      (0, "", ""))
 
-    def test_examples_look_as_they_are_shown(self):
+    def test_examples_look_like_their_pictures(self):
         for example in self.examples:
             with self.subTest(example.name):
                 actual = self.folder / f"{example.name}.png"
@@ -72,15 +73,15 @@ class LayoutDocument(unittest.TestCase):
         FAILED.mkdir(exist_ok=True)
         shutil.copy(actual, FAILED)
         self.fail(f"{expected.name} differs by {max(differences)} at most and {mean:.2f} in the "
-                  f"mean ({size}, recorded {expected_size}): see {FAILED}. If that is meant: "
+                  f"mean ({size}, recorded {expected_size}): see {FAILED}. If that is intended: "
                   "cmake --build --preset release --target renew_layout_records")
 
-    def test_every_picture_is_shown_and_every_example_has_one(self):
+    def test_every_example_has_a_picture_and_every_picture_is_shown(self):
         shown = re.findall(r"!\[[^\]]+\]\(layout/([^)]+)\.png\)", self.document)
         self.assertEqual(sorted(shown), sorted(example.name for example in self.examples))
         self.assertEqual(sorted(shown), sorted(path.stem for path in PICTURES.iterdir()))
 
-    def test_every_statement_and_kind_is_explained_with_an_example(self):
+    def test_every_statement_and_kind_has_a_section_and_an_example(self):
         grammar = (ROOT / "tools/guiview/grammar.cpp").read_text()
         words = re.findall(r'\{"([A-Z]{4,})", ', grammar)
         kinds = re.findall(r'\.word = "(\w+)"', grammar)
@@ -95,11 +96,11 @@ class LayoutDocument(unittest.TestCase):
             self.assertIn(f"### `{kind}`\n", self.document)
             self.assertTrue(any(kind in line[1:3] for line in lines), f"{kind} is in no example")
 
-    def test_every_line_of_a_theme_is_explained(self):
+    def test_every_line_of_a_theme_has_a_section(self):
         headings = re.findall(r"^### (\d+) ", self.document, re.M)
         self.assertEqual(headings, [str(number) for number in range(1, 17)])
 
-    def test_links_within_the_document_lead_somewhere(self):
+    def test_targets_of_links_within_the_document_exist(self):
         headings = [re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-")
                     for heading in re.findall(r"^#+ (.*)$", self.document, re.M)]
         for number, heading in enumerate(headings):
@@ -109,7 +110,7 @@ class LayoutDocument(unittest.TestCase):
         for target in re.findall(r"\]\(#([^)]+)\)", self.document):
             self.assertIn(target, headings)
 
-    def test_the_configuration_is_the_games(self):
+    def test_configuration_of_the_examples_is_that_of_the_game(self):
         def values(text):
             return [line.split("//")[0].split() for line in text.splitlines()]
 

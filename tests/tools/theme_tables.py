@@ -1,10 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""The tables of docs/THEMES.md: what the themes of each set look like, and how well what they
-draw can be told apart.
+"""The tables of docs/THEMES.md: the colours of the themes of each set, and the contrasts of texts
+and outlines.
 
-theme_tables.py GUIVIEW renews the tables and the pictures."""
+theme_tables.py GUIVIEW writes the tables and draws the pictures again."""
 
 import re
 import subprocess
@@ -18,27 +18,28 @@ DOCUMENT = ROOT / "docs/THEMES.md"
 PICTURES = ROOT / "docs/themes"
 OWN = "default"
 
-LEAST_FOR_TEXT = 4.5
-LEAST_FOR_OUTLINES = 3.0
+# The lowest allowed contrasts.
+MIN_CONTRAST_OF_TEXT = 4.5
+MIN_CONTRAST_OF_OUTLINES = 3.0
 
-# Of the pixels of a ground so many may be worse, as guiview has it.
-SPECKS = 0.05
+# This part of the pixels of a background may have a lower contrast, as in the check of guiview.
+IGNORED_PIXELS = 0.05
 
-# Whose text stands on the sheets, and whose on its own fill.
+# Themes with the background of their text: the picture of another theme, or their own.
 TEXT_ON = [("default", "parchment"), ("heading", "parchment"), ("hint", "parchment"),
            ("hint", "newsprint"), ("paper", "newsprint"), ("bar", "cloth")]
 TEXT_ON_ITSELF = ["button", "barbutton", "tabwin_button", "partner", "messagebox", "seal"]
 
-# Of these only the middle has something on it: a caption, and what is between the seams.
+# The parts of pictures, in their middle, on which texts and outlines are drawn.
 MIDDLES = {"seal.tga": "62%x31%", "cloth.tga": "100%x60%"}
 
-# What has to be told from the ground around it.
+# Themes whose outline must be visible, with the background around it.
 OUTLINES_ON = [("button", "parchment"), ("button", "newsprint"), ("barbutton", "cloth"),
                ("tabwin_button", "parchment"), ("combo_button", "partner"),
                ("partner", "parchment"), ("messagebox", "messagebox"), ("slot", "parchment"),
                ("seal", "parchment")]
 
-# Sliders are drawn with half of their colour.
+# Sliders are half transparent.
 KNOB, SLOT = "knob", "slot"
 
 
@@ -54,7 +55,7 @@ class Theme:
 
     @property
     def brightness(self):
-        """Away from the mouse, and under it."""
+        """The brightness of an idle widget, and of one under the mouse."""
         return (self.dim if self.fades else self.bright), self.bright
 
 
@@ -78,7 +79,7 @@ def theme(name, which):
 
 @cache
 def pixels(path):
-    """The colours of a picture, 0 to 1, where something stands on it."""
+    """The colours, from 0 to 1, of a picture, or of the part of it on which something is drawn."""
     part = MIDDLES.get(path.name)
     crop = ["-gravity", "center", "-crop", f"{part}+0+0"] if part else []
     raw = subprocess.run(["convert", str(path), *crop, "-depth", "8", "rgb:-"],
@@ -90,8 +91,8 @@ def scaled(colour, brightness):
     return tuple(min(channel * brightness, 1.0) for channel in colour)
 
 
-def grounds(name, which):
-    """What is seen of a theme's surface, away from the mouse and under it."""
+def backgrounds(name, which):
+    """The colours of a theme's surface while it is idle, and under the mouse."""
     look = theme(name, which)
     for brightness in look.brightness:
         tint = scaled(look.fill, brightness)
@@ -114,36 +115,37 @@ def ratio(a, b):
 
 def contrast(colour, ground):
     ratios = {other: ratio(colour, other) for other in set(ground)}
-    return sorted(ratios[other] for other in ground)[int(SPECKS * (len(ground) - 1))]
+    return sorted(ratios[other] for other in ground)[int(IGNORED_PIXELS * (len(ground) - 1))]
 
 
 def measures(name):
-    """(what, on what, least allowed, contrast away from the mouse, contrast under it)"""
+    """Tuples: what, on what background, lowest allowed contrast, idle contrast, contrast under the
+    mouse."""
     for which, ground in TEXT_ON + [(which, which) for which in TEXT_ON_ITSELF]:
         text = theme(name, which).text
-        yield ("text of " + which, ground, LEAST_FOR_TEXT,
-               *(contrast(text, colours) for colours in grounds(name, ground)))
+        yield ("text of " + which, ground, MIN_CONTRAST_OF_TEXT,
+               *(contrast(text, colours) for colours in backgrounds(name, ground)))
     for which, ground in OUTLINES_ON:
         look = theme(name, which)
-        surroundings = list(grounds(name, ground))
-        if ground != which:  # the mouse is over one of them
+        surroundings = list(backgrounds(name, ground))
+        if ground != which:  # the mouse is over the theme, not over its background
             surroundings = [surroundings[0]] * 2
-        yield ("outline of " + which, ground, LEAST_FOR_OUTLINES,
+        yield ("outline of " + which, ground, MIN_CONTRAST_OF_OUTLINES,
                *(contrast(scaled(look.line, brightness), colours)
                  for brightness, colours in zip(look.brightness, surroundings)))
-    slot = next(grounds(name, SLOT))[0]
+    slot = next(backgrounds(name, SLOT))[0]
     knob = theme(name, KNOB)
-    yield (KNOB, SLOT, LEAST_FOR_OUTLINES,
+    yield (KNOB, SLOT, MIN_CONTRAST_OF_OUTLINES,
            *(ratio(tuple((a + b) / 2 for a, b in zip(scaled(knob.fill, brightness), slot)), slot)
              for brightness in knob.brightness))
 
 
 def contrast_table(name):
     rows = ["| what | on | least | idle | under the mouse |", "|---|---|---|---|---|"]
-    # cut, not rounded: nothing below its least may read as it
-    cut = lambda value: f"{int(value * 10) / 10:.1f}:1"
+    # Rounded down, so that no contrast below the lowest allowed one looks like it.
+    rounded = lambda value: f"{int(value * 10) / 10:.1f}:1"
     for what, ground, least, idle, lit in measures(name):
-        rows.append(f"| {what} | {ground} | {least}:1 | {cut(idle)} | {cut(lit)} |")
+        rows.append(f"| {what} | {ground} | {least}:1 | {rounded(idle)} | {rounded(lit)} |")
     return "\n".join(rows)
 
 
