@@ -22,13 +22,20 @@ SDL12, SDL12_COMPAT = "SDL 1.2", "SDL12COMPAT_SYNC_TO_VBLANK"
 
 
 class Launcher(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.installed = Path(folder.name) / "usr"
+        subprocess.run(["cmake", "--install", BUILD, "--prefix", cls.installed], check=True,
+                       stdout=subprocess.DEVNULL)
+
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.folder = Path(folder.name).resolve()
         self.prefix = self.folder / "usr"
-        subprocess.run(["cmake", "--install", BUILD, "--prefix", self.prefix], check=True,
-                       stdout=subprocess.DEVNULL)
+        shutil.copytree(self.installed, self.prefix, symlinks=True)
         self.launcher = self.prefix / "games/merovinska"
         self.programs = self.prefix / "libexec/merovinska"
         self.data = self.prefix / "share/games/merovinska"

@@ -214,7 +214,7 @@ class Game:
 
     def hover(self, tag, point=None):
         """Moves the mouse over a widget and waits until the widget is highlighted. The game does
-        not notice the very first movement, so the mouse is moved to and fro until it does."""
+        not notice the very first movement, so the mouse is moved back and forth until it does."""
         widget = widgets()[tag]
         x, y = point or widget.middle
         if self.pointer is not None:
