@@ -127,7 +127,7 @@ bool App::Update(std::uint32_t milliseconds) {
         return false;
 
     if (elapsedMs > kTickMs) {
-        world->Advance(World::DrawClockSeconds());
+        world->Advance(World::RollClockSeconds());
         elapsedMs = 0;
     }
     if (controls::WeekPressed()) {

@@ -13,7 +13,7 @@
 #include "quarn2/kernel.h"
 #include "quarn2/memory.h"
 
-/// The game: answers every kernel event, holds the world and runs it frame by frame.
+/// The game: receives every kernel event, owns the world and advances it frame by frame.
 class App : public EventCatcher {
 public:
     App();
@@ -25,21 +25,21 @@ public:
     /// @return true
     bool Init();
 
-    // What the events stand for; public, so that the rules can be driven without a window.
+    // What the events do. Public, so that tests can call them without a window.
 
-    /// Makes the world, fills the list of trade partners and sets the controls' first levels.
-    /// Does not seed the random generator.
+    /// Makes the world, fills the list of trade partners and sets the sliders' first levels. Does
+    /// not seed rand().
     void CreateWorld();
     /// One frame of the game.
     /// @param milliseconds  since the previous one
-    /// @return false when the player asked to end the game
+    /// @return false if the player ends the game
     bool Update(std::uint32_t milliseconds);
     /// Clears the window and draws the widgets. @return true
     bool Render(bool flag);
     /// Ends the toolkit. @return true
     bool Quit();
 
-    /// Null before the world is made and after it is ended.
+    /// Null before CreateWorld and after ReleaseResourcesEvent.
     World* GetWorld() { return world.get(); }
     /// The trade partner; null before the first update.
     const Country* GetPartner() const { return partner; }

@@ -8,8 +8,8 @@
 class Country;
 class World;
 
-/// Reads what the player did to the widgets and changes the country. Each question about a
-/// click is asked once: asking clears it.
+/// Reads what the player did with the widgets and changes the country. Asking for a click clears
+/// it, so each click is asked for once.
 namespace controls {
 
 /// Whether the exit button was clicked.
@@ -20,35 +20,35 @@ bool WeekPressed();
 /// The -- and ++ buttons of both rations move their sliders by one hundredth.
 void StepRations();
 
-/// The justice slider, where the layout has one, sets the level of justice.
+/// The justice slider, if the layout has one, sets the level of justice.
 void SetJustice(Country& country);
 
-/// Sets every profession's share whose slider is moved, by its buttons or by dragging.
-/// @param all  set the five shares whether moved or not
+/// Sets the share of each profession whose slider is moved by its buttons or dragged.
+/// @param all  set all five shares, moved or not
 void SetProfessions(Country& country, bool all);
 
-/// A ration follows its slider as long as the layout shows the ration.
+/// Sets each ration from its slider if the layout has the label of that ration.
 void SetRations(Country& country);
 
-/// The partner after this frame's choice in the list, for which the player may have called.
+/// The partner after a possible choice in the list; a choice sets the trade sliders to 0.
 Country* ChoosePartner(Country* partner, const World& world);
 
-/// What the trade sliders ask for, in heads, units and doubloons.
+/// In heads, units and doubloons.
 struct Order {
     float livestock;
     float grain;
     float fineGoods;
 };
-/// The trade sliders' levels in goods, as far as the funds would reach.
+/// The order that the trade sliders' levels stand for.
 Order ReadOrder(const Country& country, const Country& partner);
 
-/// Buys and sells when asked to. A refused purchase is said in a message box.
+/// Buys or sells if the player clicked the button. A message box reports a refused purchase.
 void Trade(Country& country, Country& partner);
 
-/// Puts the three trade sliders to 0.
+/// Sets the three trade sliders to 0.
 void ClearOrder();
 
-/// Turns the newspaper's page.
+/// Changes the newspaper's page if the player clicked the button.
 void TurnPage(unsigned& page, std::size_t stories);
 
 }  // namespace controls

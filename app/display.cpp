@@ -18,14 +18,14 @@
 namespace {
 
 constexpr double kPercent = 100.0;
-/// The label helper's buffer; longer text is cut.
+/// Size of the buffer that a value is formatted in; longer text is cut.
 constexpr std::size_t kLabelSize = 512;
 
 void SetText(std::string_view label, const std::string& text) {
     GLWidget::GetByTag(label)->SetText(text);
 }
 
-/// Adds pieces of a label's text to a string that is kept from frame to frame.
+/// Appends the parts of a label's text to a string that is used again in every frame.
 class TextWriter {
 public:
     explicit TextWriter(std::string& target) : text(target) { text.clear(); }
@@ -34,13 +34,13 @@ public:
         text += piece;
         return *this;
     }
-    /// Six significant digits, as a stream writes a number.
+    /// Six significant digits, as a stream writes a number by default.
     TextWriter& operator<<(float number) {
         // adding zero turns a negative zero into zero
         return Format("%g", static_cast<double>(number) + 0.0);
     }
     TextWriter& operator<<(long number) { return Format("%ld", number); }
-    // A name of its own: text literals would turn into a bool sooner than into a string_view.
+    // Not operator<<, because a text literal would be converted to bool and not to string_view.
     TextWriter& Flag(bool flag) { return *this << (flag ? 1L : 0L); }
     TextWriter& Rounded(float number) { return *this << std::lround(number); }
 
@@ -64,14 +64,14 @@ void Display::SetValue(std::string_view name, const char* format, double value, 
     double shown = value * multiplier;
     std::snprintf(text.data(), text.size(), format, shown);
     if (std::signbit(shown)) {
-        // A loss too small for the format's digits is shown as 0, not as -0.
+        // A negative value that the format rounds to zero is shown as 0, not as -0.
         std::array<char, kLabelSize> negativeZero;
         std::snprintf(negativeZero.data(), negativeZero.size(), format, -0.0);
         if (std::string_view(text.data()) == negativeZero.data())
             std::snprintf(text.data(), text.size(), format, 0.0);
     }
     labelTag = name;
-    labelTag += "lab";
+    labelTag += tag::kLabelSuffix;
     buffer = text.data();
     SetText(labelTag, buffer);
 }

@@ -11,27 +11,27 @@ class Date;
 class Newspaper;
 class World;
 
-/// Turns the country into the texts of the labels. Keeps its buffers between frames, so that a
-/// frame in which nothing changed allocates no more than the date's text.
+/// Writes the country's figures to the labels. Its buffers are used again in every frame, so a
+/// frame in which nothing changes allocates only the date's text.
 class Display {
 public:
-    /// Sets the label of a value, the value's name and "lab", to `value * multiplier` in a
-    /// printf format of one double, cut at 511 characters.
+    /// Sets the label whose tag is `name` and "lab" to `value * multiplier`, in a printf format of
+    /// one double, cut at 511 characters.
     void SetValue(std::string_view name, const char* format, double value, double multiplier = 1.0);
 
     void ShowProfessions(const Country& country);
     void ShowRations(const Country& country);
-    /// What the trade sliders ask for.
+    /// The size of the order that the trade sliders stand for.
     void ShowOrder(float livestock, float grain, float fineGoods);
     void ShowStore(const Country& country);
     void ShowPopulation(const Country& country);
-    /// The neighbours' prices, which stay as they were drawn at the start.
+    /// The neighbours' prices, which never change.
     void ShowContinent(const World& world);
     void ShowFunds(const Country& country);
     void ShowDate(const Date& date);
     void ShowPage(const Newspaper& newspaper, unsigned page);
     void ShowFigures(const Country& country);
-    /// Does nothing where the layout has no place for it.
+    /// Does nothing if the layout has no label for it.
     void ShowFrameRate(long framesPerSecond);
 
 private:

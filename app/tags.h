@@ -3,14 +3,16 @@
 
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <string_view>
 
 #include "country/population.h"
 
-/// The names by which the game finds its widgets: what a layout of the game must define. Kept
-/// in one place, so that the controls, the display and a layout agree.
+/// The tags by which the game finds its widgets in a layout. Controls, display and the checks of a
+/// layout take them from here.
 namespace tag {
 
 // Buttons
@@ -28,23 +30,31 @@ inline constexpr std::string_view kStockOrder = "stockbuy";
 inline constexpr std::string_view kGrainOrder = "grainbuy";
 inline constexpr std::string_view kFineOrder = "finebuy";
 
-/// The slider of a profession and what hangs on it.
+/// The widgets and texts of a profession.
 struct ProfessionTags {
     std::string_view slider;
     std::string_view less;  ///< button: one hundredth down
     std::string_view more;  ///< button: one hundredth up
+    std::string_view label;
     std::string_view plural;
     const char* labelFormat;
 };
 /// In the order of the professions.
 inline constexpr std::array<ProfessionTags, 5> kProfessionTags{{
-    {"farmers", "farmers--", "farmers++", "Farmers", "Farmers: %.0f%%"},
-    {"butchers", "butchers--", "butchers++", "Butchers", "Butchers: %.0f%%"},
-    {"educators", "educators--", "educators++", "Educators", "Educators: %.0f%%"},
-    {"warriors", "warriors--", "warriors++", "Warriors", "Warriors: %.0f%%"},
-    {"doctors", "doctors--", "doctors++", "Doctors", "Doctors: %.0f%%"},
+    {"farmers", "farmers--", "farmers++", "farmerslab", "Farmers", "Farmers: %.0f%%"},
+    {"butchers", "butchers--", "butchers++", "butcherslab", "Butchers", "Butchers: %.0f%%"},
+    {"educators", "educators--", "educators++", "educatorslab", "Educators", "Educators: %.0f%%"},
+    {"warriors", "warriors--", "warriors++", "warriorslab", "Warriors", "Warriors: %.0f%%"},
+    {"doctors", "doctors--", "doctors++", "doctorslab", "Doctors", "Doctors: %.0f%%"},
 }};
 static_assert(kProfessionTags.size() == kProfessions.size());
+
+/// The tag of a value's label is the tag of its slider and this.
+inline constexpr std::string_view kLabelSuffix = "lab";
+static_assert(std::ranges::all_of(kProfessionTags, [](const ProfessionTags& tags) {
+    return tags.label.starts_with(tags.slider) && tags.label.ends_with(kLabelSuffix)
+           && tags.label.size() == tags.slider.size() + kLabelSuffix.size();
+}));
 
 /// The row of a profession.
 constexpr const ProfessionTags& Of(Profession profession) {
@@ -59,9 +69,12 @@ inline constexpr std::string_view kGrainRationMore = "gration++";
 /// The drop-down list of trade partners.
 inline constexpr std::string_view kPartner = "countrysel";
 
-// Labels; a value's label is the value's name and "lab"
+// Labels
 inline constexpr std::string_view kLivestockRationLabel = "lrationlab";  // optional
 inline constexpr std::string_view kGrainRationLabel = "grationlab";      // optional
+inline constexpr std::string_view kStockOrderLabel = "stockbuylab";
+inline constexpr std::string_view kGrainOrderLabel = "grainbuylab";
+inline constexpr std::string_view kFineOrderLabel = "finebuylab";
 inline constexpr std::string_view kStore = "storelab";
 inline constexpr std::string_view kPopulation = "popinfo";
 inline constexpr std::string_view kContinent = "continentinfo";
@@ -74,33 +87,23 @@ inline constexpr std::string_view kFrameRate = "fps";      // optional
 /// The newspaper's window.
 inline constexpr std::string_view kNewspaper = "newspaper";
 
-/// What a widget does for the game, and so what it must be.
+/// The kind of widget that the game needs.
 enum class Role { Button, Slider, List, Label, Window };
 
-/// A widget that a layout of the game must have.
+/// A widget of the game.
 struct Widget {
     std::string_view tag;
-    Role role;
-    bool optional = false;  ///< the game does without it
+    Role role = Role::Label;
+    bool optional = false;  ///< the game works without it
 };
 
-/// All widgets of the game, for those who check a layout.
-inline constexpr Widget kWidgets[] = {
+/// The widgets of the game that belong to no profession.
+inline constexpr Widget kOtherWidgets[] = {
     {kExit, Role::Button},
     {kWeek, Role::Button},
     {kBuy, Role::Button},
     {kSell, Role::Button},
     {kPreviousPage, Role::Button},
-    {"farmers--", Role::Button},
-    {"farmers++", Role::Button},
-    {"butchers--", Role::Button},
-    {"butchers++", Role::Button},
-    {"educators--", Role::Button},
-    {"educators++", Role::Button},
-    {"warriors--", Role::Button},
-    {"warriors++", Role::Button},
-    {"doctors--", Role::Button},
-    {"doctors++", Role::Button},
     {kLivestockRationLess, Role::Button},
     {kLivestockRationMore, Role::Button},
     {kGrainRationLess, Role::Button},
@@ -111,22 +114,11 @@ inline constexpr Widget kWidgets[] = {
     {kStockOrder, Role::Slider},
     {kGrainOrder, Role::Slider},
     {kFineOrder, Role::Slider},
-    {"farmers", Role::Slider},
-    {"butchers", Role::Slider},
-    {"educators", Role::Slider},
-    {"warriors", Role::Slider},
-    {"doctors", Role::Slider},
-    {kPartner, Role::List},
-    {"farmerslab", Role::Label},
-    {"butcherslab", Role::Label},
-    {"educatorslab", Role::Label},
-    {"warriorslab", Role::Label},
-    {"doctorslab", Role::Label},
     {kLivestockRationLabel, Role::Label, true},
     {kGrainRationLabel, Role::Label, true},
-    {"stockbuylab", Role::Label},
-    {"grainbuylab", Role::Label},
-    {"finebuylab", Role::Label},
+    {kStockOrderLabel, Role::Label},
+    {kGrainOrderLabel, Role::Label},
+    {kFineOrderLabel, Role::Label},
     {kStore, Role::Label},
     {kPopulation, Role::Label},
     {kContinent, Role::Label},
@@ -135,7 +127,23 @@ inline constexpr Widget kWidgets[] = {
     {kPaper, Role::Label},
     {kFigures, Role::Label, true},
     {kFrameRate, Role::Label, true},
+    {kPartner, Role::List},
     {kNewspaper, Role::Window},
 };
+
+/// All widgets that the game looks for in a layout: four of each profession, then the others.
+inline constexpr auto kWidgets = [] {
+    std::array<Widget, 4 * kProfessionTags.size() + std::size(kOtherWidgets)> widgets;
+    std::size_t count = 0;
+    for (const ProfessionTags& tags : kProfessionTags) {
+        widgets[count++] = {tags.less, Role::Button};
+        widgets[count++] = {tags.more, Role::Button};
+        widgets[count++] = {tags.slider, Role::Slider};
+        widgets[count++] = {tags.label, Role::Label};
+    }
+    for (const Widget& other : kOtherWidgets)
+        widgets[count++] = other;
+    return widgets;
+}();
 
 }  // namespace tag

@@ -158,14 +158,14 @@ void Name(benchmark::State& state) {
 BENCHMARK(Name);
 
 /// The sixteen draws of a country's name alone: the floor of the case above.
-void NameDraws(benchmark::State& state) {
+void NameRolls(benchmark::State& state) {
     std::srand(1);
     for ([[maybe_unused]] auto _ : state) {
         for (int draw = 0; draw < 16; ++draw)
             benchmark::DoNotOptimize(std::rand());
     }
 }
-BENCHMARK(NameDraws);
+BENCHMARK(NameRolls);
 
 /// Butchers on almost no ration: millions of steps of production are given up in one tick.
 void HerdWithHugeProduction(benchmark::State& state) {

@@ -12,11 +12,11 @@
 
 namespace {
 
-constexpr float kResale = 0.8f;  // a country pays this much of what it asks
+constexpr float kResale = 0.8f;  // sell price as a fraction of the buy price
 
-float DrawPrice() {
-    const double draw = UnitDraw();
-    return static_cast<float>(draw * 0.5f + 1.0f);
+float RollPrice() {
+    const double roll = RollUnit();
+    return static_cast<float>(roll * 0.5f + 1.0f);
 }
 
 /// What the funds buy at the cheaper of two prices, at a level of 1.
@@ -26,14 +26,14 @@ float Order(float funds, float sellPrice, float buyPrice, float level) {
 
 }  // namespace
 
-Country::Country(const std::string& nameOfCountry, int people)
-    : Population(people), name(nameOfCountry) {
+Country::Country(const std::string& countryName, int people)
+    : Population(people), name(countryName) {
     TraceFrame frame("Country", "Country");
     Assert("country", __LINE__, "n != \"\"", !name.empty());
     Assert("country", __LINE__, "population >= 0", people >= 0);
     funds = static_cast<float>(std::rand() % 100 + 487);
-    livestockBuyPrice = DrawPrice();
-    grainBuyPrice = DrawPrice();
+    livestockBuyPrice = RollPrice();
+    grainBuyPrice = RollPrice();
     livestockSellPrice = livestockBuyPrice * kResale;
     grainSellPrice = grainBuyPrice * kResale;
 }
@@ -71,7 +71,7 @@ void Country::Buy(float livestockAmount, float grainAmount, float fineGoods,
         return;
     livestock.amount += livestockAmount;
     grain.amount += grainAmount;
-    // kept: paid at the partner's buying prices, which are higher than those of the check
+    // kept: the payment uses the partner's buy prices, the check its lower sell prices
     funds -= partner->livestockBuyPrice * livestockAmount;
     funds -= partner->grainBuyPrice * grainAmount;
 }

@@ -18,10 +18,10 @@ constexpr int kLastMinute = 59;
 constexpr int kLastHour = 23;
 constexpr int kLastMonth = 12;
 
-/// A whole number from a unit draw spread over `range`.
-int DrawRounded(double range, double lowest) {
-    const double draw = UnitDraw();
-    return static_cast<int>(std::lround(draw * range + lowest));
+/// A random whole number from `lowest` to `lowest + range`.
+int RollRounded(double range, double lowest) {
+    const double roll = RollUnit();
+    return static_cast<int>(std::lround(roll * range + lowest));
 }
 
 }  // namespace
@@ -29,7 +29,7 @@ int DrawRounded(double range, double lowest) {
 Date::Date(const std::string& text) {
     TraceFrame frame("Date", "Date");
     if (text == "random") {
-        DrawRandom();
+        RollFields();
         return;
     }
     // NOLINTNEXTLINE(cert-err34-c): a field that cannot be read keeps its 0
@@ -38,21 +38,21 @@ Date::Date(const std::string& text) {
 
 void Date::Advance(long seconds) {
     TraceFrame frame("Advance", "Date");
-    // One second at a time. Nearly every step ends at the seconds, which the loop therefore keeps
-    // at hand and writes back only to carry.
-    int current = second;
+    // One second at a time. Nearly every step changes the seconds alone, so the loop counts them
+    // in a local variable, which is faster than the member.
+    int counted = second;
     for (; seconds > 0; --seconds) {
-        if (current < kLastSecond) {
-            ++current;
+        if (counted < kLastSecond) {
+            ++counted;
             continue;
         }
-        current = 0;
+        counted = 0;
         CarryMinute();
     }
-    second = current;
+    second = counted;
 }
 
-void Date::CarryMinute() {  // part of the one-second step, hence without a trace frame
+void Date::CarryMinute() {  // no trace frame: it would slow the one-second step
     if (minute < kLastMinute) {
         ++minute;
         return;
@@ -106,13 +106,13 @@ std::string Date::TimeText() const {
     return buffer.data();
 }
 
-void Date::DrawRandom() {
-    TraceFrame frame("DrawRandom", "Date");
-    // kept: a day 0 and an hour 24 can come out and stay as drawn
-    year = DrawRounded(9999, 1);
-    month = DrawRounded(11, 1);
-    day = DrawRounded(31, 0);
-    hour = DrawRounded(24, 0);
-    minute = DrawRounded(59, 0);
-    second = DrawRounded(59, 0);
+void Date::RollFields() {
+    TraceFrame frame("RollFields", "Date");
+    // kept: the day can be 0 and the hour can be 24
+    year = RollRounded(9999, 1);
+    month = RollRounded(11, 1);
+    day = RollRounded(31, 0);
+    hour = RollRounded(24, 0);
+    minute = RollRounded(59, 0);
+    second = RollRounded(59, 0);
 }

@@ -5,8 +5,8 @@
 
 #include <string>
 
-/// A date and time of day of the game. The record owns the calendar: a leap year is every one
-/// that divides by 4.
+/// A date and time of day of the game. In its calendar every year that divides by 4 is a leap
+/// year.
 class Date {
 public:
     int year = 0;
@@ -17,23 +17,23 @@ public:
     int second = 0;
 
     /// @param text  "1358/05/16 00:00:00", leading zeros optional; fields that cannot be read
-    ///              stay 0. The word "random" draws a date instead, whose day may be 0 and whose
-    ///              hour may be 24.
+    ///              stay 0. The word "random" gives a random date instead, whose day may be 0 and
+    ///              whose hour may be 24.
     explicit Date(const std::string& text);
 
     /// Adds one second `seconds` times, carrying after each.
     void Advance(long seconds);
 
-    /// Unpadded: "1358/5/16 0:0:0".
+    /// Without leading zeros: "1358/5/16 0:0:0".
     std::string Text() const;
 
-    /// The time of day alone, padded: "09:05:00".
+    /// The time of day alone, with leading zeros: "09:05:00".
     std::string TimeText() const;
 
     bool operator==(const Date&) const = default;
 
 private:
-    void DrawRandom();
+    void RollFields();
     void CarryMinute();
     int DaysInMonth() const;
 };

@@ -3,9 +3,9 @@
 
 #pragma once
 
-/// The schools: a head-count and two values that nothing needs.
+/// The schools: a head-count and two unused values.
 struct Education {
-    float firstValue = 0.0f;   ///< kept, read by nothing
-    float secondValue = 0.0f;  ///< kept, read by nothing
+    float firstValue = 0.0f;   ///< kept, nothing reads it
+    float secondValue = 0.0f;  ///< kept, nothing reads it
     float educators = 0.0f;    ///< head-count of the profession
 };

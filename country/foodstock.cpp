@@ -8,22 +8,23 @@
 #include "country/rates.h"
 #include "quarn2/trace.h"
 
-FoodStock::FoodStock(float initialAmount, float baseRationOfStock, float yieldOfStock)
-    : amount(initialAmount),
-      ration(baseRationOfStock),
-      baseRation(baseRationOfStock),
-      yield(yieldOfStock),
-      hungryRation(0.75f * baseRationOfStock),
-      starvingRation(0.5f * baseRationOfStock),
-      wellFedRation(1.3333334f * baseRationOfStock),
-      gorgingRation(2.0f * baseRationOfStock) {
+FoodStock::FoodStock(float firstAmount, float normalRation, float workersYield)
+    : amount(firstAmount),
+      ration(normalRation),
+      baseRation(normalRation),
+      yield(workersYield),
+      hungryRation(0.75f * normalRation),
+      starvingRation(0.5f * normalRation),
+      wellFedRation(1.3333334f * normalRation),
+      gorgingRation(2.0f * normalRation) {
     TraceFrame frame("FoodStock", "FoodStock");
 }
 
 void FoodStock::SetWorkers(float workers) {
     TraceFrame frame("SetWorkers", "FoodStock");
     production = ((baseRation / ration) * workers / kSecondsPerWeek) / (1.0f / yield);
-    // Nobody makes nothing, also at a ration of 0, where infinity times 0 is not a number.
+    // Without workers there is no production, even at a ration of 0, where infinity times 0 would
+    // be NaN.
     if (workers == 0.0f)
         production = 0.0f;
 }

@@ -3,40 +3,40 @@
 
 #pragma once
 
-/// What the two food stocks of a country share. A production is fixed when workers are set:
-/// a ration that changes later does not move it until they are set again.
+/// What the two food stocks of a country have in common. Setting the workers sets the
+/// production; a later change of the ration does not change it until the workers are set again.
 class FoodStock {
 public:
     float amount;             ///< units in store
     float ration;             ///< units eaten per person and week
     float production = 0.0f;  ///< units gained per game second
-    float baseRation;         ///< the ration at which people are neither hungry nor well fed
+    float baseRation;         ///< the normal ration: people are neither hungry nor well fed
     float yield;              ///< units per worker and week at the base ration
     float hungryRation;       ///< at or below it people are hungry
     float starvingRation;     ///< at or below it they starve slowly
     float wellFedRation;      ///< at or above it they are well fed
     float gorgingRation;      ///< at or above it they gorge themselves
 
-    FoodStock(float initialAmount, float baseRationOfStock, float yieldOfStock);
+    FoodStock(float amount, float baseRation, float yield);
 
-    /// Sets `production` for a head-count of workers. Fewer mouths per worker leave more to
-    /// store, so that a ration of 0 gives an infinite production.
+    /// Sets `production` for a head-count of workers. A smaller ration gives a higher production,
+    /// a ration of 0 an infinite one.
     void SetWorkers(float workers);
 
     /// @param people  person-weeks eaten; the stock never goes below 0 this way
     void Consume(float people);
 
-    /// Exactly 0: a single unit keeps the people from starving fast.
+    /// True at exactly 0: with a single unit in store the people do not starve fast.
     bool IsEmpty() const { return amount == 0.0f; }
     bool IsStarving() const { return ration <= starvingRation; }
     bool IsHungry() const { return ration <= hungryRation; }
     bool IsWellFed() const { return ration >= wellFedRation; }
     bool IsGorging() const { return ration >= gorgingRation; }
 
-    /// 1 at the base ration or more, 4 at none.
+    /// 1 at the base ration or more, 4 at a ration of 0.
     float HungerFactor() const;
 
 protected:
-    /// Brings the amount back to 0 to `capacity`.
+    /// Limits the amount to the range from 0 to `capacity`.
     void KeepWithin(float capacity);
 };

@@ -5,8 +5,8 @@
 
 #include <string_view>
 
-/// What names are made of. Bit i of a position's mask stands for row i, whose alternatives are
-/// separated by "|".
+/// The parts that names are made of. Bit i of a position's mask allows row i. The alternatives
+/// of a row are separated by "|".
 inline constexpr std::string_view kFragments[] = {
     "ch|dg|j",                                                                       // 0x1
     "d|s|t|n|l|r|z",                                                                 // 0x2

@@ -21,7 +21,7 @@ Grain::Grain() : FoodStock(kInitialAmount, kBaseRation, kYield) {
 void Grain::Process(float seconds) {
     TraceFrame frame("Process", "Grain");
     Assert("grain", __LINE__, "seconds >= 0.0f", seconds >= 0.0f);
-    if (seconds > 0.0f)  // an infinite production times 0 would not be a number
+    if (seconds > 0.0f)  // an infinite production times 0 would be NaN
         amount += production * seconds;
     KeepWithin(kCapacity);
 }

@@ -10,7 +10,7 @@ class Grain : public FoodStock {
 public:
     Grain();
 
-    /// Adds what the farmers grow; the store ends at 20 million units. Seconds below 0 fail an
-    /// assertion.
+    /// Adds what the farmers grow; the store holds at most 20 million units. Seconds below 0 fail
+    /// an assertion.
     void Process(float seconds);
 };

@@ -15,7 +15,7 @@ namespace {
 constexpr float kCalmGap = 0.05f;
 constexpr float kTenseGap = 0.1f;
 
-/// Weekly change of crime, drawn from [lowest, lowest + spread).
+/// Weekly change of crime, rolled from [lowest, lowest + spread).
 struct Drift {
     float spread;
     float lowest;
@@ -25,9 +25,9 @@ constexpr Drift kSettling{0.0039999997f, -0.005f};  // the float just below 0.00
 constexpr Drift kRising{0.023f, -0.01f};
 constexpr Drift kFalling{0.023f, -0.013f};
 
-double DrawChange(const Drift& drift, float seconds) {
-    const double draw = UnitDraw();
-    return OverTick(draw * drift.spread + drift.lowest, seconds);
+double RollChange(const Drift& drift, float seconds) {
+    const double roll = RollUnit();
+    return OverTick(roll * drift.spread + drift.lowest, seconds);
 }
 
 }  // namespace
@@ -42,9 +42,9 @@ void Justice::Process(float seconds) {
     const float gap = Gap();
     double change = 0.0;
     if (gap <= kCalmGap) {
-        change = DrawChange(kSettling, seconds);
+        change = RollChange(kSettling, seconds);
     } else if (gap > kTenseGap) {
-        change = DrawChange(crimeLevel > justiceLevel ? kRising : kFalling, seconds);
+        change = RollChange(crimeLevel > justiceLevel ? kRising : kFalling, seconds);
     }
     crimeLevel = static_cast<float>(crimeLevel + change);
     crimeLevel = std::clamp(crimeLevel, 0.0f, 1.0f);

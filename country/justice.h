@@ -3,17 +3,17 @@
 
 #pragma once
 
-/// Crime, which drifts on its own, and the justice that the player sets against it. Both levels
+/// Crime, which changes by itself, and justice, which the player sets against it. Both levels
 /// are fractions.
 class Justice {
 public:
     float crimeLevel = 0.6f;    ///< 0 to 1
     float justiceLevel = 0.4f;  ///< 0 to 1
 
-    /// The distance between the two levels; it also moves the people's morale.
+    /// The distance between the two levels. The people's morale depends on it too.
     float Gap() const;
 
-    /// Lets crime drift. Far above the level of justice it tends to grow further, far below it to
-    /// shrink further; close to it, it creeps down.
+    /// Changes crime for `seconds`. Crime far above the level of justice tends to rise, crime far
+    /// below it tends to fall; crime close to it falls slowly.
     void Process(float seconds);
 };

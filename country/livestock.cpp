@@ -14,11 +14,11 @@ constexpr float kBaseRation = 0.1f;
 constexpr float kYield = 0.2f;
 constexpr float kCapacity = 10000000.0f;
 
-/// What a herd that cannot grow fast enough loses of its production at a time.
+/// The production of a herd that cannot grow fast enough is lowered in steps of this size.
 constexpr float kProductionStep = 0.1f;
 
-/// Where floats change their spacing on the way down from `production`. Every step that ends
-/// above it takes off the same amount.
+/// The next smaller value at which the spacing of floats changes. Every step that ends above it
+/// subtracts exactly the same amount.
 double EndOfSpacing(float production) {
     const int exponent = std::ilogb(production);
     return production > 0.0f ? std::ldexp(1.0, exponent) : -std::ldexp(1.0, exponent + 1);
@@ -49,11 +49,11 @@ void Livestock::LowerToGrowthLimit(float seconds) {
     while (OutgrowsHerd(production, seconds)) {
         const float lowered = production - kProductionStep;
         if (!(lowered < production))
-            return;  // infinite, or so large that a step is lost in the rounding
+            return;  // infinite, or so large that a step is rounded away
 
-        // Millions of steps can lie ahead, so those of equal size are counted instead of taken:
-        // they end at exactly start - count * step, and what outgrows the herd at one of them
-        // does so at all before it.
+        // Millions of steps may be needed, so the number of equal steps is computed instead:
+        // `count` of them end at exactly start - count * step, and a production that is too high
+        // after some steps is too high after fewer.
         const double start = production;
         const double step = start - lowered;
         const auto equalSteps =
@@ -66,7 +66,7 @@ void Livestock::LowerToGrowthLimit(float seconds) {
             return static_cast<float>(start - static_cast<double>(count) * step);
         };
         long tooFew = 0;
-        long enough = equalSteps;  // or as far as equal steps go
+        long enough = equalSteps;  // if it is not enough, the loop goes on from there
         while (enough - tooFew > 1) {
             const long middle = tooFew + (enough - tooFew) / 2;
             (OutgrowsHerd(after(middle), seconds) ? tooFew : enough) = middle;

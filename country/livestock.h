@@ -5,15 +5,15 @@
 
 #include "country/foodstock.h"
 
-/// Heads of animals, raised by the butchers.
+/// The herd, in heads of animals. The butchers raise it.
 class Livestock : public FoodStock {
 public:
     float growthLimit = 0.75f;  ///< in one tick the herd grows to amount / growthLimit at most
 
     Livestock();
 
-    /// Advances the herd. A herd that cannot grow as fast as its butchers would make it loses
-    /// that production for good.
+    /// Advances the herd. If the butchers' work is more than the herd can grow by, the production
+    /// is lowered, and stays so until the workers are set again.
     void Process(float seconds);
 
 private:

@@ -17,11 +17,11 @@ void Military::Process(float seconds) {
     TraceFrame frame("Process", "Military");
     Assert("military", __LINE__, "seconds >= 0.0f", seconds >= 0.0f);
     if (training) {
-        const double draw = UnitDraw();
-        averageSkill = static_cast<float>(averageSkill + (draw * 0.04f + 0.01f) * payRate);
+        const double roll = RollUnit();
+        averageSkill = static_cast<float>(averageSkill + (roll * 0.04f + 0.01f) * payRate);
     }
     if (recruiting) {
-        const double draw = UnitDraw();
-        recruits = static_cast<float>(recruits + (draw * 200.0f + 100.0f) * recruits / 1000.0f);
+        const double roll = RollUnit();
+        recruits = static_cast<float>(recruits + (roll * 200.0f + 100.0f) * recruits / 1000.0f);
     }
 }

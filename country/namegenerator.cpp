@@ -16,12 +16,12 @@
 namespace {
 
 constexpr std::size_t kRowCount = std::size(kFragments);
-constexpr std::size_t kMostAlternatives = 25;  // in a row
+constexpr std::size_t kMaxAlternatives = 25;  // in a row
 constexpr std::string_view kWordBreaks = kFragments[22];
 
-/// A row of fragments taken apart.
+/// A row of fragments, split at the separators.
 struct Row {
-    std::array<std::string_view, kMostAlternatives> alternatives;
+    std::array<std::string_view, kMaxAlternatives> alternatives;
     std::uint32_t count;
 };
 
@@ -38,20 +38,21 @@ constexpr std::array<Row, kRowCount> SplitRows() {
 constexpr std::array<Row, kRowCount> kRows = SplitRows();
 constexpr std::uint32_t kAllRows = (1U << kRowCount) - 1;
 
-/// Fills one position: a draw for every row that it allows, then one to choose among several.
-std::string_view DrawFragment(std::uint32_t mask) {
+/// The fragment for one position: a roll for every row that it allows, then one more if there
+/// are several rows.
+std::string_view RollFragment(std::uint32_t mask) {
     std::array<std::string_view, kRowCount> candidates;
     std::uint32_t count = 0;
     for (std::uint32_t allowed = mask & kAllRows; allowed != 0; allowed &= allowed - 1) {
         const Row& row = kRows[static_cast<std::size_t>(std::countr_zero(allowed))];
-        const auto draw = static_cast<std::uint32_t>(std::rand());
-        candidates[count] = row.alternatives[draw % row.count];
+        const auto roll = static_cast<std::uint32_t>(std::rand());
+        candidates[count] = row.alternatives[roll % row.count];
         ++count;
     }
     if (count < 2)
         return count == 0 ? std::string_view() : candidates[0];
-    const auto draw = static_cast<std::uint32_t>(std::rand());
-    return candidates[draw % count];
+    const auto roll = static_cast<std::uint32_t>(std::rand());
+    return candidates[roll % count];
 }
 
 void CapitaliseWords(std::string& name) {
@@ -65,7 +66,7 @@ void CapitaliseWords(std::string& name) {
 
 }  // namespace
 
-NameGenerator::NameGenerator(const std::uint32_t* patternToUse) : pattern(patternToUse) {
+NameGenerator::NameGenerator(const std::uint32_t* masks) : pattern(masks) {
     TraceFrame frame("NameGenerator", "NameGenerator");
 }
 
@@ -73,7 +74,7 @@ std::string NameGenerator::Generate() const {
     TraceFrame frame("Generate", "NameGenerator");
     std::string name;
     for (const std::uint32_t* mask = pattern; *mask != 0; ++mask)
-        name += DrawFragment(*mask);
+        name += RollFragment(*mask);
     CapitaliseWords(name);
     return name;
 }

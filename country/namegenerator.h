@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
-/// Makes up names from fragments of letters. A pattern is a list of positions, ended by 0; each
-/// is a mask whose bit i lets row i of the fragments fill it.
+/// Makes random names from fragments of letters. A pattern is a list of positions, ended by 0.
+/// Each position is a mask; bit i says that a fragment of row i may stand there.
 class NameGenerator {
 public:
     static constexpr std::uint32_t kCountryPattern[] = {0x4230,   0x80000,   0x2020000,
@@ -19,10 +19,10 @@ public:
     static constexpr std::uint32_t kTownPattern[] = {0x4020,   0x80000, 0x4220, 0x2000000,
                                                      0x180000, 0x10120, 0};
 
-    /// @param patternToUse  not owned; stays alive as long as the generator is used
-    explicit NameGenerator(const std::uint32_t* patternToUse);
+    /// @param pattern  not owned; must live as long as the generator is used
+    explicit NameGenerator(const std::uint32_t* pattern);
 
-    /// Draws once for every row that a position allows and once more to choose among several.
+    /// Rolls once for every row that a position allows, and once more if there are several.
     std::string Generate() const;
 
     /// Number `index`, from 0, of the alternatives in a text separated by "|"; the last one when

@@ -29,17 +29,17 @@ constexpr const char* kCake =
     "left a dark mark on the once fair town of ++TOWN++.";
 
 struct Story {
-    double below;  ///< it is printed at crime levels below this
+    double below;  ///< the story is for crime levels below this one
     const char* text;
-    bool filledIn;  ///< names are drawn for it
+    bool filledIn;  ///< random names are made for it
 };
 
-// The first row that holds is taken. Crime is single precision and so are the bounds, except 0.35
-// and 0.85: at 0.35f, which lies just below 0.35, there is still "Assault".
+// The first row that fits is used. The crime level is a float, and so are the bounds, except 0.35
+// and 0.85, which are doubles: 0.35f is a little less than 0.35, so it still gives "Assault".
 constexpr Story kStories[] = {
     {0.05f, kJaywalking, true},
     {0.1f, kCake, true},
-    {0.15f, "Illegal Gambling is rampant!", true},  // kept: drawn for, though it names nobody
+    {0.15f, "Illegal Gambling is rampant!", true},  // kept: names are made, but not used
     {0.2f, "Mugging", false},
     {0.25f, "Burglary", false},
     {0.3f, "Tresspassing", false},
@@ -47,7 +47,7 @@ constexpr Story kStories[] = {
     {0.4f, "Blackmail", false},
     {0.45f, "Fraud", false},
     {0.5f, "Vandalism", false},
-    {0.55f, "Assault", false},  // kept: a second time
+    {0.55f, "Assault", false},  // kept: it is in the table twice
     {0.6f, "Smuggling", false},
     {0.65f, "Forgery", false},
     {0.7f, "Arson", false},
@@ -83,7 +83,7 @@ std::string FillIn(std::string text) {
 
 }  // namespace
 
-Newspaper::Newspaper(const Country* countryToReportOn) : country(countryToReportOn) {
+Newspaper::Newspaper(const Country* reported) : country(reported) {
     TraceFrame frame("Newspaper", "Newspaper");
     Assert("newspaper", __LINE__, "c != 0", country != nullptr);
 }
@@ -93,7 +93,7 @@ void Newspaper::Update(float seconds) {
     sinceEdition += seconds;
     if (sinceEdition > kSecondsPerDay) {
         Print();
-        sinceEdition = 0.0f;  // kept: what exceeds the day is dropped
+        sinceEdition = 0.0f;  // kept: the seconds above a day are lost
     }
 }
 

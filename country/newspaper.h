@@ -11,13 +11,13 @@ class Country;
 /// Prints one story per game day about a country's crime.
 class Newspaper {
 public:
-    /// @param countryToReportOn  not owned
-    explicit Newspaper(const Country* countryToReportOn);
+    /// @param country  the one to report on; not owned
+    explicit Newspaper(const Country* country);
 
     /// Prints at most one edition, however many days have passed.
     void Update(float seconds);
 
-    /// Replaces the story by a new one, chosen by the crime level.
+    /// Replaces the story by a new one. The crime level decides which.
     void Print();
 
     /// The day's story, or nothing before the first edition.

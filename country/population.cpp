@@ -12,9 +12,9 @@
 
 namespace {
 
-float DrawWeeks(float spread, float lowest) {
-    const double draw = UnitDraw();
-    return static_cast<float>((draw * spread + lowest) * kSecondsPerWeek);
+float RollWeeks(float spread, float lowest) {
+    const double roll = RollUnit();
+    return static_cast<float>((roll * spread + lowest) * kSecondsPerWeek);
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ void Population::Process(float seconds) {
         famineChance = 0.0f;
     SufferPlague(seconds);
     SufferFamine(seconds);
-    DrawDisasters(seconds);
+    RollDisasters(seconds);
     FeelInjustice(seconds);
     Grow(seconds);
     if (!rebellion) {
@@ -78,26 +78,26 @@ void Population::FeelHunger(float seconds) {
     TraceFrame frame("FeelHunger", "Population");
     const float hunger = grain.HungerFactor() * livestock.HungerFactor();
     if (grain.IsEmpty() || livestock.IsEmpty()) {
-        morale -= OverTick(SmallStep() * 5.0f, seconds);
-        famineChance += OverTick(hunger * SmallStep() * 5.0f, seconds);
-        famineChance = 1.0f;  // kept: certain, yet the draw above is made
+        morale -= OverTick(RollSmallStep() * 5.0f, seconds);
+        famineChance += OverTick(hunger * RollSmallStep() * 5.0f, seconds);
+        famineChance = 1.0f;  // kept: certain, but the roll above is still made
         Say("the people are starving fast!");
     } else if (grain.IsStarving() || livestock.IsStarving()) {
-        morale -= OverTick(2.0f * SmallStep(), seconds);
-        famineChance += OverTick(2.0f * SmallStep() * hunger, seconds);
+        morale -= OverTick(2.0f * RollSmallStep(), seconds);
+        famineChance += OverTick(2.0f * RollSmallStep() * hunger, seconds);
         Say("the people are starving slowly!");
     } else if (grain.IsHungry() || livestock.IsHungry()) {
-        morale -= OverTick(SmallStep() * hunger, seconds);
-        famineChance += OverTick(SmallStep(), seconds);
+        morale -= OverTick(RollSmallStep() * hunger, seconds);
+        famineChance += OverTick(RollSmallStep(), seconds);
         Say("the people are hungry!");
     } else if (grain.IsGorging() || livestock.IsGorging()) {
-        morale += OverTick(2.0f * SmallStep(), seconds);
-        famineChance -= OverTick(2.0f * SmallStep(), seconds);
+        morale += OverTick(2.0f * RollSmallStep(), seconds);
+        famineChance -= OverTick(2.0f * RollSmallStep(), seconds);
         Say("the people are gorging themselves!");
     } else if (grain.IsWellFed() || livestock.IsWellFed()) {
-        morale += OverTick(SmallStep(), seconds);
-        opinion += OverTick(SmallStep(), seconds);
-        famineChance -= OverTick(SmallStep(), seconds);
+        morale += OverTick(RollSmallStep(), seconds);
+        opinion += OverTick(RollSmallStep(), seconds);
+        famineChance -= OverTick(RollSmallStep(), seconds);
         Say("the people are well fed!");
     }
 }
@@ -106,8 +106,8 @@ void Population::ConsiderRebellion() {
     TraceFrame frame("ConsiderRebellion", "Population");
     if (!(morale < 0.1f))
         return;
-    const double draw = UnitDraw();
-    if (morale * 10.0f < draw && GraceIsOver())
+    const double roll = RollUnit();
+    if (morale * 10.0f < roll && GraceIsOver())
         rebellion = true;
 }
 
@@ -117,12 +117,11 @@ void Population::SufferPlague(float seconds) {
         plagueTime = 0.0f;
         return;
     }
-    // A fifth of the people being doctors ends a plague at full speed, half of them being doctors
-    // stops its deaths.
+    // With 20% doctors a plague ends at full speed, with 50% nobody dies of it.
     const float doctors = Count(Profession::Doctors) / population;
     plagueTime = std::max(plagueTime - std::min(5.0f * doctors, 1.0f) * seconds, 0.0f);
-    const double draw = UnitDraw();
-    const double deaths = (draw * 100.0f + 300.0f) * std::max(1.0f - 2.0f * doctors, 0.0f);
+    const double roll = RollUnit();
+    const double deaths = (roll * 100.0f + 300.0f) * std::max(1.0f - 2.0f * doctors, 0.0f);
     population = static_cast<float>(population - OverTick(deaths, seconds));
 }
 
@@ -134,26 +133,27 @@ void Population::SufferFamine(float seconds) {
     }
     famineChance = 0.0f;
     famineTime = std::max(famineTime - seconds, 0.0f);
-    const double draw = UnitDraw();
-    population = static_cast<float>(population - OverTick(draw * 200.0f + 1000.0f, seconds));
+    const double roll = RollUnit();
+    population = static_cast<float>(population - OverTick(roll * 200.0f + 1000.0f, seconds));
 }
 
-void Population::DrawDisasters(float seconds) {
-    TraceFrame frame("DrawDisasters", "Population");
-    // kept: the tests scale with the tick, so that only one of nearly a week can start a plague
+void Population::RollDisasters(float seconds) {
+    TraceFrame frame("RollDisasters", "Population");
+    // kept: both limits depend on the length of the tick, so only a tick of nearly a week can
+    // start a plague
     const float weeks = seconds / kSecondsPerWeek;
-    const double famineDraw = UnitDraw();
-    if (1.0f - famineChance < weeks * famineDraw && GraceIsOver())
-        famineTime = DrawWeeks(8.0f, 18.0f);
-    const double plagueDraw = UnitDraw();
-    if (0.99f < weeks * plagueDraw && GraceIsOver())
-        plagueTime = DrawWeeks(4.0f, 8.0f);
+    const double famineRoll = RollUnit();
+    if (1.0f - famineChance < weeks * famineRoll && GraceIsOver())
+        famineTime = RollWeeks(8.0f, 18.0f);
+    const double plagueRoll = RollUnit();
+    if (0.99f < weeks * plagueRoll && GraceIsOver())
+        plagueTime = RollWeeks(4.0f, 8.0f);
 }
 
 void Population::FeelInjustice(float seconds) {
     TraceFrame frame("FeelInjustice", "Population");
     if (justice.Gap() >= 0.1f)
-        morale -= OverTick(SmallStep(), seconds);
+        morale -= OverTick(RollSmallStep(), seconds);
     if (justice.crimeLevel <= 0.0f)
         Say("CEEEEELEEEBRAAAATE GOOD TIMES _COME ON_");
 }
@@ -177,12 +177,12 @@ void Population::FeelJustice(float seconds) {
     TraceFrame frame("FeelJustice", "Population");
     if (!(justice.Gap() < 0.05f) || rebellion)
         return;
-    const double draw = UnitDraw();
-    morale = static_cast<float>(morale + OverTick(draw * 0.003f + 0.001f, seconds));
+    const double roll = RollUnit();
+    morale = static_cast<float>(morale + OverTick(roll * 0.003f + 0.001f, seconds));
 }
 
 void Population::Say(const char* message) const {
     TraceFrame frame("Say", "Population");
     if (messages != nullptr)
-        *messages << message << std::endl;  // flushed per line
+        *messages << message << std::endl;  // each line is flushed
 }

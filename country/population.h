@@ -13,7 +13,7 @@
 #include "country/livestock.h"
 #include "country/military.h"
 
-/// What a share of the people does; the rest is idle, and only the idle have children.
+/// What a share of the people does. The others are idle, and only the idle have children.
 enum class Profession { Farmers, Butchers, Educators, Warriors, Doctors };
 
 inline constexpr std::array kProfessions{Profession::Farmers, Profession::Butchers,
@@ -29,41 +29,40 @@ public:
     Justice justice;
     Education education;
     Military military;
-    float morale = 0.5f;        ///< never below 0 after a tick's food state; no upper bound
+    float morale = 0.5f;        ///< a tick raises it to at least 0; no upper bound
     float opinion = 0.5f;       ///< as morale
     float population;           ///< a head-count; disasters may drive it below 0
-    float famineChance = 0.0f;  ///< from 1 on certain in a tick of a week; may fall below 0
+    float famineChance = 0.0f;  ///< at 1 or more certain in a tick of a week; may be below 0
     float famineTime = 0.0f;    ///< game seconds left; a famine is in progress while above 0
     float plagueTime = 0.0f;    ///< game seconds left; a plague is in progress while above 0
-    bool rebellion = false;     ///< once true, never cleared
+    bool rebellion = false;     ///< never false again once it is true
     bool revolt = false;        ///< only shown
     float elapsed = 0.0f;       ///< game seconds since the country was created
 
-    /// Famine, plague and rebellion spare a country for its first 48 weeks.
+    /// No famine, plague or rebellion begins in a country's first 48 weeks.
     static constexpr float kGracePeriod = 29030400.0f;
 
-    /// With the stores, shares and levels that every country begins with.
-    explicit Population(int people);
+    /// Sets the stores, shares and levels that every country begins with.
+    explicit Population(int population);
 
     float Share(Profession profession) const { return shares[Index(profession)]; }
-    /// To be followed by Normalise(profession), which lets the change take effect.
+    /// Call Normalise(profession) afterwards: only then does the change take effect.
     void SetShare(Profession profession, float share) { shares[Index(profession)] = share; }
 
     float Count(Profession profession) const { return Share(profession) * population; }
     /// Negative while the shares add up to more than 1.
     float IdleCount() const;
 
-    /// Makes room for the share of `profession`, which was just set: when the shares add up to
-    /// more than 1, a quarter of the overshoot is taken from each of the other four, none of
-    /// which goes below 0. Then the head-counts are handed to the food stocks, the education and
-    /// the military.
+    /// Makes room for the share of `profession`, which was just set: if the shares add up to more
+    /// than 1, each of the other four loses a quarter of the excess, but none goes below 0. Then
+    /// sets the workers of the food stocks, the educators and the warriors.
     void Normalise(Profession profession);
 
-    /// One tick. Writes what the people think of their food to the message stream.
+    /// One tick. Writes what the people say of their food to the message stream.
     void Process(float seconds);
 
-    /// Where the messages go, a line each, flushed: standard output at first; null for nowhere.
-    /// @param stream  not owned
+    /// Where the messages go, one line each, flushed; standard output if this is not called.
+    /// @param stream  not owned; null drops the messages
     void SetMessageStream(std::ostream* stream) { messages = stream; }
 
 private:
@@ -76,7 +75,7 @@ private:
     void ConsiderRebellion();
     void SufferPlague(float seconds);
     void SufferFamine(float seconds);
-    void DrawDisasters(float seconds);
+    void RollDisasters(float seconds);
     void FeelInjustice(float seconds);
     void Grow(float seconds);
     void Eat(float seconds);

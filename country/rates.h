@@ -8,8 +8,8 @@ inline constexpr float kSecondsPerWeek = 604800.0f;
 inline constexpr float kSecondsPerYear = 31449600.0f;  ///< 52 weeks
 inline constexpr float kWeeksPerYear = 52.0f;
 
-/// What a weekly rate comes to in a tick. A rate that took part in a unit draw is a double and
-/// stays one until it is added to its field.
+/// The part of a weekly rate that belongs to a tick. A rate that was computed from a roll is a
+/// double, and so is the result.
 template <typename Rate>
 constexpr Rate OverTick(Rate weekly, float seconds) {
     return weekly * seconds / kSecondsPerWeek;

@@ -16,8 +16,8 @@ World::World()
     const NameGenerator names(NameGenerator::kCountryPattern);
     for (std::unique_ptr<Country>& country : countries) {
         const std::string name = names.Generate();
-        const double draw = UnitDraw();
-        const auto people = static_cast<int>(std::lround(draw * 50000.0f + 20000.0f));
+        const double roll = RollUnit();
+        const auto people = static_cast<int>(std::lround(roll * 50000.0f + 20000.0f));
         country = std::make_unique<Country>(name, people);
     }
     for (const std::size_t seller : {0U, 2U, 5U})
@@ -38,6 +38,6 @@ void World::Advance(float seconds) {
     date.Advance(std::lround(seconds));
 }
 
-float World::DrawClockSeconds() {
+float World::RollClockSeconds() {
     return static_cast<float>(std::rand() % 60 + 300);
 }

@@ -34,5 +34,5 @@ public:
     void Advance(float seconds);
 
     /// Draws what the clock advances by each real second: 300 to 359 game seconds.
-    static float DrawClockSeconds();
+    static float RollClockSeconds();
 };

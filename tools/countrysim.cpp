@@ -25,7 +25,7 @@
 namespace {
 
 constexpr int kBadOption = 2;
-constexpr double kMostWeeks = 1e9;
+constexpr double kMaxWeeks = 1e9;
 constexpr char kRealStep[] = "real";
 constexpr char kSummaryHelp[] =
     "Columns of --summary: seed; weeks survived, which are the whole weeks at whose end there "
@@ -131,7 +131,7 @@ void Declare(CLI::App& app, Options& options) {
                                         "A campaign for each seed FROM-TO, with --summary");
     seeds->check(SeedsText())->excludes(seed);
     app.add_option("--weeks", options.campaign.weeks, "Weeks to simulate at least, also a fraction")
-        ->check(Between(0.0, kMostWeeks))
+        ->check(Between(0.0, kMaxWeeks))
         ->capture_default_str();
     app.add_option("--step", options.step,
                    "Seconds of a tick, or \"real\" to draw them as the game's clock does")
@@ -156,7 +156,7 @@ void Declare(CLI::App& app, Options& options) {
     app.add_option("--trade", policy.trade,
                    "Before every tick sell the food beyond so many weeks' need to the first "
                    "neighbour, and buy from it what is missing, as far as the funds reach")
-        ->check(Between(0.0, kMostWeeks))
+        ->check(Between(0.0, kMaxWeeks))
         ->excludes(bare);
     app.add_flag("--no-newspaper", options.noNewspaper, "Drop the newspaper and its draws");
     CLI::Option* summary =

@@ -14,41 +14,29 @@
 
 namespace {
 
+/// The word of a layout for the widget, and the fields after its place.
 struct Statement {
     std::string_view kind;
-    std::string_view tag;
     std::string_view fields;
 };
 
-/// Every tag of the game, far enough from each other that a click meets one widget.
-constexpr Statement kStatements[] = {
-    {"Butt", "exitbut", "Exit"},     {"Butt", "update", "Week"},
-    {"Butt", "buybut", "Buy"},       {"Butt", "sellbut", "Sell"},
-    {"Butt", "PrevPage", "Back"},    {"Butt", "lration--", "--"},
-    {"Butt", "lration++", "++"},     {"Butt", "gration--", "--"},
-    {"Butt", "gration++", "++"},     {"Butt", "farmers--", "--"},
-    {"Butt", "farmers++", "++"},     {"Butt", "butchers--", "--"},
-    {"Butt", "butchers++", "++"},    {"Butt", "educators--", "--"},
-    {"Butt", "educators++", "++"},   {"Butt", "warriors--", "--"},
-    {"Butt", "warriors++", "++"},    {"Butt", "doctors--", "--"},
-    {"Butt", "doctors++", "++"},     {"Slide", "justiceslide", "1 0"},
-    {"Slide", "lration", "1 0"},     {"Slide", "gration", "1 0"},
-    {"Slide", "stockbuy", "1 0"},    {"Slide", "grainbuy", "1 0"},
-    {"Slide", "finebuy", "1 0"},     {"Slide", "farmers", "1 0"},
-    {"Slide", "butchers", "1 0"},    {"Slide", "educators", "1 0"},
-    {"Slide", "warriors", "1 0"},    {"Slide", "doctors", "1 0"},
-    {"Label", "farmerslab", "-"},    {"Label", "butcherslab", "-"},
-    {"Label", "educatorslab", "-"},  {"Label", "warriorslab", "-"},
-    {"Label", "doctorslab", "-"},    {"Label", "lrationlab", "-"},
-    {"Label", "grationlab", "-"},    {"Label", "stockbuylab", "-"},
-    {"Label", "grainbuylab", "-"},   {"Label", "finebuylab", "-"},
-    {"Label", "storelab", "-"},      {"Label", "popinfo", "-"},
-    {"Label", "continentinfo", "-"}, {"Label", "funds", "-"},
-    {"Label", "date", "-"},          {"Label", "paperlab", "-"},
-    {"Label", "debuginfo", "-"},     {"Label", "fps", "-"},
-    {"Combo", "countrysel", ""},     {"Win", "newspaper", "0 Paper"},
-};
+Statement StatementOf(tag::Role role) {
+    switch (role) {
+    case tag::Role::Button:
+        return {"Butt", "Press"};
+    case tag::Role::Slider:
+        return {"Slide", "1 0"};
+    case tag::Role::List:
+        return {"Combo", ""};
+    case tag::Role::Window:
+        return {"Win", "0 Paper"};
+    case tag::Role::Label:
+        break;
+    }
+    return {"Label", "-"};
+}
 
+/// Distance between two widgets, so that a click hits one of them only.
 constexpr float kSpacing = 10.0f;
 
 }  // namespace
@@ -81,11 +69,13 @@ std::string GameTest::Said() {
 void GameTest::WriteLayout(const char* path, std::initializer_list<std::string_view> leftOut) {
     std::ofstream layout(path);
     float y = 0.0f;
-    for (const Statement& statement : kStatements) {
+    for (const tag::Widget& widget : tag::kWidgets) {
         y += kSpacing;
-        if (std::find(leftOut.begin(), leftOut.end(), statement.tag) == leftOut.end())
-            layout << "CADD " << statement.kind << ' ' << statement.tag << " NULL 0 " << -y << ' '
-                   << statement.fields << '\n';
+        if (std::find(leftOut.begin(), leftOut.end(), widget.tag) != leftOut.end())
+            continue;
+        const Statement statement = StatementOf(widget.role);
+        layout << "CADD " << statement.kind << ' ' << widget.tag << " NULL 0 " << -y << ' '
+               << statement.fields << '\n';
     }
 }
 

@@ -13,9 +13,9 @@
 #include "glwidget/glwidget.h"
 #include "tests/support/temporary_folder.h"
 
-/// The game without a window: a layout with every widget of the game, made in a folder of its
-/// own that holds nothing else, so that no theme, font or picture is loaded and no OpenGL is
-/// called. The world is the one of `kSeed`.
+/// The game without a window: a layout with every widget of the game, in a temporary folder without
+/// other files, so that no theme, font or picture is loaded and no OpenGL function is called. The
+/// world is the one of `kSeed`.
 class GameTest : public ::testing::Test {
 protected:
     static constexpr unsigned kSeed = 1358;
@@ -23,10 +23,10 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// What was written on standard error so far; from then on it is not held back any more.
+    /// What was written on standard error so far. Later lines are not captured.
     std::string Said();
 
-    /// Writes a layout that lacks the widgets in `leftOut`.
+    /// Writes a layout of all widgets but those with the tags in `leftOut`.
     static void WriteLayout(const char* path, std::initializer_list<std::string_view> leftOut = {});
     /// Starts the toolkit from such a layout.
     void StartLayout(std::initializer_list<std::string_view> leftOut = {});

@@ -10,14 +10,14 @@
 #include <sstream>
 
 #include "quarn2/trace.h"
-#include "tests/country/draws.h"
 #include "tests/country/plaincountry.h"
+#include "tests/country/rolls.h"
 
 namespace {
 
 constexpr float kWeek = 604800.0f;
 
-TEST(CountryTest, TreasuryAndPricesComeFromThreeDrawsInOrder) {
+TEST(CountryTest, TreasuryAndPricesComeFromThreeRollsInOrder) {
     for (unsigned seed = 1; seed < 200; ++seed) {
         Replay replay(seed);
         const auto funds = static_cast<float>(replay.Raw() % 100 + 487);
@@ -31,7 +31,7 @@ TEST(CountryTest, TreasuryAndPricesComeFromThreeDrawsInOrder) {
         ASSERT_EQ(country.livestockBuyPrice, livestockPrice);
         ASSERT_EQ(country.grainBuyPrice, grainPrice);
     }
-    ExpectDraws(3, [] { Country("Merovinska", 38685); });
+    ExpectRolls(3, [] { Country("Merovinska", 38685); });
 }
 
 TEST(CountryTest, SellPricesAreFourFifthsOfTheBuyPrices) {
@@ -169,10 +169,10 @@ TEST(CountryTest, CampaignsEqualTheRulesWrittenOutFlat) {
             const auto seed = static_cast<unsigned>(random());
             std::srand(seed);
             country.Process(seconds);
-            const int drawn = std::rand();
+            const int rolled = std::rand();
             std::srand(seed);
             plain.Tick(seconds);
-            ASSERT_EQ(drawn, std::rand()) << "other draws in tick " << tick;
+            ASSERT_EQ(rolled, std::rand()) << "other rolls in tick " << tick;
             ASSERT_EQ(country.funds, plain.funds);
             ASSERT_EQ(country.population, plain.population);
             ASSERT_EQ(country.livestock.amount, plain.livestock);

@@ -9,7 +9,7 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/country/draws.h"
+#include "tests/country/rolls.h"
 
 namespace {
 
@@ -127,7 +127,7 @@ TEST(DateTest, ManySmallAdvancesEqualOneLarge) {
     EXPECT_EQ(small, large);
 }
 
-TEST(DateTest, RandomDateDrawsEachFieldInOrder) {
+TEST(DateTest, RandomDateRollsEachFieldInOrder) {
     for (unsigned seed = 1; seed < 200; ++seed) {
         Replay replay(seed);
         const auto field = [&](double range, double lowest) {
@@ -148,7 +148,7 @@ TEST(DateTest, RandomDateDrawsEachFieldInOrder) {
         ASSERT_EQ(date.minute, minute);
         ASSERT_EQ(date.second, second);
     }
-    ExpectDraws(6, [] { Date("random"); });
+    ExpectRolls(6, [] { Date("random"); });
 }
 
 TEST(DateTest, RandomDateKeepsTheDayZeroAndTheHour24) {
@@ -165,7 +165,7 @@ TEST(DateTest, RandomDateKeepsTheDayZeroAndTheHour24) {
 }
 
 TEST(DateTest, NothingButTheWordItselfIsRandom) {
-    ExpectDraws(0, [] {
+    ExpectRolls(0, [] {
         Date("Random");
         Date("random ");
         Date("1358/05/16 00:00:00");

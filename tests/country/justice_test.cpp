@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/country/draws.h"
+#include "tests/country/rolls.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ Justice Levels(float crime, float level) {
     return justice;
 }
 
-/// Crime after a tick, as it follows from the seed's first draw.
+/// Crime after a tick, as it follows from the seed's first roll.
 float Drifted(float crime, float spread, float lowest, float seconds, unsigned seed) {
     Replay replay(seed);
     return static_cast<float>(crime + (replay.Unit() * spread + lowest) * seconds / kWeek);
@@ -47,7 +47,7 @@ TEST(JusticeTest, CrimeCloseToJusticeCreepsDown) {
 TEST(JusticeTest, CrimeBetweenTheTwoGapsDoesNotMove) {
     for (const float crime : {0.48f, 0.32f}) {
         Justice justice = Levels(crime, 0.4f);
-        ExpectDraws(0, [&] { justice.Process(kWeek); });
+        ExpectRolls(0, [&] { justice.Process(kWeek); });
         EXPECT_EQ(justice.crimeLevel, crime);
     }
 }
@@ -103,9 +103,9 @@ TEST(JusticeTest, CrimeNeverLeavesItsRange) {
     EXPECT_TRUE(reachedZero);
 }
 
-TEST(JusticeTest, DriftingTakesOneDraw) {
+TEST(JusticeTest, DriftingTakesOneRoll) {
     for (const float crime : {0.4f, 0.6f, 0.2f})
-        ExpectDraws(1, [=] { Levels(crime, 0.4f).Process(kWeek); });
+        ExpectRolls(1, [=] { Levels(crime, 0.4f).Process(kWeek); });
 }
 
 TEST(JusticeTest, NegativeSecondsEndTheProgram) {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/country/draws.h"
+#include "tests/country/rolls.h"
 
 namespace {
 
@@ -41,9 +41,9 @@ TEST(MilitaryTest, WarriorsCostNothing) {
     EXPECT_EQ(military.Cost(kWeek), Military().Cost(kWeek));
 }
 
-TEST(MilitaryTest, IdleArmyDrawsNothingAndStaysAsItIs) {
+TEST(MilitaryTest, IdleArmyRollsNothingAndStaysAsItIs) {
     Military military;
-    ExpectDraws(0, [&] { military.Process(kWeek); });
+    ExpectRolls(0, [&] { military.Process(kWeek); });
     EXPECT_EQ(military.averageSkill, 0.3f);
     EXPECT_EQ(military.recruits, 1350.0f);
 }
@@ -85,7 +85,7 @@ TEST(MilitaryTest, RoundDoesNotScaleWithTheSeconds) {
     EXPECT_EQ(trained(0.0f).recruits, trained(kWeek).recruits);
 }
 
-TEST(MilitaryTest, TrainingDrawsBeforeRecruiting) {
+TEST(MilitaryTest, TrainingRollsBeforeRecruiting) {
     Replay replay(11);
     const double forSkill = replay.Unit();
     const double forRecruits = replay.Unit();

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "country/fragments.h"
-#include "tests/country/draws.h"
+#include "tests/country/rolls.h"
 
 namespace {
 
@@ -25,7 +25,7 @@ std::vector<std::string> Split(std::string_view row) {
     return parts;
 }
 
-/// A name as it follows from the seed's draws.
+/// A name as it follows from the seed's rolls.
 std::string Expected(const std::uint32_t* pattern, unsigned seed) {
     Replay replay(seed);
     std::string name;
@@ -86,7 +86,7 @@ TEST(NameGeneratorTest, FragmentsAreTheTwentySixRows) {
     EXPECT_EQ(std::vector<std::string>(std::begin(kFragments), std::end(kFragments)), rows);
 }
 
-TEST(NameGeneratorTest, NamesFollowTheDraws) {
+TEST(NameGeneratorTest, NamesFollowTheRolls) {
     for (unsigned seed = 1; seed < 500; ++seed) {
         for (const std::uint32_t* pattern :
              {NameGenerator::kCountryPattern, NameGenerator::kFirstNamePattern,
@@ -95,7 +95,7 @@ TEST(NameGeneratorTest, NamesFollowTheDraws) {
     }
 }
 
-TEST(NameGeneratorTest, EveryRowFollowsTheDraws) {
+TEST(NameGeneratorTest, EveryRowFollowsTheRolls) {
     for (unsigned row = 0; row < 26; ++row) {
         const std::uint32_t pattern[] = {1U << row, 0x3FFFFFF, 1U << row, 0};
         for (unsigned seed = 1; seed < 50; ++seed)
@@ -103,20 +103,20 @@ TEST(NameGeneratorTest, EveryRowFollowsTheDraws) {
     }
 }
 
-TEST(NameGeneratorTest, EveryAllowedRowIsDrawnForAndSeveralOnceMore) {
-    ExpectDraws(16, [] { NameGenerator(NameGenerator::kCountryPattern).Generate(); });
-    ExpectDraws(7, [] { NameGenerator(NameGenerator::kFirstNamePattern).Generate(); });
-    ExpectDraws(3, [] { NameGenerator(NameGenerator::kSecondNamePattern).Generate(); });
-    ExpectDraws(16, [] { NameGenerator(NameGenerator::kTownPattern).Generate(); });
+TEST(NameGeneratorTest, EveryAllowedRowIsRolledForAndSeveralOnceMore) {
+    ExpectRolls(16, [] { NameGenerator(NameGenerator::kCountryPattern).Generate(); });
+    ExpectRolls(7, [] { NameGenerator(NameGenerator::kFirstNamePattern).Generate(); });
+    ExpectRolls(3, [] { NameGenerator(NameGenerator::kSecondNamePattern).Generate(); });
+    ExpectRolls(16, [] { NameGenerator(NameGenerator::kTownPattern).Generate(); });
 }
 
-TEST(NameGeneratorTest, MakingAGeneratorDrawsNothing) {
-    ExpectDraws(0, [] { NameGenerator generator(NameGenerator::kCountryPattern); });
+TEST(NameGeneratorTest, MakingAGeneratorRollsNothing) {
+    ExpectRolls(0, [] { NameGenerator generator(NameGenerator::kCountryPattern); });
 }
 
-TEST(NameGeneratorTest, PositionWithOneRowSpendsNoSecondDraw) {
+TEST(NameGeneratorTest, PositionWithOneRowSpendsNoSecondRoll) {
     const std::uint32_t pattern[] = {0x800, 0};
-    ExpectDraws(1, [&] { NameGenerator(pattern).Generate(); });
+    ExpectRolls(1, [&] { NameGenerator(pattern).Generate(); });
 }
 
 TEST(NameGeneratorTest, RowWithOneAlternativeAlwaysYieldsIt) {
@@ -127,12 +127,12 @@ TEST(NameGeneratorTest, RowWithOneAlternativeAlwaysYieldsIt) {
 
 TEST(NameGeneratorTest, EmptyPatternGivesAnEmptyName) {
     const std::uint32_t pattern[] = {0};
-    ExpectDraws(0, [&] { EXPECT_EQ(NameGenerator(pattern).Generate(), ""); });
+    ExpectRolls(0, [&] { EXPECT_EQ(NameGenerator(pattern).Generate(), ""); });
 }
 
 TEST(NameGeneratorTest, BitsBeyondTheRowsYieldNothing) {
     const std::uint32_t pattern[] = {0x80000000, 0x4000000, 0x800, 0};
-    ExpectDraws(1, [&] { EXPECT_EQ(NameGenerator(pattern).Generate(), "H"); });
+    ExpectRolls(1, [&] { EXPECT_EQ(NameGenerator(pattern).Generate(), "H"); });
 }
 
 TEST(NameGeneratorTest, LetterAfterASpaceOrAHyphenIsCapitalised) {

@@ -10,7 +10,7 @@
 
 #include "country/country.h"
 #include "country/namegenerator.h"
-#include "tests/country/draws.h"
+#include "tests/country/rolls.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ protected:
     Newspaper newspaper{&country};
 };
 
-/// What a story is filled in with, from the draws of a seed.
+/// What a story is filled in with, from the rolls of a seed.
 struct Filling {
     std::string town, secondName, firstName, time;
 
@@ -78,8 +78,8 @@ TEST_F(NewspaperTest, RestOfTheDayIsDroppedAtAnEdition) {
 
 TEST_F(NewspaperTest, WeekPrintsOneEdition) {
     country.justice.crimeLevel = 0.01f;
-    const int drawsOfAStory = 6 + 16 + 3 + 7;
-    ExpectDraws(drawsOfAStory, [&] { newspaper.Update(604800.0f); });
+    const int rollsOfAStory = 6 + 16 + 3 + 7;
+    ExpectRolls(rollsOfAStory, [&] { newspaper.Update(604800.0f); });
 }
 
 TEST_F(NewspaperTest, TwoEditionsLeaveOneStory) {
@@ -186,17 +186,17 @@ TEST_F(NewspaperTest, StoryHoldsNoPlaceholder) {
     }
 }
 
-TEST_F(NewspaperTest, NamesAreDrawnForTheGamblingHeadlineToo) {
+TEST_F(NewspaperTest, NamesAreRolledForTheGamblingHeadlineToo) {
     country.justice.crimeLevel = 0.12f;
-    ExpectDraws(6 + 16 + 3 + 7, [&] { newspaper.Print(); });
+    ExpectRolls(6 + 16 + 3 + 7, [&] { newspaper.Print(); });
     EXPECT_EQ(newspaper.Stories().at(0), "Illegal Gambling is rampant!");
 }
 
-TEST_F(NewspaperTest, OtherHeadlinesDrawNothing) {
+TEST_F(NewspaperTest, OtherHeadlinesRollNothing) {
     for (int hundredths = 16; hundredths <= 100; ++hundredths) {
         country.justice.crimeLevel = static_cast<float>(hundredths) / 100.0f;
         SCOPED_TRACE(hundredths);
-        ExpectDraws(0, [&] { newspaper.Print(); });
+        ExpectRolls(0, [&] { newspaper.Print(); });
     }
 }
 

@@ -11,7 +11,7 @@
 
 /// The country's tick once more, as one flat list of its rules over plain numbers. Slow to read
 /// and fast to compare: whatever the model does must come to exactly these figures, with exactly
-/// these draws.
+/// these rolls.
 struct PlainCountry {
     float funds;
     float population;

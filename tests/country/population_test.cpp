@@ -11,7 +11,7 @@
 #include <sstream>
 #include <streambuf>
 
-#include "tests/country/draws.h"
+#include "tests/country/rolls.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ constexpr float kWeek = 604800.0f;
 constexpr float kLongAfterGrace = 40000000.0f;
 
 /// A people whose crime lies neither close to the level of justice nor far from it, so that
-/// justice moves nothing and draws nothing, and whose messages are kept.
+/// justice moves nothing and rolls nothing, and whose messages are kept.
 class PopulationTest : public testing::Test {
 protected:
     PopulationTest() {
@@ -30,7 +30,7 @@ protected:
     void EndGrace() { people.elapsed = kLongAfterGrace; }
     void StartRebellion() { people.rebellion = true; }
 
-    /// Runs a tick with the draws of `seed`.
+    /// Runs a tick with the rolls of `seed`.
     void Tick(float seconds, unsigned seed = 1) {
         std::srand(seed);
         people.Process(seconds);
@@ -144,16 +144,16 @@ TEST_F(PopulationTest, NormaliseOfNobodyIsHarmless) {
     EXPECT_EQ(nobody.grain.production, 0.0f);
 }
 
-TEST_F(PopulationTest, NormaliseDrawsNothing) {
+TEST_F(PopulationTest, NormaliseRollsNothing) {
     people.SetShare(Profession::Farmers, 0.8f);
-    ExpectDraws(0, [&] { people.Normalise(Profession::Farmers); });
+    ExpectRolls(0, [&] { people.Normalise(Profession::Farmers); });
 }
 
 // Food states
 
 TEST_F(PopulationTest, BaseRationsAndStocksGiveNoMessageAndMoraleMovesOnlyThroughJustice) {
     people.morale = 0.5f;
-    ExpectDraws(2, [&] { people.Process(kWeek); });  // what may start a famine and a plague
+    ExpectRolls(2, [&] { people.Process(kWeek); });  // what may start a famine and a plague
     EXPECT_EQ(said.str(), "");
     EXPECT_EQ(people.morale, 0.5f);
     EXPECT_EQ(people.opinion, 0.5f);
@@ -179,9 +179,9 @@ TEST_F(PopulationTest, EmptyHerdStarvesThePeopleFast) {
     EXPECT_EQ(people.famineChance, 1.0f);
 }
 
-TEST_F(PopulationTest, StarvingFastDrawsForAChanceThatItThenOverwrites) {
+TEST_F(PopulationTest, StarvingFastRollsForAChanceThatItThenOverwrites) {
     people.grain.amount = 0.0f;
-    ExpectDraws(4, [&] { people.Process(300.0f); });
+    ExpectRolls(4, [&] { people.Process(300.0f); });
 }
 
 TEST_F(PopulationTest, FamineChanceOfStarvingIsTakenBackDuringTheFirst48Weeks) {
@@ -357,27 +357,27 @@ TEST_F(PopulationTest, MessagesAreFlushedPerLine) {
 
 // Rebellion, morale and opinion
 
-TEST_F(PopulationTest, LowMoraleBreaksOutInRebellionWhenTheDrawExceedsTenTimesIt) {
+TEST_F(PopulationTest, LowMoraleBreaksOutInRebellionWhenTheRollExceedsTenTimesIt) {
     EndGrace();
     for (unsigned seed = 1; seed < 100; ++seed) {
         people.rebellion = false;
         people.morale = 0.05f;
-        const double draw = Replay(seed).Unit();
+        const double roll = Replay(seed).Unit();
         Tick(300.0f, seed);
-        EXPECT_EQ(people.rebellion, draw > 0.5) << draw;
+        EXPECT_EQ(people.rebellion, roll > 0.5) << roll;
     }
 }
 
-TEST_F(PopulationTest, MoraleOfATenthDrawsForNoRebellion) {
+TEST_F(PopulationTest, MoraleOfATenthRollsForNoRebellion) {
     EndGrace();
     people.morale = 0.1f;
-    ExpectDraws(2, [&] { people.Process(300.0f); });
+    ExpectRolls(2, [&] { people.Process(300.0f); });
     EXPECT_FALSE(people.rebellion);
 }
 
-TEST_F(PopulationTest, LowMoraleDrawsForARebellionAlsoDuringTheFirst48Weeks) {
+TEST_F(PopulationTest, LowMoraleRollsForARebellionAlsoDuringTheFirst48Weeks) {
     people.morale = 0.0f;
-    ExpectDraws(3, [&] { people.Process(300.0f); });
+    ExpectRolls(3, [&] { people.Process(300.0f); });
     EXPECT_FALSE(people.rebellion);
 }
 
@@ -445,7 +445,7 @@ TEST_F(PopulationTest, NarrowGapToJusticeRaisesMorale) {
 TEST_F(PopulationTest, NarrowGapRaisesNoMoraleInARebellion) {
     people.justice.justiceLevel = 0.6f;
     StartRebellion();
-    ExpectDraws(2, [&] { people.Process(300.0f); });
+    ExpectRolls(2, [&] { people.Process(300.0f); });
     EXPECT_EQ(people.morale, 0.5f);
 }
 
@@ -534,7 +534,7 @@ TEST_F(PopulationTest, FamineKillsAndRunsOut) {
 
 TEST_F(PopulationTest, FamineStaysEndedOnceItRanOut) {
     people.famineTime = -5.0f;
-    ExpectDraws(2, [&] { people.Process(300.0f); });
+    ExpectRolls(2, [&] { people.Process(300.0f); });
     EXPECT_EQ(people.famineTime, 0.0f);
 }
 
@@ -549,7 +549,7 @@ TEST_F(PopulationTest, FamineMakesThePeopleEatHalfAsMuchAgain) {
 
 TEST_F(PopulationTest, FamineThatStartsDuringAnotherRestartsItsLength) {
     EndGrace();
-    // Seconds enough that even with the chance put back to 0 another famine is drawn.
+    // Seconds enough that even with the chance put back to 0 another famine is rolled.
     const unsigned seed = SeedWhere([](Replay& replay) {
         replay.Raw();
         return replay.Unit() > 0.6;
@@ -564,7 +564,7 @@ TEST_F(PopulationTest, FamineThatStartsDuringAnotherRestartsItsLength) {
 
 // Plague
 
-TEST_F(PopulationTest, PlagueBeginsOnAWeekWhoseDrawExceeds99Hundredths) {
+TEST_F(PopulationTest, PlagueBeginsOnAWeekWhoseRollExceeds99Hundredths) {
     int begun = 0;
     for (unsigned seed = 1; seed <= 2000; ++seed) {
         Population struck(38685);
@@ -572,12 +572,12 @@ TEST_F(PopulationTest, PlagueBeginsOnAWeekWhoseDrawExceeds99Hundredths) {
         struck.justice.justiceLevel = struck.justice.crimeLevel - 0.07f;
         Replay replay(seed);
         replay.Raw();
-        const double draw = replay.Unit();
+        const double roll = replay.Unit();
         const double length = replay.Unit();
         std::srand(seed);
         struck.Process(kWeek);
         const float expected =
-            draw > 0.99f ? static_cast<float>((length * 4.0 + 8.0) * kWeek) : 0.0f;
+            roll > 0.99f ? static_cast<float>((length * 4.0 + 8.0) * kWeek) : 0.0f;
         ASSERT_EQ(struck.plagueTime, expected);
         begun += expected > 0.0f ? 1 : 0;
     }
@@ -639,7 +639,7 @@ TEST_F(PopulationTest, FamineAndPlagueRunAtTheSameTime) {
     people.SetShare(Profession::Doctors, 0.2f);
     people.plagueTime = 1000.0f;
     people.famineTime = 1000.0f;
-    ExpectDraws(4, [&] { people.Process(300.0f); });
+    ExpectRolls(4, [&] { people.Process(300.0f); });
     EXPECT_LT(people.plagueTime, 1000.0f);
     EXPECT_EQ(people.famineTime, 700.0f);
 }

@@ -8,35 +8,35 @@
 #include <cstdlib>
 #include <set>
 
-#include "tests/country/draws.h"
+#include "tests/country/rolls.h"
 
 namespace {
 
-TEST(RandomTest, UnitDrawIsOneRandScaledAsADouble) {
+TEST(RandomTest, UnitRollIsOneRandScaledAsADouble) {
     for (unsigned seed = 0; seed < 100; ++seed) {
         std::srand(seed);
         const int raw = std::rand();
         std::srand(seed);
-        const double draw = UnitDraw();
-        EXPECT_EQ(draw, raw / 2147483648.0);
-        EXPECT_GE(draw, 0.0);
-        EXPECT_LT(draw, 1.0);
+        const double roll = RollUnit();
+        EXPECT_EQ(roll, raw / 2147483648.0);
+        EXPECT_GE(roll, 0.0);
+        EXPECT_LT(roll, 1.0);
     }
-    ExpectDraws(1, [] { UnitDraw(); });
+    ExpectRolls(1, [] { RollUnit(); });
 }
 
-TEST(RandomTest, SmallStepIsOneToFourThousandthsFromOneDraw) {
+TEST(RandomTest, SmallStepIsOneToFourThousandthsFromOneRoll) {
     std::set<float> steps;
     std::srand(1);
     for (int i = 0; i < 1000; ++i)
-        steps.insert(SmallStep());
+        steps.insert(RollSmallStep());
     ASSERT_EQ(steps.size(), 4U);
     float expected = 0.001f;
     for (const float step : steps) {
         EXPECT_FLOAT_EQ(step, expected);
         expected += 0.001f;
     }
-    ExpectDraws(1, [] { SmallStep(); });
+    ExpectRolls(1, [] { RollSmallStep(); });
 }
 
 }  // namespace

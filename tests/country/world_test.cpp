@@ -9,7 +9,7 @@
 #include <cstdlib>
 
 #include "country/namegenerator.h"
-#include "tests/country/draws.h"
+#include "tests/country/rolls.h"
 
 namespace {
 
@@ -48,8 +48,8 @@ TEST(WorldTest, CountriesAreDrawnInOrderAfterThePlayers) {
         ASSERT_EQ(world.player.livestockBuyPrice, player.livestockBuyPrice);
         for (const auto& country : world.countries) {
             const std::string name = NameGenerator(NameGenerator::kCountryPattern).Generate();
-            const double draw = std::rand() / 2147483648.0;
-            const int people = static_cast<int>(std::round(draw * 50000.0 + 20000.0));
+            const double roll = std::rand() / 2147483648.0;
+            const int people = static_cast<int>(std::round(roll * 50000.0 + 20000.0));
             const Country expected(name, people);
             ASSERT_EQ(country->name, expected.name);
             ASSERT_EQ(country->population, expected.population);
@@ -141,14 +141,14 @@ TEST(WorldTest, ClockDraws300To359Seconds) {
         Replay replay(seed);
         const auto expected = static_cast<float>(replay.Raw() % 60 + 300);
         std::srand(seed);
-        const float seconds = World::DrawClockSeconds();
+        const float seconds = World::RollClockSeconds();
         ASSERT_EQ(seconds, expected);
         lowest = std::min(lowest, seconds);
         highest = std::max(highest, seconds);
     }
     EXPECT_EQ(lowest, 300.0f);
     EXPECT_EQ(highest, 359.0f);
-    ExpectDraws(1, [] { World::DrawClockSeconds(); });
+    ExpectRolls(1, [] { World::RollClockSeconds(); });
 }
 
 TEST(WorldTest, ClockSecondsAdvanceTheDateByAsMany) {

@@ -115,10 +115,10 @@ TEST(TavernExample, CheersUpByTheShareOfTheIdle) {
     people.SetShare(Profession::Farmers, 0.5f);
     people.SetShare(Profession::Butchers, 0.0f);
     std::srand(5);
-    const double draw = UnitDraw();
+    const double roll = RollUnit();
     std::srand(5);
     SitInTavern(people, kSecondsPerWeek);
-    EXPECT_FLOAT_EQ(people.morale, static_cast<float>(0.5 + draw * 0.002 * 0.5));
+    EXPECT_FLOAT_EQ(people.morale, static_cast<float>(0.5 + roll * 0.002 * 0.5));
 }
 
 }  // namespace

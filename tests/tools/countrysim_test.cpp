@@ -175,7 +175,7 @@ TEST(CountrysimTest, RealStepDrawsTheSecondsBeforeEachTick) {
     std::string expected = kHeader;
     double spent = 0.0;
     for (int tick = 1; spent < 0.1 * 604800.0; ++tick) {
-        const float seconds = World::DrawClockSeconds();
+        const float seconds = World::RollClockSeconds();
         world.Advance(seconds);
         spent += static_cast<double>(seconds);
         expected += Row(tick, world.player);

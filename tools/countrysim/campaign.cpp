@@ -67,7 +67,7 @@ void RunIn(Country& country, const Country* partner, Newspaper* paper, const Cam
             SetShares(country, policy, campaign.bare);
         if (policy.trade && partner != nullptr)
             Trade(country, *partner, *policy.trade);
-        const float seconds = campaign.step ? *campaign.step : World::DrawClockSeconds();
+        const float seconds = campaign.step ? *campaign.step : World::RollClockSeconds();
         country.Process(seconds);
         if (paper != nullptr)
             paper->Update(seconds);

@@ -7,9 +7,9 @@
 
 #include <cstdlib>
 
-// Replaying random draws: seed, repeat the draws that a rule makes, compare.
+// Helpers for rules that roll: seed, repeat the rule's rolls in the test, compare.
 
-/// The draws of a seed, made one by one.
+/// The rolls of a seed, one after the other.
 class Replay {
 public:
     explicit Replay(unsigned seed) { std::srand(seed); }
@@ -18,9 +18,9 @@ public:
     float Step() { return static_cast<float>(Raw() % 4) / 1000.0f + 0.001f; }
 };
 
-/// Expects `action` to call rand() `count` times, whatever it does with the results.
+/// Expects that `action` calls rand() exactly `count` times.
 template <typename Action>
-void ExpectDraws(int count, Action action) {
+void ExpectRolls(int count, Action action) {
     constexpr unsigned kSeed = 1358;
     std::srand(kSeed);
     action();
@@ -28,18 +28,18 @@ void ExpectDraws(int count, Action action) {
     std::srand(kSeed);
     for (int i = 0; i < count; ++i)
         std::rand();
-    EXPECT_EQ(next, std::rand()) << "not " << count << " draws";
+    EXPECT_EQ(next, std::rand()) << "not " << count << " rolls";
 }
 
-/// The first seed whose draws satisfy `wanted(replay)`.
+/// The first seed whose rolls satisfy `wanted(replay)`.
 template <typename Predicate>
 unsigned SeedWhere(Predicate wanted) {
-    constexpr unsigned kMostSeeds = 100000;
-    for (unsigned seed = 1; seed < kMostSeeds; ++seed) {
+    constexpr unsigned kMaxSeeds = 100000;
+    for (unsigned seed = 1; seed < kMaxSeeds; ++seed) {
         Replay replay(seed);
         if (wanted(replay))
             return seed;
     }
-    ADD_FAILURE() << "no seed has such draws";
+    ADD_FAILURE() << "no seed has such rolls";
     return 0;
 }
