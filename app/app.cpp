@@ -12,6 +12,7 @@
 #include "app/controls.h"
 #include "app/tags.h"
 #include "country/rates.h"
+#include "country/start.h"
 #include "glwidget/glwidget.h"
 #include "quarn2/glrender.h"
 #include "quarn2/sdlinput.h"
@@ -28,21 +29,9 @@ constexpr std::uint32_t kPriority = 500;
 constexpr int kTickMs = 1000;
 constexpr int kFrameRateMs = 5000;
 
-struct FirstLevel {
-    std::string_view slider;
-    float level;
-};
-/// Rations at their base, and the people as the country is made: the little above 0.25 and 0.5
-/// keeps a step down from falling below them by rounding.
-constexpr FirstLevel kFirstLevels[] = {
-    {tag::kLivestockRation, 0.5f},
-    {tag::kGrainRation, 0.5f},
-    {"farmers", 0.251f},
-    {"butchers", 0.501f},
-    {"educators", 0.01f},
-    {"warriors", 0.0f},
-    {"doctors", 0.0f},
-};
+void SetLevel(std::string_view slider, float level) {
+    GLWidget::GetByTag(slider)->SetLevel(level);
+}
 
 }  // namespace
 
@@ -58,8 +47,8 @@ bool App::Init() {
     TraceFrame frame("Init", "App");
     InstallSignalHandlers();
     kernel = new Kernel;
-    // Whoever joins first is served first: input, then the window, then the game. The kernel's
-    // records keep the components alive.
+    // Catchers get events in the order in which they join: input, then the window, then the game.
+    // The kernel's records keep them alive.
     new SDLInput(kernel, false);
     new GLRender(kernel);
     kernel->AddChild(Pointer<EventCatcher>(this), kChannels, kPriority);
@@ -114,14 +103,16 @@ void App::CreateWorld() {
         GLWidget::GetByTag(tag::kPartner)->AddText(country->name);
     GLWidget::GetByTag(tag::kNewspaper)->SetText(world->player.name + " Newspaper");
     controls::ClearOrder();
-    for (const FirstLevel& first : kFirstLevels)
-        GLWidget::GetByTag(first.slider)->SetLevel(first.level);
+    SetLevel(tag::kLivestockRation, start::kRation);
+    SetLevel(tag::kGrainRation, start::kRation);
+    for (const Profession profession : kProfessions)
+        SetLevel(tag::Of(profession).slider, start::Share(profession));
 }
 
 bool App::Update(std::uint32_t milliseconds) {
     TraceFrame frame("Update", "App");
     ++frames;
-    // Unsigned, so that a timer that jumped makes the sum wrap instead of overflow.
+    // Unsigned: if the timer jumps, the sum wraps around instead of overflowing.
     elapsedMs = static_cast<int>(static_cast<std::uint32_t>(elapsedMs) + milliseconds);
     if (controls::ExitPressed())
         return false;
@@ -140,7 +131,7 @@ bool App::Update(std::uint32_t milliseconds) {
     controls::SetJustice(player);
     controls::SetProfessions(player, firstFrame);
     if (firstFrame)
-        partner = world->countries[0].get();
+        partner = world->countries[start::kPartner].get();
     firstFrame = false;
     display.ShowProfessions(player);
     controls::SetRations(player);
@@ -169,7 +160,7 @@ void App::ReportFrameRate() {
     TraceFrame frame("ReportFrameRate", "App");
     if (elapsedMs <= kFrameRateMs)
         return;
-    // kept: the clock empties the accumulator every second, so this is not reached in play
+    // kept: the clock sets the sum to 0 every second, so the game never gets past this test
     display.ShowFrameRate(std::lround(frames * 1000.0 / elapsedMs));
     frames = 0;
     elapsedMs = 0;

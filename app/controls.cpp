@@ -7,21 +7,22 @@
 
 #include "app/tags.h"
 #include "country/country.h"
+#include "country/start.h"
 #include "country/world.h"
 #include "glwidget/glwidget.h"
 #include "quarn2/trace.h"
 
 namespace {
 
-constexpr float kStep = 0.01f;  // what one press of -- or ++ moves a slider
+constexpr float kStep = 0.01f;  // one click of -- or ++ moves a slider by this
 
-/// Whether the button was clicked since the last question.
+/// Whether the button was clicked since it was last asked.
 bool Pressed(std::string_view button) {
     return GLWidget::GetByTag(button)->BeenClicked();
 }
 
-/// Moves the slider by what its two buttons ask for.
-/// @return whether either was clicked
+/// Moves the slider if its buttons were clicked.
+/// @return whether one of them was clicked
 bool StepSlider(GLWidget& slider, std::string_view less, std::string_view more) {
     const bool down = Pressed(less);
     if (down)
@@ -34,11 +35,6 @@ bool StepSlider(GLWidget& slider, std::string_view less, std::string_view more) 
 
 float Level(std::string_view slider) {
     return GLWidget::GetByTag(slider)->GetLevel();
-}
-
-/// A ration slider's middle is the base ration, its far end twice that.
-float Ration(std::string_view slider, float baseRation) {
-    return Level(slider) * 2.0f * baseRation;
 }
 
 }  // namespace
@@ -82,9 +78,10 @@ void controls::SetRations(Country& country) {
     TraceFrame frame("SetRations", "App");
     // kept: the test is on the label, not on the slider
     if (GLWidget::GetByTag(tag::kLivestockRationLabel, false) != nullptr)
-        country.livestock.ration = Ration(tag::kLivestockRation, country.livestock.baseRation);
+        country.livestock.ration =
+            start::RationAt(Level(tag::kLivestockRation), country.livestock.baseRation);
     if (GLWidget::GetByTag(tag::kGrainRationLabel, false) != nullptr)
-        country.grain.ration = Ration(tag::kGrainRation, country.grain.baseRation);
+        country.grain.ration = start::RationAt(Level(tag::kGrainRation), country.grain.baseRation);
 }
 
 Country* controls::ChoosePartner(Country* partner, const World& world) {
@@ -93,8 +90,8 @@ Country* controls::ChoosePartner(Country* partner, const World& world) {
     if (!list.BeenChanged())
         return partner;
     ClearOrder();
-    // kept: the list holds the countries' names, which have no number to read, so the partner
-    // stays the same
+    // kept: the list's texts are names of countries, without this number, so the partner never
+    // changes
     int number = 0;
     std::sscanf(list.GetCurrentText().c_str(), "Country %i", &number);
     const auto& others = world.countries;
@@ -139,7 +136,7 @@ void controls::TurnPage(unsigned& page, std::size_t stories) {
     const bool back = Pressed(tag::kPreviousPage);
     if (back && page != 0)
         --page;
-    // kept: the same button is asked again and its click is already spent, so no page follows
+    // kept: the same button is asked again, and its click was cleared above, so this is never true
     const bool forward = Pressed(tag::kPreviousPage);
     if (forward && page < stories)
         ++page;

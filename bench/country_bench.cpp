@@ -68,10 +68,9 @@ BENCHMARK(DateWeekNormalisingEveryField)->Unit(benchmark::kMicrosecond);
 /// A country as the game's first frame leaves it, without its messages.
 void Govern(Country& country) {
     country.SetMessageStream(nullptr);
-    country.justice.justiceLevel = 0.5f;
-    country.SetShare(Profession::Farmers, 0.251f);
-    country.SetShare(Profession::Butchers, 0.501f);
-    country.SetShare(Profession::Educators, 0.01f);
+    country.justice.justiceLevel = start::kJustice;
+    for (const Profession profession : kProfessions)
+        country.SetShare(profession, start::Share(profession));
     country.Normalise(Profession::Doctors);
 }
 
@@ -83,7 +82,7 @@ void Tick(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
         std::srand(++seed);
-        Country country(World::kPlayerName, World::kPlayerPeople);
+        Country country(start::kName, start::kPeople);
         Newspaper newspaper(&country);
         Govern(country);
         state.ResumeTiming();
@@ -139,7 +138,7 @@ BENCHMARK(WorldCreation);
 /// An edition at a crime level in hundredths: the stories below 15 draw names.
 void Edition(benchmark::State& state) {
     std::srand(1);
-    Country country(World::kPlayerName, World::kPlayerPeople);
+    Country country(start::kName, start::kPeople);
     Newspaper newspaper(&country);
     country.justice.crimeLevel = static_cast<float>(state.range(0)) / 100.0f;
     for ([[maybe_unused]] auto _ : state) {

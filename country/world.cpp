@@ -10,17 +10,18 @@
 #include "country/random.h"
 #include "quarn2/trace.h"
 
-World::World()
-    : date("1358/05/16 00:00:00"), player(kPlayerName, kPlayerPeople), newspaper(&player) {
+World::World() : date(start::kDate), player(start::kName, start::kPeople), newspaper(&player) {
     TraceFrame frame("World", "World");
     const NameGenerator names(NameGenerator::kCountryPattern);
     for (std::unique_ptr<Country>& country : countries) {
         const std::string name = names.Generate();
         const double roll = RollUnit();
-        const auto people = static_cast<int>(std::lround(roll * 50000.0f + 20000.0f));
+        constexpr float kSpread = start::kMaxNeighbourPeople - start::kMinNeighbourPeople;
+        const auto people =
+            static_cast<int>(std::lround(roll * kSpread + start::kMinNeighbourPeople));
         country = std::make_unique<Country>(name, people);
     }
-    for (const std::size_t seller : {0U, 2U, 5U})
+    for (const std::size_t seller : start::kSellersOfFineGoods)
         player.tradePartners[countries[seller].get()] = true;
 
     std::vector<Country*> continent;

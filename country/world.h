@@ -4,35 +4,31 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <memory>
 
 #include "country/country.h"
 #include "country/date.h"
 #include "country/newspaper.h"
+#include "country/start.h"
 
-/// The date, the player's country, the twelve others and the newspaper.
+/// The date, the player's country, its twelve neighbours and the newspaper.
 ///
-/// Making a world draws 243 times from rand() and does not seed it.
+/// Making a world calls rand() 243 times and does not seed it.
 class World {
 public:
-    static constexpr std::size_t kCountryCount = 12;
-    static constexpr char kPlayerName[] = "Merovinska";
-    static constexpr int kPlayerPeople = 38685;
-
     Date date;
     Country player;
     Newspaper newspaper;
-    /// The countries to trade with, in order of creation; all present.
-    std::array<std::unique_ptr<Country>, kCountryCount> countries;
+    /// The neighbours to trade with, in order of creation; none is null.
+    std::array<std::unique_ptr<Country>, start::kNeighbours> countries;
 
     World();
-    World(const World&) = delete;  // countries refer to each other
+    World(const World&) = delete;  // countries keep each other's addresses
     World& operator=(const World&) = delete;
 
-    /// Advances the player's country, the newspaper and the date. The others only trade.
+    /// Advances the player's country, the newspaper and the date. The neighbours stay as they are.
     void Advance(float seconds);
 
-    /// Draws what the clock advances by each real second: 300 to 359 game seconds.
+    /// A random 300 to 359: the game seconds by which the clock advances in a real second.
     static float RollClockSeconds();
 };

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// The country without a window: one CSV row per tick or per campaign, so that the model can be
-// studied, plotted and compared.
+// Simulates the country without a window and prints one CSV row per tick or per campaign, to study
+// and compare how the country behaves.
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -19,6 +19,7 @@
 #include <string_view>
 
 #include "country/rates.h"
+#include "country/start.h"
 #include "tools/commandline.h"
 #include "tools/countrysim/campaign.h"
 
@@ -34,19 +35,9 @@ constexpr char kSummaryHelp[] =
     "lowest and last, of the figures at the ends of the ticks, of livestock, grain, people, "
     "funds, morale and crime.";
 
-/// One per profession.
-struct ShareOption {
-    const char* name;
-    const char* help;
-};
-
-constexpr std::array<ShareOption, kProfessions.size()> kShareOptions{{
-    {"--farmers", "Share of the farmers (0.251; bare: 0.25)"},
-    {"--butchers", "Share of the butchers (0.501; bare: 0.5)"},
-    {"--educators", "Share of the educators (0.01; bare: 0)"},
-    {"--warriors", "Share of the warriors (0)"},
-    {"--doctors", "Share of the doctors (0)"},
-}};
+/// One per profession, in their order.
+constexpr std::array<const char*, kProfessions.size()> kShareOptions{
+    "farmers", "butchers", "educators", "warriors", "doctors"};
 
 /// Campaigns of these seeds, both included.
 struct Seeds {
@@ -56,7 +47,7 @@ struct Seeds {
 
 struct Options {
     std::string seed = "1";
-    std::string seeds;  // instead of one seed
+    std::string seeds;  // used instead of `seed` if not empty
     std::string step = "604800";
     bool noNewspaper = false;
     bool summary = false;
@@ -67,8 +58,18 @@ bool IsNumberWithin(const std::string& text, double lowest, double highest) {
     double number = 0.0;
     const char* const last = text.data() + text.size();
     const auto [end, error] = std::from_chars(text.data(), last, number);
-    // "nan" is a number to the parser, but lies within nothing
+    // the parser takes "nan" as a number, but both comparisons with it are false
     return error == std::errc() && end == last && number >= lowest && number <= highest;
+}
+
+/// The level that holds if the option is missing, and that of a bare campaign if it differs.
+std::string Missing(float level, float bareLevel) {
+    std::ostringstream text;
+    text << " (" << level;
+    if (bareLevel != level)
+        text << "; bare: " << bareLevel;
+    text << ')';
+    return text.str();
 }
 
 CLI::Validator Between(double lowest, double highest) {
@@ -80,7 +81,7 @@ CLI::Validator Between(double lowest, double highest) {
             ""};
 }
 
-/// Takes decimal digits alone; leading zeros mean nothing.
+/// Takes decimal digits only; leading zeros are ignored.
 std::optional<std::uint32_t> ParseSeed(std::string_view text) {
     std::uint32_t seed = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seed);
@@ -89,7 +90,7 @@ std::optional<std::uint32_t> ParseSeed(std::string_view text) {
     return seed;
 }
 
-/// Takes FROM-TO, of which the second is not less than the first.
+/// Takes FROM-TO, where TO is not less than FROM.
 std::optional<Seeds> ParseSeeds(std::string_view text) {
     const std::size_t dash = std::min(text.find('-'), text.size());
     const std::optional<std::uint32_t> from = ParseSeed(text.substr(0, dash));
@@ -125,7 +126,7 @@ CLI::Validator StepText() {
 void Declare(CLI::App& app, Options& options) {
     const CLI::Validator level = Between(0.0, 1.0);
     Policy& policy = options.campaign.policy;
-    CLI::Option* seed = app.add_option("--seed", options.seed, "Seed of the random draws");
+    CLI::Option* seed = app.add_option("--seed", options.seed, "Seed of the random numbers");
     seed->check(SeedText())->capture_default_str();
     CLI::Option* seeds = app.add_option("--seeds", options.seeds,
                                         "A campaign for each seed FROM-TO, with --summary");
@@ -134,11 +135,16 @@ void Declare(CLI::App& app, Options& options) {
         ->check(Between(0.0, kMaxWeeks))
         ->capture_default_str();
     app.add_option("--step", options.step,
-                   "Seconds of a tick, or \"real\" to draw them as the game's clock does")
+                   "Seconds of a tick, or \"real\" for random ones as those of the game's clock")
         ->check(StepText())
         ->capture_default_str();
-    for (std::size_t i = 0; i < kShareOptions.size(); ++i) {
-        app.add_option(kShareOptions[i].name, policy.shares[i], kShareOptions[i].help)
+    const Population bareCountry(0);
+    for (const Profession profession : kProfessions) {
+        const auto i = static_cast<std::size_t>(profession);
+        const std::string name = kShareOptions[i];
+        app.add_option("--" + name, policy.shares[i],
+                       "Share of the " + name
+                           + Missing(start::Share(profession), bareCountry.Share(profession)))
             ->check(level);
     }
     app.add_option("--lration", policy.livestockRation, "Level of the livestock ration's slider")
@@ -147,18 +153,21 @@ void Declare(CLI::App& app, Options& options) {
     app.add_option("--gration", policy.grainRation, "Level of the grain ration's slider")
         ->check(level)
         ->capture_default_str();
-    app.add_option("--justice", policy.justice, "Level of justice (0.5; bare: 0.4)")->check(level);
+    app.add_option("--justice", policy.justice,
+                   "Level of justice" + Missing(start::kJustice, bareCountry.justice.justiceLevel))
+        ->check(level);
     app.add_flag("--renew", policy.renew,
-                 "Set the workers to work anew before every tick, as moving their sliders does");
+                 "Set the workers again before every tick, as moving their sliders does");
     CLI::Option* bare =
         app.add_flag("--bare", options.campaign.bare,
-                     "The player's country alone, with no world around it and no newspaper");
+                     "The player's country alone, with no neighbours and no newspaper");
     app.add_option("--trade", policy.trade,
-                   "Before every tick sell the food beyond so many weeks' need to the first "
-                   "neighbour, and buy from it what is missing, as far as the funds reach")
+                   "Before every tick sell the food that is more than so many weeks' need to the "
+                   "first neighbour, and buy what is missing, as far as the funds allow")
         ->check(Between(0.0, kMaxWeeks))
         ->excludes(bare);
-    app.add_flag("--no-newspaper", options.noNewspaper, "Drop the newspaper and its draws");
+    app.add_flag("--no-newspaper", options.noNewspaper,
+                 "Leave out the newspaper and its random numbers");
     CLI::Option* summary =
         app.add_flag("--summary", options.summary, "A row per campaign instead of one per tick");
     seeds->needs(summary);
@@ -222,7 +231,7 @@ void PrintSummaries(Campaign& campaign, Seeds seeds) {
         campaign.seed = static_cast<std::uint32_t>(seed);
         PrintSummary(campaign.seed, Summarise(campaign));
         if (std::ferror(stdout) != 0)
-            return;  // nobody hears the rest
+            return;  // the output is closed or full
     }
 }
 

@@ -13,6 +13,7 @@
 #include "app/tags.h"
 #include "country/country.h"
 #include "country/date.h"
+#include "country/start.h"
 #include "country/world.h"
 #include "glwidget/glwidget.h"
 #include "quarn2/strings.h"
@@ -97,6 +98,7 @@ TEST_F(AppTest, NewGameStartsWithItsSlidersAtTheFirstLevels) {
         {"grainbuy", 0.0f},   {"finebuy", 0.0f},  {"justiceslide", 0.5f}};
     for (const auto& [slider, level] : levels)
         EXPECT_EQ(Widget(slider).GetLevel(), level) << slider;
+    EXPECT_EQ(Widget("justiceslide").GetLevel(), start::kJustice);
 }
 
 TEST_F(AppTest, TwoSeedsGiveTwoWorldsOfTheSamePlayer) {
@@ -733,10 +735,9 @@ TEST_F(AppTest, SameSeedAndSamePressesGiveTheSameCountry) {
     std::srand(kSeed);
     World plain;
     Country& country = plain.player;
-    country.justice.justiceLevel = 0.5f;
-    const float levels[] = {0.251f, 0.501f, 0.01f, 0.0f, 0.0f};
+    country.justice.justiceLevel = start::kJustice;
     for (const Profession profession : kProfessions) {
-        country.SetShare(profession, levels[static_cast<std::size_t>(profession)]);
+        country.SetShare(profession, start::Share(profession));
         country.Normalise(profession);
     }
     for (int week = 0; week < 60; ++week)

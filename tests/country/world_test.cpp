@@ -15,13 +15,13 @@ namespace {
 
 constexpr float kWeek = 604800.0f;
 
-TEST(WorldTest, CreationTakes243DrawsForEverySeed) {
+TEST(WorldTest, CreationTakes243RollsForEverySeed) {
     for (unsigned seed = 0; seed < 300; ++seed) {
         std::srand(seed);
         const World world;
         const int next = std::rand();
         std::srand(seed);
-        for (int draw = 0; draw < 243; ++draw)
+        for (int roll = 0; roll < 243; ++roll)
             std::rand();
         ASSERT_EQ(next, std::rand());
     }
@@ -38,7 +38,7 @@ TEST(WorldTest, PlayerRulesMerovinskaFromThe16thOfMay1358) {
     }
 }
 
-TEST(WorldTest, CountriesAreDrawnInOrderAfterThePlayers) {
+TEST(WorldTest, CountriesAreRolledInOrderAfterThePlayers) {
     for (unsigned seed = 1; seed < 50; ++seed) {
         std::srand(seed);
         const World world;
@@ -70,7 +70,7 @@ TEST(WorldTest, TwoSeedsGiveDifferentWorlds) {
     int sameNames = 0;
     int samePopulations = 0;
     int samePrices = 0;
-    for (std::size_t i = 0; i < World::kCountryCount; ++i) {
+    for (std::size_t i = 0; i < start::kNeighbours; ++i) {
         sameNames += first.countries[i]->name == second.countries[i]->name ? 1 : 0;
         samePopulations += first.countries[i]->population == second.countries[i]->population;
         samePrices += first.countries[i]->grainBuyPrice == second.countries[i]->grainBuyPrice;
@@ -83,7 +83,7 @@ TEST(WorldTest, TwoSeedsGiveDifferentWorlds) {
 
 TEST(WorldTest, FirstThirdAndSixthCountrySellFineGoods) {
     World world;
-    for (std::size_t i = 0; i < World::kCountryCount; ++i) {
+    for (std::size_t i = 0; i < start::kNeighbours; ++i) {
         const Country* const country = world.countries[i].get();
         EXPECT_EQ(world.player.BuyPossible(0.0f, 0.0f, 1.0f, country), i == 0 || i == 2 || i == 5);
         EXPECT_TRUE(country->tradePartners.empty());
@@ -134,7 +134,7 @@ TEST(WorldTest, OtherCountriesDoNotAge) {
     }
 }
 
-TEST(WorldTest, ClockDraws300To359Seconds) {
+TEST(WorldTest, ClockRolls300To359Seconds) {
     float lowest = 1000.0f;
     float highest = 0.0f;
     for (unsigned seed = 1; seed < 2000; ++seed) {

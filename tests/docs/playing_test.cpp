@@ -1,15 +1,23 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// Tests the calculations in docs/PLAYING.md with the code of the country.
+// Tests the calculations and tables in docs/PLAYING.md with the code of the country.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
 #include <iostream>
+#include <sstream>
+#include <string>
 
 #include "country/country.h"
 #include "country/rates.h"
-#include "country/world.h"
+#include "country/start.h"
+#include "tools/countrysim/campaign.h"
 
 namespace {
 
@@ -25,7 +33,7 @@ protected:
     float HeadsPerWeek() const { return country.livestock.production * kSecondsPerWeek; }
     float UnitsPerWeek() const { return country.grain.production * kSecondsPerWeek; }
 
-    Country country{World::kPlayerName, World::kPlayerPeople};
+    Country country{start::kName, start::kPeople};
     Country partner{"Veweez", 30000};
 };
 
@@ -148,6 +156,82 @@ TEST_F(PlayingTest, PlagueWithoutDoctorsNeverEnds) {
     for (int week = 0; week < 20; ++week)
         country.Process(kSecondsPerWeek);
     EXPECT_LT(country.plagueTime, kSecondsPerWeek / 10.0f);
+}
+
+std::string Manual() {
+    std::ifstream file(PLAYING_MD);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+/// A row of the manual's table of the start. Numbers are written as a stream writes them.
+template <typename... Values>
+std::string Row(const char* what, const Values&... values) {
+    std::ostringstream row;
+    row << "\n| " << what << " | ";
+    (row << ... << values);
+    row << " |\n";
+    return row.str();
+}
+
+double Percent(Profession profession) {
+    return std::round(static_cast<double>(start::Share(profession)) * 1000.0) / 10.0;
+}
+
+TEST(ManualTest, TableOfTheStartHasTheNumbersOfTheStart) {
+    const Population people(start::kPeople);
+    const float heads = people.livestock.baseRation;
+    const float units = people.grain.baseRation;
+    const auto& sellers = start::kSellersOfFineGoods;
+    const std::string rows[] = {
+        Row("your country", start::kName),
+        Row("date", start::kDate),
+        Row("people", start::kPeople),
+        Row("farmers", Percent(Profession::Farmers), '%'),
+        Row("butchers", Percent(Profession::Butchers), '%'),
+        Row("educators", Percent(Profession::Educators), '%'),
+        Row("warriors", Percent(Profession::Warriors), '%'),
+        Row("doctors", Percent(Profession::Doctors), '%'),
+        Row("justice", start::kJustice),
+        Row("sliders of the rations", start::kRation),
+        Row("livestock ration", start::RationAt(start::kRation, heads),
+            ", with its slider at the right end ", start::RationAt(1.0f, heads)),
+        Row("grain ration", start::RationAt(start::kRation, units),
+            ", with its slider at the right end ", start::RationAt(1.0f, units)),
+        Row("neighbours", start::kNeighbours, ", each with ", start::kMinNeighbourPeople, " to ",
+            start::kMaxNeighbourPeople, " people"),
+        Row("neighbours that sell fine goods", sellers[0] + 1, ", ", sellers[1] + 1, " and ",
+            sellers[2] + 1),
+        Row("neighbour to trade with", start::kPartner + 1),
+    };
+    const std::string manual = Manual();
+    for (const std::string& row : rows)
+        EXPECT_THAT(manual, testing::HasSubstr(row));
+}
+
+TEST(ManualTest, TableOfIdlingCountriesHasTheFateOfAThousandCountriesAsTheyStart) {
+    constexpr int kCountries = 1000;
+    Campaign campaign;
+    campaign.weeks = 200.0;
+    campaign.step = kSecondsPerWeek;
+    double weeks = 0.0;
+    int famines = 0;
+    int plagues = 0;
+    int rebellions = 0;
+    double people = 0.0;
+    for (campaign.seed = 1; campaign.seed <= kCountries; ++campaign.seed) {
+        const Summary summary = Summarise(campaign);
+        weeks += static_cast<double>(summary.weeks) / kCountries;
+        famines += summary.famine ? 1 : 0;
+        plagues += summary.plague ? 1 : 0;
+        rebellions += summary.rebellion ? 1 : 0;
+        people += static_cast<double>(summary.people.last) / kCountries;
+    }
+    char row[200];
+    std::snprintf(row, sizeof row, "as the game starts%7.0f%7.1f%%%7.1f%%%10.1f%%%8.0f\n", weeks,
+                  famines / 10.0, plagues / 10.0, rebellions / 10.0, std::max(people, 0.0));
+    EXPECT_THAT(Manual(), testing::HasSubstr(row));
 }
 
 }  // namespace

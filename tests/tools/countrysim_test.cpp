@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// countrysim is run as its users run it, and its rows are compared with the library's figures.
+// Runs the program countrysim and compares its rows with the figures of the library.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -16,6 +17,7 @@
 #include <string>
 #include <vector>
 
+#include "country/start.h"
 #include "country/world.h"
 
 namespace {
@@ -38,9 +40,9 @@ std::string Slurp(const std::string& path) {
     return text.str();
 }
 
-/// @param sink  where the rows go instead of into the result
+/// @param sink  a file to write the rows to; if empty, the result has them
 Result RunTool(const std::string& arguments, const std::string& sink = "") {
-    // The tests of this file may run side by side, each in a process of its own.
+    // Tests of this file may run at the same time, each in its own process.
     const std::string base = testing::TempDir() + "countrysim_test." + std::to_string(getpid());
     const std::string out = sink.empty() ? base + ".out" : sink;
     const std::string error = base + ".err";
@@ -74,19 +76,18 @@ std::string Row(int tick, const Country& country) {
     return buffer;
 }
 
-void SetShares(Country& country, const std::vector<float>& shares) {
-    for (std::size_t i = 0; i < shares.size(); ++i) {
-        const auto profession = static_cast<Profession>(i);
-        country.SetShare(profession, shares[i]);
+void SetShares(Country& country, const std::array<float, kProfessions.size()>& shares) {
+    for (const Profession profession : kProfessions) {
+        country.SetShare(profession, shares[static_cast<std::size_t>(profession)]);
         country.Normalise(profession);
     }
 }
 
-/// What the first frame of the game does, with the sliders where the game puts them.
+/// Does what the first frame of the game does if no slider is moved.
 void GovernAsTheGame(Country& country) {
     country.SetMessageStream(nullptr);
-    country.justice.justiceLevel = 0.5f;
-    SetShares(country, {0.251f, 0.501f, 0.01f, 0.0f, 0.0f});
+    country.justice.justiceLevel = start::kJustice;
+    SetShares(country, start::kShares);
 }
 
 int LinesOf(const std::string& text) {
@@ -106,7 +107,7 @@ std::string Last(const std::string& rows, int index) {
     return field;
 }
 
-TEST(CountrysimTest, EqualsTheWeekButtonOfTheGameStartedWithThatSeed) {
+TEST(CountrysimTest, RowsAreThoseOfTheGameWithTheSameSeedAndOnlyTheWeekButton) {
     for (const int seed : {1, 7, 1358}) {
         std::srand(static_cast<unsigned>(seed));
         World world;
@@ -139,16 +140,16 @@ TEST(CountrysimTest, SameSeedGivesTheSameRowsAndAnotherSeedOthers) {
     EXPECT_TRUE(rows != Rows("--seed 6"));
 }
 
-TEST(CountrysimTest, SeedIsDecimalWhateverItsLeadingZeros) {
+TEST(CountrysimTest, SeedWithLeadingZerosIsDecimal) {
     EXPECT_EQ(Rows("--seed 010 --weeks 2"), Rows("--seed 10 --weeks 2"));
     EXPECT_NE(Rows("--seed 010 --weeks 2"), Rows("--seed 8 --weeks 2"));
 }
 
-TEST(CountrysimTest, GreatestSeedIsTaken) {
+TEST(CountrysimTest, LargestSeedIsAccepted) {
     EXPECT_NE(Rows("--seed 4294967295 --weeks 2"), Rows("--seed 1 --weeks 2"));
 }
 
-TEST(CountrysimTest, LastTickReachesTheWeeksOrPassesThem) {
+TEST(CountrysimTest, CampaignEndsWithTheTickThatReachesTheWeeks) {
     EXPECT_EQ(LinesOf(Rows("--weeks 0")), 1);
     EXPECT_EQ(LinesOf(Rows("--weeks 0.1")), 1 + 1);
     EXPECT_EQ(LinesOf(Rows("--weeks 2.5")), 1 + 3);
@@ -168,7 +169,7 @@ TEST(CountrysimTest, StepSetsTheSecondsOfATick) {
     EXPECT_EQ(Rows("--seed 3 --weeks 1 --step 86400"), expected);
 }
 
-TEST(CountrysimTest, RealStepDrawsTheSecondsBeforeEachTick) {
+TEST(CountrysimTest, RealStepRollsTheSecondsOfEachTickBeforeIt) {
     std::srand(3);
     World world;
     GovernAsTheGame(world.player);
@@ -183,13 +184,13 @@ TEST(CountrysimTest, RealStepDrawsTheSecondsBeforeEachTick) {
     EXPECT_EQ(Rows("--seed 3 --weeks 0.1 --step real"), expected);
 }
 
-TEST(CountrysimTest, LevelsAreThoseOfTheSliders) {
+TEST(CountrysimTest, OptionsSetTheLevelsAsTheGamesSlidersDo) {
     std::srand(2);
     World world;
     Country& player = world.player;
     player.SetMessageStream(nullptr);
     player.justice.justiceLevel = 0.7f;
-    SetShares(player, {0.3f, 0.6f, 0.2f, 0.1f, 0.05f});  // more than all, normalised in order
+    SetShares(player, {0.3f, 0.6f, 0.2f, 0.1f, 0.05f});  // the sum is more than 1
     player.livestock.ration = 0.75f * 2.0f * 0.1f;
     player.grain.ration = 0.4f * 2.0f * 0.2f;
     std::string expected = kHeader;
@@ -202,15 +203,15 @@ TEST(CountrysimTest, LevelsAreThoseOfTheSliders) {
               expected);
 }
 
-TEST(CountrysimTest, MissingLevelsAreTheGames) {
+TEST(CountrysimTest, LevelsWithoutAnOptionAreThoseOfTheGamesStart) {
     const std::string explicitly = Rows(
         "--farmers 0.251 --butchers 0.501 --educators 0.01 --warriors 0 --doctors 0.1 "
         "--lration 0.5 --gration 0.5 --justice 0.5");
     EXPECT_EQ(Rows("--doctors 0.1"), explicitly);
 }
 
-TEST(CountrysimTest, WithoutNewspaperItsDrawsAreMissingAndTheWorldIsNot) {
-    // A well-fed people under perfect justice, so that crime falls until the stories name people.
+TEST(CountrysimTest, OptionNoNewspaperLeavesOutTheNewspapersRollsButNotTheWorlds) {
+    // Much food and a justice of 1, so that crime falls until the stories have names.
     std::srand(4);
     World world;
     Country& player = world.player;
@@ -233,7 +234,7 @@ TEST(CountrysimTest, WithoutNewspaperItsDrawsAreMissingAndTheWorldIsNot) {
 
 TEST(CountrysimTest, BareCountryHasNoWorldAroundIt) {
     std::srand(6);
-    Country player("Merovinska", 38685);
+    Country player(start::kName, start::kPeople);
     player.SetMessageStream(nullptr);
     player.Normalise(Profession::Farmers);
     std::string expected = kHeader;
@@ -247,9 +248,9 @@ TEST(CountrysimTest, BareCountryHasNoWorldAroundIt) {
     EXPECT_EQ(Rows("--bare --no-newspaper --seed 6 --weeks 100"), expected);
 }
 
-TEST(CountrysimTest, BareCountryTakesOnlyTheSharesGiven) {
+TEST(CountrysimTest, BareCountryChangesOnlyTheSharesThatAreGiven) {
     std::srand(6);
-    Country player("Merovinska", 38685);
+    Country player(start::kName, start::kPeople);
     player.SetMessageStream(nullptr);
     player.justice.justiceLevel = 0.55f;
     player.SetShare(Profession::Educators, 0.1f);
@@ -278,13 +279,13 @@ TEST(CountrysimTest, MessagesOfTheCountryGoToTheErrorStream) {
     EXPECT_THAT(result.out, testing::Not(testing::HasSubstr("people")));
 }
 
-TEST(CountrysimTest, RebellionIsADigit) {
+TEST(CountrysimTest, RebellionIsWrittenAsZeroOrOne) {
     const std::string rows = Rows("--weeks 600 --gration 0.1 --lration 0.1");
     EXPECT_EQ(Last(rows.substr(0, rows.find('\n', sizeof kHeader) + 1), 15), "0\n");
     EXPECT_EQ(Last(rows, 15), "1\n");
 }
 
-TEST(CountrysimTest, RationOfZeroEnds) {
+TEST(CountrysimTest, CampaignWithRationsOfZeroRunsToItsEnd) {
     EXPECT_EQ(LinesOf(Rows("--weeks 60 --lration 0 --gration 0")), 1 + 60);
     EXPECT_EQ(LinesOf(Rows("--weeks 60 --lration 0.0000001 --gration 0.0000001")), 1 + 60);
 }
@@ -314,7 +315,7 @@ std::vector<std::vector<std::string>> Table(const std::string& rows) {
     return table;
 }
 
-/// The summary row that a campaign's rows per tick call for.
+/// The summary row that follows from a campaign's rows per tick.
 std::string Summed(const std::string& seed, const std::string& rows) {
     const std::vector<std::size_t> ranges{4, 5, 2, 3, 8, 10};  // columns with a lowest and a last
     std::vector<std::vector<std::string>> table = Table(rows);
@@ -365,16 +366,17 @@ TEST_P(SummaryTest, AgreesWithTheRowsOfTheSameCampaign) {
 
 INSTANTIATE_TEST_SUITE_P(
     CountrysimTest, SummaryTest,
-    testing::Values("--weeks 40", "--weeks 2.5", "--weeks 200",  // before, and past, the end
+    testing::Values("--weeks 40", "--weeks 2.5",
+                    "--weeks 200",  // before and after the people die out
                     "--weeks 300 --farmers 0.3 --butchers 0.6 --doctors 0.09",
                     "--weeks 300 --justice 1 --farmers 0.26 --butchers 0.52 --renew",
                     "--weeks 300 --farmers 0.4 --butchers 0 --trade 5 --renew --justice 0.56",
                     "--weeks 300 --bare", "--weeks 60 --step 86400 --lration 0.3",
                     "--weeks 0.5 --step real", "--weeks 400 --no-newspaper --gration 0.67",
-                    // crime falls until the newspaper names people, with draws of its own
+                    // crime falls until the newspaper's stories have names, which need rolls
                     "--weeks 400 --justice 1 --farmers 0.46 --butchers 0.52 --gration 0.67"));
 
-TEST(CountrysimTest, EverySeedOfTheRangeHasItsRowInOrder) {
+TEST(CountrysimTest, EverySeedOfTheRangeHasARowInOrder) {
     std::string expected = kSummaryHeader;
     for (const char* seed : {"8", "9", "10", "11"})
         expected += Rows(std::string("--summary --weeks 100 --seed ") + seed)
@@ -383,7 +385,7 @@ TEST(CountrysimTest, EverySeedOfTheRangeHasItsRowInOrder) {
     EXPECT_EQ(LinesOf(Rows("--summary --weeks 1 --seeds 4294967295-4294967295")), 2);
 }
 
-TEST(CountrysimTest, SummaryOfNoWeeksHasTheFiguresOfTheStart) {
+TEST(CountrysimTest, SummaryOfZeroWeeksHasTheFiguresOfTheStart) {
     const auto row = Table(Rows("--summary --weeks 0")).at(0);
     EXPECT_EQ(row[1], "0");
     EXPECT_EQ(row[2] + row[3] + row[4], "");
@@ -392,19 +394,19 @@ TEST(CountrysimTest, SummaryOfNoWeeksHasTheFiguresOfTheStart) {
     EXPECT_EQ(row[9], "38685");
 }
 
-TEST(CountrysimTest, CampaignOfASummaryEndsWithItsPeople) {
+TEST(CountrysimTest, CampaignOfASummaryEndsWhenNoPeopleAreLeft) {
     const auto row = Table(Rows("--summary --weeks 1000")).at(0);
     EXPECT_LT(std::stoi(row[1]), 100);
     EXPECT_LE(std::stof(row[10]), 0.0f);
 }
 
-TEST(CountrysimTest, SummaryThatCannotBeWrittenIsAFailure) {
+TEST(CountrysimTest, SummaryThatCannotBeWrittenEndsWithStatusOne) {
     const Result result = RunTool("--summary --seeds 1-4294967295 --weeks 1", "/dev/full");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.error, "countrysim: cannot write the rows\n");
 }
 
-TEST(CountrysimTest, RenewedWorkersFollowThePeopleAndTheRations) {
+TEST(CountrysimTest, OptionRenewSetsTheWorkersForTodaysPeopleAndRations) {
     std::srand(2);
     World world;
     Country& player = world.player;
@@ -412,7 +414,7 @@ TEST(CountrysimTest, RenewedWorkersFollowThePeopleAndTheRations) {
     player.livestock.ration = 0.4f * 2.0f * 0.1f;
     std::string expected = kHeader;
     for (int tick = 1; tick <= 30; ++tick) {
-        SetShares(player, {0.251f, 0.501f, 0.01f, 0.0f, 0.0f});
+        SetShares(player, start::kShares);
         world.Advance(kWeek);
         expected += Row(tick, player);
     }
@@ -420,7 +422,7 @@ TEST(CountrysimTest, RenewedWorkersFollowThePeopleAndTheRations) {
 }
 
 TEST(CountrysimTest, TradeKeepsTheWeeksOfFoodThatTheFundsAllow) {
-    // Half the people farm and nobody keeps the herd: grain pays for it.
+    // Half of the people farm and nobody is a butcher: the sale of grain pays for livestock.
     const auto table =
         Table(Rows("--seed 3 --weeks 60 --farmers 0.5 --butchers 0 --renew --trade 5"));
     for (const auto& row : table) {
@@ -433,7 +435,7 @@ TEST(CountrysimTest, TradeKeepsTheWeeksOfFoodThatTheFundsAllow) {
     }
 }
 
-TEST(CountrysimTest, TradeThatKeepsNothingSellsAllToTheFirstCountryBeforeTheTick) {
+TEST(CountrysimTest, TradeOfZeroWeeksSellsAllToTheFirstNeighbourBeforeTheTick) {
     std::srand(5);
     World world;
     Country& player = world.player;
@@ -449,7 +451,7 @@ TEST(CountrysimTest, TradeThatKeepsNothingSellsAllToTheFirstCountryBeforeTheTick
 
 class BadOptionTest : public testing::TestWithParam<const char*> {};
 
-TEST_P(BadOptionTest, GivesOneLineAndStatusTwo) {
+TEST_P(BadOptionTest, PrintsOneErrorLineAndEndsWithStatusTwo) {
     const Result result = RunTool(GetParam());
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.out, "");
@@ -474,7 +476,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "--trade 3 --bare", "--renew=maybe", "--summary=maybe",
                     "\"$(printf 'two\\nlines')\""));
 
-TEST(CountrysimTest, HelpIsNoFailure) {
+TEST(CountrysimTest, HelpNamesEveryOptionAndEndsWithStatusZero) {
     const Result result = RunTool("--help");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.error, "");
@@ -485,7 +487,7 @@ TEST(CountrysimTest, HelpIsNoFailure) {
         EXPECT_THAT(result.out, testing::HasSubstr(option));
 }
 
-TEST(CountrysimTest, RowsThatCannotBeWrittenAreAFailure) {
+TEST(CountrysimTest, RowsThatCannotBeWrittenEndWithStatusOne) {
     const Result result = RunTool("--weeks 1", "/dev/full");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.error, "countrysim: cannot write the rows\n");

@@ -9,6 +9,7 @@
 
 #include "country/newspaper.h"
 #include "country/rates.h"
+#include "country/start.h"
 #include "country/world.h"
 
 namespace {
@@ -20,7 +21,7 @@ void SetShares(Country& country, const Policy& policy, bool bare) {
         const std::optional<float> share = policy.shares[index];
         if (!share && bare)
             continue;
-        country.SetShare(profession, share.value_or(kFirstShares[index]));
+        country.SetShare(profession, share.value_or(start::Share(profession)));
         country.Normalise(profession);
         anyShare = true;
     }
@@ -28,18 +29,20 @@ void SetShares(Country& country, const Policy& policy, bool bare) {
         country.Normalise(Profession::Farmers);
 }
 
-/// What the game's controls do to the country in the first frame: the workers begin before the
-/// rations change.
+/// Does to the country what the game's controls do in the first frame, in the same order: the
+/// workers are set before the rations.
 void Govern(Country& country, const Policy& policy, bool bare) {
     if (policy.justice || !bare)
-        country.justice.justiceLevel = policy.justice.value_or(kFirstJustice);
+        country.justice.justiceLevel = policy.justice.value_or(start::kJustice);
     SetShares(country, policy, bare);
-    country.livestock.ration = policy.livestockRation * 2.0f * country.livestock.baseRation;
-    country.grain.ration = policy.grainRation * 2.0f * country.grain.baseRation;
+    country.livestock.ration =
+        start::RationAt(policy.livestockRation, country.livestock.baseRation);
+    country.grain.ration = start::RationAt(policy.grainRation, country.grain.baseRation);
 }
 
-/// Sells what is in store beyond the weeks to keep, then buys what is missing, livestock first,
-/// as far as the funds reach. Without funds nothing can be traded: they size an order.
+/// Sells the food that is more than `weeks` of need, then buys what is missing, livestock first,
+/// as far as the funds reach. Without funds there is no trade, because the size of every order
+/// follows from the funds.
 void Trade(Country& country, const Country& partner, float weeks) {
     if (!(country.funds > 0.0f))
         return;
@@ -82,7 +85,7 @@ void Note(Range& range, float value, bool first) {
     range.last = value;
 }
 
-/// Takes down the country's figures.
+/// Adds the country's figures to the summary.
 void NoteFigures(Summary& summary, const Country& country, bool first) {
     Note(summary.livestock, country.livestock.amount, first);
     Note(summary.grain, country.grain.amount, first);
@@ -113,16 +116,15 @@ void Run(const Campaign& campaign, std::ostream* messages, const Watcher& watch,
     };
     std::srand(campaign.seed);
     if (campaign.bare) {
-        Country country(World::kPlayerName, World::kPlayerPeople);
+        Country country(start::kName, start::kPeople);
         govern(country);
         RunIn(country, nullptr, nullptr, campaign, watch);
         return;
     }
     World world;
     govern(world.player);
-    // The game's player trades with the first country for good.
-    RunIn(world.player, world.countries[0].get(), campaign.newspaper ? &world.newspaper : nullptr,
-          campaign, watch);
+    RunIn(world.player, world.countries[start::kPartner].get(),
+          campaign.newspaper ? &world.newspaper : nullptr, campaign, watch);
 }
 
 Summary Summarise(const Campaign& campaign) {

@@ -10,62 +10,57 @@
 #include <optional>
 
 #include "country/country.h"
+#include "country/start.h"
 
-/// What the player does, the same from the first week to the last. Levels are those of the
-/// game's sliders, 0 to 1.
+/// What the player does, the same in every week. Levels are those of the game's sliders, 0 to 1.
 struct Policy {
-    /// One per profession. What is missing is what the game starts with, in a bare campaign what
-    /// a country is made with.
+    /// One per profession. A missing one is the share that the game starts with, or in a bare
+    /// campaign the share that a country is made with.
     std::array<std::optional<float>, kProfessions.size()> shares;
-    float livestockRation = 0.5f;
-    float grainRation = 0.5f;
+    float livestockRation = start::kRation;
+    float grainRation = start::kRation;
     std::optional<float> justice;
-    /// Set the workers to work anew before every tick, as a touch of their sliders does.
+    /// Set the workers again before every tick, as moving their sliders does.
     bool renew = false;
-    /// Weeks of food to keep in store by trading before every tick; no trade when missing.
+    /// Weeks of food to keep in store by trading before every tick; no trade if missing.
     std::optional<float> trade;
 };
-
-/// What the sliders of the professions stand at when the game begins.
-inline constexpr std::array<float, kProfessions.size()> kFirstShares{0.251f, 0.501f, 0.01f, 0.0f,
-                                                                     0.0f};
-inline constexpr float kFirstJustice = 0.5f;
 
 /// A country's time under one policy.
 struct Campaign {
     std::uint32_t seed = 1;
-    double weeks = 52.0;        ///< the last tick reaches them or passes them
-    std::optional<float> step;  ///< seconds of a tick; drawn as the game's clock does when missing
-    bool bare = false;          ///< the country alone: no world around it, no newspaper, no trade
-    bool newspaper = true;      ///< it draws from rand() when crime is rare
+    double weeks = 52.0;        ///< the campaign ends with the tick that reaches them
+    std::optional<float> step;  ///< seconds of a tick; if missing, random as the game's clock
+    bool bare = false;          ///< the country alone: no neighbours, no newspaper, no trade
+    bool newspaper = true;      ///< it calls rand() when crime is low
     Policy policy;
 };
 
-/// Told of the country after each tick.
+/// Called with the country after each tick.
 /// @param spent    seconds before the tick
 /// @param seconds  of the tick
 /// @return whether the campaign goes on
 using Watcher = std::function<bool(const Country& country, double spent, float seconds)>;
 
-/// Seeds rand() and runs the campaign with the draws of a game started with that seed. The date,
-/// which draws nothing, stands still.
+/// Seeds rand() and runs the campaign with the random numbers of a game that was started with
+/// that seed. The date, which needs none, does not advance.
 /// @param messages  where the people's messages go; null for nowhere
-/// @param begin     told of the country before the first tick
+/// @param begin     called with the country before the first tick
 void Run(const Campaign& campaign, std::ostream* messages, const Watcher& watch,
          const std::function<void(const Country&)>& begin = {});
 
-/// A figure over a campaign: at the ends of its ticks.
+/// A figure over a campaign, taken at the end of each tick.
 struct Range {
     float lowest;
     float last;
 };
 
-/// What became of a country. Weeks are counted from 1.
+/// What happened to a country. Weeks are counted from 1.
 struct Summary {
-    std::int64_t weeks = 0;  ///< whole weeks at whose end there were people; then it is over
+    std::int64_t weeks = 0;  ///< whole weeks survived; without people the campaign is over
     std::optional<std::int64_t> famine;     ///< the week in which the first one began
     std::optional<std::int64_t> plague;     ///< likewise
-    std::optional<std::int64_t> rebellion;  ///< the week in which it broke out
+    std::optional<std::int64_t> rebellion;  ///< the week in which it began
     Range livestock;
     Range grain;
     Range people;
@@ -74,5 +69,5 @@ struct Summary {
     Range crime;
 };
 
-/// Runs the campaign without a word until its weeks or its people are used up.
+/// Runs the campaign, without messages, until its weeks are over or it has no people.
 Summary Summarise(const Campaign& campaign);

@@ -112,7 +112,7 @@ std::string WidestStory() {
     constexpr int kEditions = 500;
     constexpr float kPettyCrime = 0.07f;
     std::srand(1);  // the same for everybody
-    Country country(World::kPlayerName, World::kPlayerPeople);
+    Country country(start::kName, start::kPeople);
     country.justice.crimeLevel = kPettyCrime;
     Newspaper newspaper(&country);
     std::string widest;
@@ -136,7 +136,7 @@ std::string ContinentText(const std::string& name) {
     std::string text =
         "Continent Information: \n"
         "Buy Cost of Livestock, Grain. Sell Cost of Livestock, Grain.\n";
-    for (std::size_t i = 1; i <= World::kCountryCount; ++i) {
+    for (std::size_t i = 1; i <= start::kNeighbours; ++i) {
         text.append("Country ").append(std::to_string(i)).append(": ").append(name);
         text += " - 1.48888 1.48888 0.888888 0.888888\n";
     }
@@ -180,11 +180,11 @@ SampleTexts LongestGameTexts() {
     const std::string number(kNineDigits);
     const std::string name = WidestCountryName();
     std::string partners;
-    for (std::size_t i = 0; i < World::kCountryCount; ++i)
+    for (std::size_t i = 0; i < start::kNeighbours; ++i)
         partners += name + "\n";
     SampleTexts texts = {
         {std::string(tag::kPartner), partners},
-        {std::string(tag::kNewspaper), std::string(World::kPlayerName) + " Newspaper"},
+        {std::string(tag::kNewspaper), std::string(start::kName) + " Newspaper"},
         {std::string(tag::kLivestockRationLabel), "Livestock Ration: 0.200"},
         {std::string(tag::kGrainRationLabel), "Grain Ration: 0.400"},
         {"stockbuylab", "Livestock to Buy/Sell: " + number},
