@@ -194,7 +194,7 @@ void PrintRow(std::int64_t tick, const Country& country) {
 void PrintRows(const Campaign& campaign) {
     PrintHeader();
     std::int64_t tick = 0;
-    // the rows have the standard output to themselves
+    // the messages go elsewhere, so that standard output has rows only
     Run(campaign, &std::cerr, [&](const Country& country, double, float) {
         PrintRow(++tick, country);
         return true;

@@ -22,7 +22,7 @@
 
 namespace {
 
-/// The six numbers of the date as one count of seconds within its month.
+/// The seconds since the beginning of the date's month.
 long SecondOfMonth(const World& world) {
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
     std::sscanf(world.date.Text().c_str(), "%d/%d/%d %d:%d:%d", &year, &month, &day, &hour, &minute,
@@ -30,7 +30,7 @@ long SecondOfMonth(const World& world) {
     return ((day * 24L + hour) * 60 + minute) * 60 + second;
 }
 
-/// Counts the key events that reach it, keeps the last one's keys, and ages.
+/// Counts the key events that reach it, keeps the keys of the last one, and shows its age.
 class KeyListener : public GLWidget {
 public:
     KeyListener() : GLWidget("listener", nullptr, Vector(0.0f, 0.0f), nullptr) {
@@ -69,7 +69,7 @@ protected:
         list.MouseMove(middle, (box.y + box.w) / 2.0f);
         list.MouseClick(true, false, false);
         list.MouseClick(false, false, false);
-        // rounded; just inside the list in the first row
+        // the row is rounded; a quarter is inside the first row
         list.MouseMove(middle, box.y - std::max(static_cast<float>(row), 0.25f) * rowHeight);
         list.MouseClick(true, false, false);
         list.MouseClick(false, false, false);
@@ -90,7 +90,7 @@ TEST_F(AppTest, NewWorldIsMerovinskaWithTwelveNeighboursAndThreePartners) {
     EXPECT_EQ(Widget("countrysel").GetCurrentText(), app->GetWorld()->countries[0]->name);
 }
 
-TEST_F(AppTest, NewGameStartsWithItsSlidersAtTheFirstLevels) {
+TEST_F(AppTest, NewGameSetsEverySliderToItsFirstLevel) {
     StartGame();
     const std::pair<const char*, float> levels[] = {
         {"lration", 0.5f},    {"gration", 0.5f},  {"farmers", 0.251f},   {"butchers", 0.501f},
@@ -101,7 +101,7 @@ TEST_F(AppTest, NewGameStartsWithItsSlidersAtTheFirstLevels) {
     EXPECT_EQ(Widget("justiceslide").GetLevel(), start::kJustice);
 }
 
-TEST_F(AppTest, TwoSeedsGiveTwoWorldsOfTheSamePlayer) {
+TEST_F(AppTest, AnotherSeedGivesOtherNeighboursButTheSamePlayer) {
     StartGame(1);
     const std::string firstNeighbour = app->GetWorld()->countries[0]->name;
     const float firstPrice = app->GetWorld()->countries[0]->livestockBuyPrice;
@@ -114,7 +114,7 @@ TEST_F(AppTest, TwoSeedsGiveTwoWorldsOfTheSamePlayer) {
     EXPECT_EQ(other->GetWorld()->player.population, 38685.0f);
 }
 
-TEST_F(AppTest, InitialSetupSeedsFromTheTimeAndMakesTheWorld) {
+TEST_F(AppTest, InitialSetupMakesTheWorldWithTheTimeAsSeed) {
     StartLayout();
     const std::time_t before = std::time(nullptr);
     EXPECT_TRUE(app->GotEvent(Event(InitialSetupEvent)));
@@ -146,7 +146,7 @@ TEST_F(AppTest, FirstFrameSharesFollowTheSlidersAndAreNormalised) {
     EXPECT_GT(Player().livestock.production, 0.0f);
 }
 
-TEST_F(AppTest, FirstFrameSetsTheSharesOneAfterTheOther) {
+TEST_F(AppTest, FirstFrameSetsAndNormalisesTheSharesOneAfterTheOther) {
     StartGame();
     Population expected(38685);
     for (const Profession profession : kProfessions) {
@@ -180,7 +180,7 @@ TEST_F(AppTest, RationSlidersInTheMiddleGiveTheBaseRations) {
     EXPECT_EQ(Text("grationlab"), "Grain Ration: 0.200");
 }
 
-TEST_F(AppTest, RationSliderAtItsEndGivesTwiceTheBase) {
+TEST_F(AppTest, RationSliderAtItsRightEndGivesTwiceTheBaseRation) {
     StartGame();
     SetLevel("lration", 1.0f);
     SetLevel("gration", 0.0f);
@@ -204,7 +204,7 @@ TEST_F(AppTest, RationButtonsMoveTheirSlidersByOneHundredth) {
     EXPECT_FLOAT_EQ(Widget("gration").GetLevel(), 0.5f);
 }
 
-TEST_F(AppTest, StepDownComesBeforeTheStepUpOfItsFrame) {
+TEST_F(AppTest, ButtonForLessActsBeforeTheButtonForMoreInTheSameFrame) {
     StartGame();
     app->Update(0);
     for (const std::string name : {"lration", "gration", "doctors"}) {
@@ -212,16 +212,16 @@ TEST_F(AppTest, StepDownComesBeforeTheStepUpOfItsFrame) {
         Click(name + "++");
         Click(name + "--");
         app->Update(0);
-        EXPECT_FLOAT_EQ(Widget(name).GetLevel(), 1.0f) << name;  // down, and up again
+        EXPECT_FLOAT_EQ(Widget(name).GetLevel(), 1.0f) << name;  // down and up again
         SetLevel(name, 0.0f);
         Click(name + "++");
         Click(name + "--");
         app->Update(0);
-        EXPECT_EQ(Widget(name).GetLevel(), 0.01f) << name;  // no lower, then up
+        EXPECT_EQ(Widget(name).GetLevel(), 0.01f) << name;  // 0 cannot go down, then up
     }
 }
 
-TEST_F(AppTest, RationDownToNothingKeepsTheGameAlive) {
+TEST_F(AppTest, RationCanBeLoweredToZeroWithoutAnError) {
     StartGame();
     app->Update(0);
     for (int press = 0; press < 52; ++press) {
@@ -230,13 +230,13 @@ TEST_F(AppTest, RationDownToNothingKeepsTheGameAlive) {
     }
     EXPECT_EQ(Widget("lration").GetLevel(), 0.0f);
     EXPECT_EQ(Text("lrationlab"), "Livestock Ration: 0.000");
-    Click("butchers++");  // production is set anew, at a ration of nothing
+    Click("butchers++");  // sets the production again, at a ration of 0
     app->Update(0);
     Click("update");
     EXPECT_TRUE(app->Update(0));
 }
 
-TEST_F(AppTest, RationWithoutItsLabelStaysAtItsBase) {
+TEST_F(AppTest, RationWhoseLabelIsMissingStaysAtTheBaseRation) {
     StartLayout({"lrationlab"});
     GLWidget::tags["lrationlab"] = nullptr;
     std::srand(kSeed);
@@ -257,7 +257,7 @@ TEST_F(AppTest, MoreFarmersButtonSetsTheShareAndItsLabel) {
     EXPECT_EQ(Text("farmerslab"), "Farmers: 26%");
 }
 
-TEST_F(AppTest, WorkersBeginBeforeTheRationOfTheirFrame) {
+TEST_F(AppTest, ProductionUsesTheRationOfTheFrameBefore) {
     StartGame();
     app->Update(0);
     SetLevel("gration", 1.0f);
@@ -278,11 +278,11 @@ TEST_F(AppTest, FewerButchersButtonSetsTheShareAndItsLabel) {
     EXPECT_EQ(Text("butcherslab"), "Butchers: 49%");
 }
 
-TEST_F(AppTest, ProfessionLabelsShowWhatNormalisingLeft) {
+TEST_F(AppTest, ProfessionLabelsShowTheSharesAfterNormalising) {
     StartGame();
     app->Update(0);
     SetLevel("farmers", 0.8f);
-    Click("farmers++");  // 0.81, with 0.511 others: 0.321 over
+    Click("farmers++");  // 0.81 and 0.511 of the others: 0.321 too much
     app->Update(0);
     EXPECT_EQ(Text("farmerslab"), "Farmers: 81%");
     EXPECT_EQ(Text("butcherslab"), "Butchers: 42%");
@@ -290,7 +290,7 @@ TEST_F(AppTest, ProfessionLabelsShowWhatNormalisingLeft) {
     EXPECT_EQ(Widget("butchers").GetLevel(), 0.501f);  // the slider stays where it is
 }
 
-TEST_F(AppTest, SliderThatIsNotTouchedChangesNoShareAfterTheFirstFrame) {
+TEST_F(AppTest, SliderThatThePlayerDoesNotMoveChangesNoShareAfterTheFirstFrame) {
     StartGame();
     app->Update(0);
     SetLevel("doctors", 0.3f);
@@ -318,7 +318,7 @@ TEST_F(AppTest, OneSecondOfFramesAdvancesFiveToSixMinutes) {
     const long before = SecondOfMonth(*app->GetWorld());
     for (int frame = 0; frame < 10; ++frame)
         app->Update(100);
-    EXPECT_EQ(SecondOfMonth(*app->GetWorld()), before);  // exactly a second is not yet over one
+    EXPECT_EQ(SecondOfMonth(*app->GetWorld()), before);  // the tick needs more than a second
     app->Update(1);
     const long advanced = SecondOfMonth(*app->GetWorld()) - before;
     EXPECT_GE(advanced, 300);
@@ -326,9 +326,9 @@ TEST_F(AppTest, OneSecondOfFramesAdvancesFiveToSixMinutes) {
     EXPECT_EQ(Player().elapsed, static_cast<float>(advanced));
 }
 
-TEST_F(AppTest, NextSecondIsCountedFromTheTick) {
+TEST_F(AppTest, SecondUntilTheNextTickIsCountedFromTheLastTick) {
     StartGame();
-    app->Update(1900);  // what is over is dropped
+    app->Update(1900);  // the rest above a second is lost
     const float elapsed = Player().elapsed;
     EXPECT_GE(elapsed, 300.0f);
     app->Update(1000);
@@ -337,10 +337,10 @@ TEST_F(AppTest, NextSecondIsCountedFromTheTick) {
     EXPECT_GT(Player().elapsed, elapsed);
 }
 
-TEST_F(AppTest, ClockGoesOnAfterATimerThatJumped) {
+TEST_F(AppTest, ClockGoesOnAfterTheTimerHasJumped) {
     StartGame();
     for (int jump = 0; jump < 2; ++jump)
-        EXPECT_TRUE(app->Update(0x80000000u));  // 24 days, which the sum takes as negative
+        EXPECT_TRUE(app->Update(0x80000000u));  // 24 days; the sum becomes negative
     EXPECT_EQ(Player().elapsed, 0.0f);
     EXPECT_TRUE(app->Update(1001));
     EXPECT_GE(Player().elapsed, 300.0f);
@@ -358,7 +358,7 @@ TEST_F(AppTest, WeekButtonAdvancesExactlyOneWeek) {
     EXPECT_EQ(Player().elapsed, 604800.0f);  // one press, one week
 }
 
-TEST_F(AppTest, WeekRunsOnTheCountryAsItWasBeforeTheControlsOfItsFrame) {
+TEST_F(AppTest, WeekButtonRunsTheWeekBeforeTheOtherControlsOfTheFrame) {
     StartGame();
     app->Update(0);
     const float perSecond = Player().grain.production;
@@ -374,9 +374,9 @@ TEST_F(AppTest, WeekRunsOnTheCountryAsItWasBeforeTheControlsOfItsFrame) {
     EXPECT_FLOAT_EQ(Player().grain.ration, 0.4f);
 }
 
-TEST_F(AppTest, WeekRunsUnderTheJusticeOfTheFrameBefore) {
+TEST_F(AppTest, WeekButtonRunsTheWeekWithTheJusticeOfTheFrameBefore) {
     StartGame();
-    SetLevel("justiceslide", 0.53f);  // so close to the crime of 0.6 that it does not move
+    SetLevel("justiceslide", 0.53f);  // 0.07 from the crime of 0.6, which does not change then
     app->Update(0);
     SetLevel("justiceslide", 0.9f);
     Click("update");
@@ -397,7 +397,7 @@ TEST_F(AppTest, WidgetsAgeByTheMillisecondsOfTheFrame) {
     EXPECT_EQ(listener.Age(), 1018);
 }
 
-TEST_F(AppTest, ClockTicksBeforeTheWeekOfItsFrame) {
+TEST_F(AppTest, ClockTicksInTheSameFrameAsTheWeekButton) {
     StartGame();
     app->Update(0);
     Click("update");
@@ -435,42 +435,42 @@ TEST_F(AppTest, KeysPressedOrRepeatingReachTheWidgetsAndKeysHeldDoNot) {
     StartGame();
     const KeyListener listener;
     Event key(KeyEvent);
-    key.keyboard.down['a'] = true;  // since an earlier update
+    key.keyboard.down['a'] = true;  // pressed in an earlier frame and held
     key.keyboard.down['b'] = true;
     key.keyboard.pressed['b'] = true;
     EXPECT_TRUE(app->GotEvent(key));
     EXPECT_EQ(listener.last, key.keyboard.pressed);
 }
 
-TEST_F(AppTest, EscapeAmongTheRepeatingKeysAloneEndsNothing) {
+TEST_F(AppTest, EscapeThatOnlyRepeatsDoesNotEndTheGame) {
     StartGame();
     Event key(KeyEvent);
     key.keyboard.pressed[27] = true;
     EXPECT_TRUE(app->GotEvent(key));
 }
 
-TEST_F(AppTest, ReleaseWithoutAWorldDeletesNothing) {
+TEST_F(AppTest, ReleaseWithoutAWorldDoesNothing) {
     EXPECT_TRUE(app->GotEvent(Event(ReleaseResourcesEvent)));
     EXPECT_EQ(app->GetWorld(), nullptr);
 }
 
-TEST_F(AppTest, ReleaseEndsTheWorldAndMayComeTwice) {
+TEST_F(AppTest, ReleaseDeletesTheWorldAndASecondReleaseDoesNothing) {
     StartGame();
     EXPECT_TRUE(app->GotEvent(Event(ReleaseResourcesEvent)));
     EXPECT_EQ(app->GetWorld(), nullptr);
     EXPECT_TRUE(app->GotEvent(Event(ReleaseResourcesEvent)));
 }
 
-TEST_F(AppTest, EventsOfNoInterestGoOn) {
+TEST_F(AppTest, EventsThatTheGameDoesNotUseLetItGoOn) {
     EXPECT_TRUE(app->GotEvent(Event(AfterRenderEvent)));
     EXPECT_TRUE(app->GotEvent(Event(QuitEvent)));
     EXPECT_TRUE(app->GotEvent(Event(LoadResourcesEvent)));
 }
 
-TEST_F(AppTest, MouseEventMovesThenClicks) {
+TEST_F(AppTest, MouseEventMovesThePointerBeforeItClicks) {
     StartGame();
     GLWidget& button = Widget("exitbut");
-    // The layout's first button stands at (0, -10) in GUI units: far below the screen.
+    // The layout's first button is at (0, -10) in GUI units, far below the screen.
     const Vector box = button.Getbbox();
     const float halfHeight = GLWidget::guiScale;
     const float x = (box.x + box.z) / 2.0f;
@@ -483,7 +483,7 @@ TEST_F(AppTest, MouseEventMovesThenClicks) {
     EXPECT_TRUE(button.Clicked());
 }
 
-TEST_F(AppTest, UpdateThatEndsTheGameWithoutAKernelFailsAnAssertion) {
+TEST_F(AppTest, EndOfTheGameWithoutAKernelFailsAnAssertion) {
     StartGame();
     Click("exitbut");
     Said();
@@ -491,13 +491,13 @@ TEST_F(AppTest, UpdateThatEndsTheGameWithoutAKernelFailsAnAssertion) {
                 "Assert failed on app:[0-9]+ - \"kernel\"");
 }
 
-TEST_F(AppTest, PictureWithoutAKernelToTellFailsAnAssertion) {
+TEST_F(AppTest, RenderingWithoutAKernelFailsAnAssertion) {
     Said();
     EXPECT_EXIT(app->GotEvent(Event(RenderEvent)), testing::ExitedWithCode(0),
                 "Assert failed on app:[0-9]+ - \"kernel\"");
 }
 
-TEST_F(AppTest, LayoutWithoutAWidgetOfTheGameEndsWithItsName) {
+TEST_F(AppTest, MissingWidgetEndsTheGameWithAMessageThatNamesIt) {
     StartLayout({"storelab"});
     GLWidget::tags["storelab"] = nullptr;
     std::srand(kSeed);
@@ -507,7 +507,7 @@ TEST_F(AppTest, LayoutWithoutAWidgetOfTheGameEndsWithItsName) {
                 "Invalid Tag Widget: 'storelab'\nAssert failed on glwidget/glwidget:539 - ");
 }
 
-TEST_F(AppTest, ReportOfAMissingLabelNamesTheCallsThatWantedIt) {
+TEST_F(AppTest, ReportOfAMissingLabelNamesTheFunctionsThatLookedForIt) {
     StartLayout({"storelab"});
     GLWidget::tags["storelab"] = nullptr;
     app->CreateWorld();
@@ -520,7 +520,7 @@ TEST_F(AppTest, ReportOfAMissingLabelNamesTheCallsThatWantedIt) {
         testing::ExitedWithCode(0), "GLWidget::GetByTag\n#2: Display::ShowStore\n#1: App::Update");
 }
 
-TEST_F(AppTest, ReportOfAMissingTradeSliderNamesTheCallsThatWantedIt) {
+TEST_F(AppTest, ReportOfAMissingTradeSliderNamesTheFunctionsThatLookedForIt) {
     StartLayout({"finebuy"});
     GLWidget::tags["finebuy"] = nullptr;
     Said();
@@ -533,7 +533,7 @@ TEST_F(AppTest, ReportOfAMissingTradeSliderNamesTheCallsThatWantedIt) {
         "GLWidget::GetByTag\n#2: App::ClearOrder\n#1: App::CreateWorld");
 }
 
-TEST_F(AppTest, LayoutMayLackTheOptionalWidgets) {
+TEST_F(AppTest, LayoutMayOmitTheOptionalWidgets) {
     const auto optional = {std::string_view("justiceslide"), std::string_view("lrationlab"),
                            std::string_view("grationlab"), std::string_view("debuginfo"),
                            std::string_view("fps")};
@@ -546,7 +546,7 @@ TEST_F(AppTest, LayoutMayLackTheOptionalWidgets) {
     EXPECT_EQ(Player().justice.justiceLevel, 0.4f);
 }
 
-TEST_F(PartnerTest, ChoiceInThePartnerListClearsTheOrderAndKeepsThePartner) {
+TEST_F(PartnerTest, ChoiceOfANameInThePartnerListClearsTheOrderAndKeepsThePartner) {
     StartGame();
     app->Update(0);
     const Country* const partner = app->GetPartner();
@@ -568,7 +568,7 @@ TEST_F(PartnerTest, ChoiceOfANumberedCountryMakesItThePartner) {
     app->Update(0);
     const struct {
         const char* item;
-        std::size_t partner;  // which of the neighbours it leaves, from 0
+        std::size_t partner;  // index of the neighbour that is the partner afterwards
     } choices[] = {{"Country 5", 4},   {"Country 12", 11}, {"Country 13", 11}, {"Country 1", 0},
                    {"Country 0x3", 2}, {"Country 0", 2},   {"Country -4", 2},  {"country 4", 2},
                    {"Country 010", 7}, {"Country", 7}};
@@ -621,7 +621,7 @@ TEST_F(AppTest, PurchaseIsPaidStoredAndClearsTheOrder) {
     EXPECT_EQ(GLWidget::GetByTag("__msgbox", false), nullptr);
 }
 
-TEST_F(AppTest, FrameOfAPurchaseShowsTheOrderBeforeItAndTheStoreAfterIt) {
+TEST_F(AppTest, FrameOfAPurchaseShowsTheOrderAndTheStoreWithThePurchase) {
     StartGame();
     app->Update(0);
     SetLevel("stockbuy", 0.5f);
@@ -637,7 +637,7 @@ TEST_F(AppTest, FrameOfAPurchaseShowsTheOrderBeforeItAndTheStoreAfterIt) {
     EXPECT_EQ(Text("stockbuylab"), "Livestock to Buy/Sell: 0");
 }
 
-TEST_F(AppTest, RefusedPurchaseSaysSoAndKeepsTheOrder) {
+TEST_F(AppTest, RefusedPurchaseShowsAMessageBoxAndKeepsTheOrder) {
     StartGame();
     app->Update(0);
     const float funds = Player().funds;
@@ -671,7 +671,7 @@ TEST_F(AppTest, SaleIsPaidInFullAndClearsTheOrder) {
     EXPECT_EQ(Widget("grainbuy").GetLevel(), 0.0f);
 }
 
-TEST_F(AppTest, CountryWhosePeopleAreNoNumberIsGovernedOn) {
+TEST_F(AppTest, GameGoesOnIfThePopulationIsNaN) {
     StartGame();
     app->Update(0);
     Player().population = std::nanf("");
@@ -698,7 +698,7 @@ TEST_F(AppTest, NewspaperShowsPageOneAndTheStory) {
     EXPECT_EQ(Text("paperlab"), "Page 1\n" + paper.Stories()[0]);
 }
 
-TEST_F(AppTest, FrameRateIsNeverReportedBecauseTheClockEmptiesItsAccumulator) {
+TEST_F(AppTest, FrameRateIsNeverShown) {
     StartGame();
     for (int frame = 0; frame < 100; ++frame)
         app->Update(999);

@@ -20,7 +20,7 @@
 
 namespace {
 
-/// Notes the events that reach the game and lets a test act before and after them.
+/// Records the events that reach the game. A test can act before and after each.
 class PlayedGame : public App {
 public:
     bool GotEvent(Event event) override {
@@ -55,8 +55,8 @@ protected:
         GameTest::TearDown();
     }
 
-    /// Plays until `end`, which is asked to after every picture but the first, ends the game.
-    /// Notes whether there is a window when the game releases its resources.
+    /// Plays until `end` ends the game; it is called after every picture but the first. Records
+    /// whether there is a window when the game releases its resources.
     void PlayUntil(const std::function<void()>& end) {
         game->after = [this, end](std::uint32_t kind) {
             if (kind == RenderEvent && game->Count(RenderEvent) > 1)
@@ -67,12 +67,12 @@ protected:
                 hasWindowAtTheEnd = SDL_WasInit(SDL_INIT_VIDEO) != 0;
         };
         EXPECT_TRUE(game->Init());
-        // A pointer that happens to be over the window is of no interest here.
+        // The real pointer may be over the window; its events do not belong to the test.
         std::erase(game->kinds, std::uint32_t{MouseEvent});
     }
 
     using Kinds = std::vector<std::uint32_t>;
-    /// The events that the game received last.
+    /// The last events that the game received.
     Kinds Last(std::ptrdiff_t count) const {
         return {game->kinds.end() - count, game->kinds.end()};
     }
@@ -81,28 +81,29 @@ protected:
     bool hasWindowAtTheEnd = false;
 };
 
-TEST_F(AppWindowTest, ExitButtonClosesTheWindowBeforeTheRelease) {
+TEST_F(AppWindowTest, ExitButtonClosesTheWindowBeforeResourcesAreReleased) {
     PlayUntil([this] { Click("exitbut"); });
     EXPECT_FALSE(hasWindowAtTheEnd);
-    // The quit event and those after each picture are the game's own and do not come back to it.
+    // The game itself sends the quit event and the events after each picture, so it does not
+    // receive them.
     EXPECT_EQ(game->kinds, (Kinds{OpenWindowEvent, LoadGraphicsResourcesEvent, InitialSetupEvent,
                                   KeyEvent, UpdateEvent, RenderEvent, KeyEvent, UpdateEvent,
                                   RenderEvent, KeyEvent, UpdateEvent, ReleaseResourcesEvent}));
 }
 
-TEST_F(AppWindowTest, EscapeEndsTheGameWithoutAnUpdateAndLeavesTheWindow) {
+TEST_F(AppWindowTest, EscapeEndsTheGameWithoutAnUpdateAndBeforeTheWindowIsClosed) {
     PlayUntil([] { EventQueue::PushKey(true, SDLK_ESCAPE, SDLK_ESCAPE); });
     EXPECT_TRUE(hasWindowAtTheEnd);
     EXPECT_EQ(Last(4), (Kinds{UpdateEvent, RenderEvent, KeyEvent, ReleaseResourcesEvent}));
 }
 
-TEST_F(AppWindowTest, CloseRequestEndsTheGameWithoutAnUpdateAndLeavesTheWindow) {
+TEST_F(AppWindowTest, CloseRequestEndsTheGameWithoutAnUpdateAndBeforeTheWindowIsClosed) {
     PlayUntil([] { EventQueue::Push(SDL_QUIT); });
     EXPECT_TRUE(hasWindowAtTheEnd);
     EXPECT_EQ(Last(4), (Kinds{UpdateEvent, RenderEvent, KeyEvent, ReleaseResourcesEvent}));
 }
 
-TEST_F(AppWindowTest, PictureIsDrawnOnBlackAtFirstAndOnDarkBlueFromThenOn) {
+TEST_F(AppWindowTest, BackgroundOfTheFirstPictureIsBlackAndOfLaterOnesDarkBlue) {
     using ClearColour = std::array<float, 4>;
     std::vector<ClearColour> clearColours;
     std::vector<std::array<std::uint8_t, 3>> pixels;

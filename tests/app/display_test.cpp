@@ -22,13 +22,13 @@ protected:
     Display display;
 };
 
-TEST_F(DisplayTest, ValueIsMultipliedFormattedAndSetOnTheLabelOfItsName) {
+TEST_F(DisplayTest, ValueIsMultipliedFormattedAndShownByTheLabelOfItsName) {
     StartLayout();
     display.SetValue("farmers", "Farmers: %.0f%%", 0.25, 100.0);
     EXPECT_EQ(Text("farmerslab"), "Farmers: 25%");
 }
 
-TEST_F(DisplayTest, LossTooSmallForTheDigitsIsShownWithoutASign) {
+TEST_F(DisplayTest, NegativeValueThatIsRoundedToZeroIsShownWithoutASign) {
     StartLayout();
     display.SetValue("farmers", "Farmers: %.0f%%", -0.004, 100.0);
     EXPECT_EQ(Text("farmerslab"), "Farmers: 0%");
@@ -44,7 +44,7 @@ TEST_F(DisplayTest, ValueTextIsCutAt511Characters) {
     EXPECT_EQ(Text("farmerslab").size(), 511u);
 }
 
-TEST_F(DisplayTest, StoreShowsWholeNumbersHoweverLarge) {
+TEST_F(DisplayTest, StoreShowsLargeAmountsInFullDigits) {
     StartGame();
     Player().livestock.amount = 9999999.0f;
     Player().grain.amount = 19999998.0f;
@@ -52,7 +52,7 @@ TEST_F(DisplayTest, StoreShowsWholeNumbersHoweverLarge) {
     EXPECT_EQ(Text("storelab"), "Livestock: 9999999\nGrain: 19999998");
 }
 
-TEST_F(DisplayTest, StoreShowsASmallDebtAsZero) {
+TEST_F(DisplayTest, StoreShowsAnAmountJustBelowZeroAsZero) {
     StartGame();
     Player().livestock.amount = -0.25f;
     display.ShowStore(Player());
@@ -117,7 +117,7 @@ TEST_F(DisplayTest, FiguresHaveThirteenLines) {
               "Revolt: 0    Rebellion: 0");
 }
 
-TEST_F(DisplayTest, FiguresMarkWhatIsInProgressWithItsWholeSeconds) {
+TEST_F(DisplayTest, FiguresShowDisastersInProgressWithTheirWholeSeconds) {
     StartGame();
     Country& player = Player();
     player.morale = 0.25f;
@@ -125,7 +125,7 @@ TEST_F(DisplayTest, FiguresMarkWhatIsInProgressWithItsWholeSeconds) {
     player.military.oppressing = 0.125f;
     player.famineChance = -0.001f;
     player.famineTime = 10886400.0f;
-    player.plagueTime = 0.25f;  // still above nothing
+    player.plagueTime = 0.25f;  // above 0, so the plague is in progress
     player.rebellion = true;
     display.ShowFigures(player);
     EXPECT_EQ(Text("debuginfo"),
@@ -148,7 +148,7 @@ TEST_F(DisplayTest, FiguresMarkWhatIsInProgressWithItsWholeSeconds) {
     EXPECT_TRUE(Text("debuginfo").ends_with("Revolt: 1    Rebellion: 0"));
 }
 
-TEST_F(DisplayTest, FrameRateIsShownWhereTheLayoutHasAPlaceForIt) {
+TEST_F(DisplayTest, FrameRateIsShownIfTheLayoutHasALabelForIt) {
     StartLayout();
     display.ShowFrameRate(60);
     EXPECT_EQ(Text("fps"), "FPS: 60");

@@ -17,7 +17,7 @@ namespace {
 
 constexpr float kWeek = 604800.0f;
 
-TEST(CountryTest, TreasuryAndPricesComeFromThreeRollsInOrder) {
+TEST(CountryTest, ThreeRollsGiveTheTreasuryTheLivestockPriceAndTheGrainPriceInThisOrder) {
     for (unsigned seed = 1; seed < 200; ++seed) {
         Replay replay(seed);
         const auto funds = static_cast<float>(replay.Raw() % 100 + 487);
@@ -45,7 +45,7 @@ TEST(CountryTest, SellPricesAreFourFifthsOfTheBuyPrices) {
     }
 }
 
-TEST(CountryTest, StartsWithItsFigures) {
+TEST(CountryTest, NewOneHasTheFiguresOfTheStart) {
     const Country country("Merovinska", 38685);
     EXPECT_EQ(country.name, "Merovinska");
     EXPECT_EQ(country.population, 38685.0f);
@@ -83,7 +83,7 @@ TEST(CountryTest, NegativeSecondsEndTheProgram) {
                 "Assert failed on country:[0-9]+ - \"seconds >= 0.0f\"");
 }
 
-TEST(CountryTest, ReportOfAFailureNamesTheCallsOfTheTick) {
+TEST(CountryTest, ReportOfAFailedAssertionNamesTheFunctionsOfTheTick) {
     EXPECT_EXIT(
         {
             trace::Start();
@@ -93,7 +93,7 @@ TEST(CountryTest, ReportOfAFailureNamesTheCallsOfTheTick) {
         testing::ExitedWithCode(0), "seconds >= 0.0f\"\n#1: Country::Process\n");
 }
 
-TEST(CountryTest, WeeksIncomeLessTheArmysUpkeepGoesToTheTreasury) {
+TEST(CountryTest, WeekAddsTheIncomeToTheFundsAndTakesTheArmysUpkeepFromThem) {
     std::srand(1);
     Country country("Merovinska", 38685);
     const float before = country.funds;
@@ -101,7 +101,7 @@ TEST(CountryTest, WeeksIncomeLessTheArmysUpkeepGoesToTheTreasury) {
     EXPECT_NEAR(country.funds - before, 104.4f - 32.71f, 0.05f);
 }
 
-TEST(CountryTest, CountryOfNobodyEarnsNothingAndEatsNothing) {
+TEST(CountryTest, CountryWithoutPeopleHasNoIncomeAndEatsNothing) {
     Country country("Nowhere", 0);
     country.military.recruits = 0.0f;
     const float funds = country.funds;
@@ -119,14 +119,14 @@ TEST(CountryTest, FundsMayFallBelowZero) {
     EXPECT_NEAR(country.funds, 1.0f - 32.71f, 0.01f);
 }
 
-TEST(CountryTest, TickOfNoTimeChangesNoFunds) {
+TEST(CountryTest, TickOfZeroSecondsChangesNoFunds) {
     Country country("Merovinska", 38685);
     const float funds = country.funds;
     country.Process(0.0f);
     EXPECT_EQ(country.funds, funds);
 }
 
-TEST(CountryTest, TickLeavesTheArmyAlone) {
+TEST(CountryTest, TickNeitherTrainsNorRecruitsTheArmy) {
     Country country("Merovinska", 38685);
     country.military.training = true;
     country.military.recruiting = true;
@@ -135,8 +135,8 @@ TEST(CountryTest, TickLeavesTheArmyAlone) {
     EXPECT_EQ(country.military.recruits, 1350.0f);
 }
 
-/// The model against its rules written out flat, bit by bit, over whole campaigns.
-TEST(CountryTest, CampaignsEqualTheRulesWrittenOutFlat) {
+/// Compares the country with PlainCountry, bit by bit, over whole campaigns.
+TEST(CountryTest, CampaignsEqualASecondSimpleImplementationOfTheRules) {
     std::mt19937 random(1358);
     const auto upTo = [&](float highest) {
         return std::uniform_real_distribution<float>(0.0f, highest)(random);
@@ -193,7 +193,7 @@ TEST(CountryTest, CampaignsEqualTheRulesWrittenOutFlat) {
         rebellions += country.rebellion ? 1 : 0;
         celebrations += country.justice.crimeLevel == 0.0f ? 1 : 0;
     }
-    // The campaigns went through all that can happen.
+    // Each kind of event must have happened, or the comparison would not cover it.
     EXPECT_GT(famines, 0);
     EXPECT_GT(plagues, 0);
     EXPECT_GT(rebellions, 0);
@@ -232,7 +232,7 @@ TEST_F(TradeTest, PurchaseAddsToBothStocksAndPaysThePartnersBuyPrices) {
     EXPECT_EQ(player.funds, 500.0f - 1.0f * 100.0f - 1.25f * 200.0f);
 }
 
-TEST_F(TradeTest, FundsThatJustLastAreEnough) {
+TEST_F(TradeTest, FundsOfExactlyTheCheckedPriceAreEnough) {
     EXPECT_TRUE(player.BuyPossible(0.0f, 500.0f, 0.0f, &partner));
     EXPECT_FALSE(player.BuyPossible(0.0f, 500.1f, 0.0f, &partner));
 }
@@ -244,14 +244,14 @@ TEST_F(TradeTest, RefusedPurchaseChangesNothing) {
     EXPECT_EQ(player.livestock.amount, 15000.0f);
 }
 
-TEST_F(TradeTest, FineGoodsOfAnUnmarkedPartnerAreRefusedWhateverTheFunds) {
+TEST_F(TradeTest, FineGoodsAreRefusedIfThePartnerDoesNotSellThem) {
     player.funds = 1e9f;
     EXPECT_FALSE(player.BuyPossible(0.0f, 0.0f, 0.01f, &partner));
     player.Buy(10.0f, 0.0f, 0.01f, &partner);
     EXPECT_EQ(player.livestock.amount, 15000.0f);
 }
 
-TEST_F(TradeTest, AskingForFineGoodsListsThePartnerAsUnmarked) {
+TEST_F(TradeTest, AskingForFineGoodsAddsThePartnerToTheListAsOneThatSellsNone) {
     player.BuyPossible(0.0f, 0.0f, 0.0f, &partner);
     EXPECT_EQ(player.tradePartners.count(&partner), 0U);
     player.BuyPossible(0.0f, 0.0f, 1.0f, &partner);
@@ -259,7 +259,7 @@ TEST_F(TradeTest, AskingForFineGoodsListsThePartnerAsUnmarked) {
     EXPECT_FALSE(player.tradePartners[&partner]);
 }
 
-TEST_F(TradeTest, FineGoodsOfAMarkedPartnerPassAndChangeNothing) {
+TEST_F(TradeTest, FineGoodsOfAPartnerThatSellsThemAreAcceptedAndChangeNothing) {
     player.tradePartners[&partner] = true;
     EXPECT_TRUE(player.BuyPossible(0.0f, 0.0f, 500.0f, &partner));
     player.Buy(0.0f, 0.0f, 500.0f, &partner);
@@ -268,7 +268,7 @@ TEST_F(TradeTest, FineGoodsOfAMarkedPartnerPassAndChangeNothing) {
     EXPECT_EQ(player.grain.amount, 24000.0f);
 }
 
-TEST_F(TradeTest, FineGoodsCountAgainstTheFunds) {
+TEST_F(TradeTest, FineGoodsAreRefusedIfTheyCostMoreThanTheFunds) {
     player.tradePartners[&partner] = true;
     EXPECT_FALSE(player.BuyPossible(0.0f, 0.0f, 501.0f, &partner));
     EXPECT_TRUE(player.BuyPossible(0.0f, 250.0f, 250.0f, &partner));
@@ -282,7 +282,7 @@ TEST_F(TradeTest, SaleIsPaidInFullAtThePartnersSellPrices) {
     EXPECT_EQ(player.funds, 500.0f + 0.8f * 100.0f + 1.0f * 200.0f);
 }
 
-TEST_F(TradeTest, SaleOfMoreThanIsHeldStaysBelowZeroUntilTheNextTick) {
+TEST_F(TradeTest, SaleOfMoreThanTheStockLeavesItBelowZeroUntilTheNextTick) {
     player.livestock.amount = 300.0f;
     player.Sell(1000.0f, 0.0f, &partner);
     EXPECT_EQ(player.livestock.amount, -700.0f);
@@ -292,7 +292,7 @@ TEST_F(TradeTest, SaleOfMoreThanIsHeldStaysBelowZeroUntilTheNextTick) {
     EXPECT_EQ(player.livestock.amount, 0.0f);
 }
 
-TEST_F(TradeTest, PartnerIsNotTouched) {
+TEST_F(TradeTest, TradeChangesNothingInThePartner) {
     const float funds = partner.funds;
     player.tradePartners[&partner] = true;
     player.Buy(10.0f, 10.0f, 10.0f, &partner);
@@ -303,7 +303,7 @@ TEST_F(TradeTest, PartnerIsNotTouched) {
     EXPECT_EQ(partner.livestockBuyPrice, 1.0f);
 }
 
-TEST_F(TradeTest, OrdersAreWhatTheFundsBuyAtTheCheaperPrice) {
+TEST_F(TradeTest, OrderIsWhatTheFundsBuyAtTheLowerPrice) {
     EXPECT_EQ(player.LivestockOrder(partner, 0.5f), 500.0f / 0.8f * 0.5f);
     EXPECT_EQ(player.GrainOrder(partner, 0.5f), 250.0f);
     EXPECT_EQ(player.FineGoodsOrder(0.5f), 250.0f);

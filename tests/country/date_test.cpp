@@ -30,12 +30,12 @@ TEST(DateTest, ReadsTheStartOfTheGame) {
     EXPECT_EQ(date.second, 0);
 }
 
-TEST(DateTest, TextIsUnpadded) {
+TEST(DateTest, TextHasNoLeadingZeros) {
     EXPECT_EQ(Date("1358/05/16 00:00:00").Text(), "1358/5/16 0:0:0");
     EXPECT_EQ(Date("1358/12/06 23:09:59").Text(), "1358/12/6 23:9:59");
 }
 
-TEST(DateTest, ReadsItsOwnText) {
+TEST(DateTest, ReadsTheTextThatItWrites) {
     const Date date("1358/5/6 7:8:9");
     EXPECT_EQ(Date(date.Text()), date);
     EXPECT_EQ(date, Date("1358/05/06 07:08:09"));
@@ -47,17 +47,17 @@ TEST(DateTest, FieldsThatCannotBeReadAreZero) {
     EXPECT_EQ(Date("1358/05/16 noon").Text(), "1358/5/16 0:0:0");
 }
 
-TEST(DateTest, TimeTextIsPadded) {
+TEST(DateTest, TimeTextHasLeadingZeros) {
     EXPECT_EQ(Date("1358/5/16 7:8:9").TimeText(), "07:08:09");
     EXPECT_EQ(Date("1358/5/16 17:48:39").TimeText(), "17:48:39");
 }
 
-TEST(DateTest, AdvancingByNothingChangesNothing) {
+TEST(DateTest, AdvancingByZeroSecondsChangesNothing) {
     EXPECT_EQ(After("1358/5/16 1:2:3", 0), "1358/5/16 1:2:3");
     EXPECT_EQ(After("1358/5/16 1:2:3", -5), "1358/5/16 1:2:3");
 }
 
-TEST(DateTest, SecondsMinutesAndHoursCarry) {
+TEST(DateTest, FullMinutesHoursAndDaysAreCarriedOn) {
     EXPECT_EQ(After("1358/5/16 0:0:58", 1), "1358/5/16 0:0:59");
     EXPECT_EQ(After("1358/5/16 0:0:59", 1), "1358/5/16 0:1:0");
     EXPECT_EQ(After("1358/5/16 0:59:59", 1), "1358/5/16 1:0:0");
@@ -71,7 +71,7 @@ TEST(DateTest, FebruaryHas28DaysInAYearThatDoesNotDivideByFour) {
 TEST(DateTest, FebruaryHas29DaysInAYearThatDividesByFour) {
     EXPECT_EQ(After("1360/02/28 23:59:59", 1), "1360/2/29 0:0:0");
     EXPECT_EQ(After("1360/02/29 23:59:59", 1), "1360/3/1 0:0:0");
-    // A full century divides by four, too.
+    // A year such as 1400 divides by four, so it is a leap year too.
     EXPECT_EQ(After("1500/02/28 23:59:59", 1), "1500/2/29 0:0:0");
 }
 
@@ -88,11 +88,11 @@ TEST(DateTest, EveryMonthHasItsLength) {
     }
 }
 
-TEST(DateTest, YearCarriesAfterDecember) {
+TEST(DateTest, YearChangesAfterDecember) {
     EXPECT_EQ(After("1358/12/31 23:59:59", 1), "1359/1/1 0:0:0");
 }
 
-TEST(DateTest, LastYearThatCanBeHeldStays) {
+TEST(DateTest, LargestYearOfAnIntIsNotExceeded) {
     const std::string last = std::to_string(std::numeric_limits<int>::max());
     EXPECT_EQ(After(last + "/12/31 23:59:59", 1), last + "/1/1 0:0:0");
 }
@@ -102,8 +102,8 @@ TEST(DateTest, WeekIsSevenDays) {
     EXPECT_EQ(After("1358/05/16 12:34:56", 604800), "1358/5/23 12:34:56");
 }
 
-TEST(DateTest, WeeksOfManyYearsAgreeWithTheCalendar) {
-    // Between 1301 and 1399 the leap years of this calendar are those of the usual one.
+TEST(DateTest, DatesOfManyYearsAgreeWithTheCalendarOfTheStandardLibrary) {
+    // The two calendars have the same leap years between 1301 and 1399.
     using namespace std::chrono;
     Date date("1358/05/16 00:00:00");
     sys_days day = year(1358) / May / 16;
@@ -118,7 +118,7 @@ TEST(DateTest, WeeksOfManyYearsAgreeWithTheCalendar) {
     }
 }
 
-TEST(DateTest, ManySmallAdvancesEqualOneLarge) {
+TEST(DateTest, ManyShortAdvancesEqualOneLongAdvance) {
     Date small("1358/12/31 22:00:00");
     Date large = small;
     for (int i = 0; i < 200; ++i)
@@ -151,7 +151,7 @@ TEST(DateTest, RandomDateRollsEachFieldInOrder) {
     ExpectRolls(6, [] { Date("random"); });
 }
 
-TEST(DateTest, RandomDateKeepsTheDayZeroAndTheHour24) {
+TEST(DateTest, RandomDateMayHaveTheDay0AndTheHour24) {
     bool dayZero = false;
     bool hour24 = false;
     std::srand(1);
@@ -164,7 +164,7 @@ TEST(DateTest, RandomDateKeepsTheDayZeroAndTheHour24) {
     EXPECT_TRUE(hour24);
 }
 
-TEST(DateTest, NothingButTheWordItselfIsRandom) {
+TEST(DateTest, TextThatOnlyContainsTheWordRandomIsNotRandom) {
     ExpectRolls(0, [] {
         Date("Random");
         Date("random ");

@@ -10,7 +10,7 @@
 
 namespace {
 
-TEST(GrainTest, StartsWithItsFigures) {
+TEST(GrainTest, NewOneHasTheFiguresOfTheStart) {
     const Grain grain;
     EXPECT_EQ(grain.amount, 24000.0f);
     EXPECT_EQ(grain.ration, 0.2f);
@@ -40,7 +40,7 @@ TEST(GrainTest, HalvedRationDoublesProductionWhenWorkersAreSet) {
     EXPECT_FLOAT_EQ(grain.production, 2.0f * atBase);
 }
 
-TEST(GrainTest, NobodyProducesNothingWhateverTheRation) {
+TEST(GrainTest, WithoutWorkersThereIsNoProductionAtAnyRation) {
     Grain grain;
     grain.SetWorkers(1000.0f);
     grain.ration = 0.0f;
@@ -57,7 +57,7 @@ TEST(GrainTest, RationOfZeroGivesAnInfiniteProductionThatFillsTheStore) {
     EXPECT_EQ(grain.amount, 20000000.0f);
 }
 
-TEST(GrainTest, InfiniteProductionAddsNothingInNoTime) {
+TEST(GrainTest, InfiniteProductionAddsNothingInZeroSeconds) {
     Grain grain;
     grain.ration = 0.0f;
     grain.SetWorkers(1000.0f);
@@ -65,14 +65,14 @@ TEST(GrainTest, InfiniteProductionAddsNothingInNoTime) {
     EXPECT_EQ(grain.amount, 24000.0f);
 }
 
-TEST(GrainTest, ProcessAddsTheProductionOfItsSeconds) {
+TEST(GrainTest, TickAddsTheProductionOfItsSeconds) {
     Grain grain;
     grain.production = 0.5f;
     grain.Process(300.0f);
     EXPECT_EQ(grain.amount, 24150.0f);
 }
 
-TEST(GrainTest, HasNoGrowthLimit) {
+TEST(GrainTest, GrainHasNoGrowthLimit) {
     Grain grain;
     grain.amount = 0.0f;
     grain.production = 10.0f;
@@ -81,7 +81,7 @@ TEST(GrainTest, HasNoGrowthLimit) {
     EXPECT_EQ(grain.production, 10.0f);
 }
 
-TEST(GrainTest, StockIsCutToItsCapacity) {
+TEST(GrainTest, StockAboveTheCapacityIsLoweredToIt) {
     Grain grain;
     grain.amount = 20000000.0f;
     grain.production = 1.0f;
@@ -96,27 +96,27 @@ TEST(GrainTest, StockBelowZeroIsRaisedToZeroByATick) {
     EXPECT_EQ(grain.amount, 0.0f);
 }
 
-TEST(GrainTest, ConsumeTakesTheRationOfEachPerson) {
+TEST(GrainTest, EveryPersonEatsTheRation) {
     Grain grain;
     grain.Consume(1000.0f);
     EXPECT_EQ(grain.amount, 24000.0f - 0.2f * 1000.0f);
 }
 
-TEST(GrainTest, ConsumeTakesAtMostWhatIsThere) {
+TEST(GrainTest, PeopleEatAtMostWhatIsInStore) {
     Grain grain;
     grain.Consume(1e9f);
     EXPECT_EQ(grain.amount, 0.0f);
     EXPECT_TRUE(grain.IsEmpty());
 }
 
-TEST(GrainTest, ConsumeWithARationOfZeroTakesNothing) {
+TEST(GrainTest, PeopleEatNothingAtARationOfZero) {
     Grain grain;
     grain.ration = 0.0f;
     grain.Consume(1e9f);
     EXPECT_EQ(grain.amount, 24000.0f);
 }
 
-TEST(GrainTest, ThresholdsAreInclusive) {
+TEST(GrainTest, RationEqualToAThresholdCounts) {
     Grain grain;
     grain.ration = grain.starvingRation;
     EXPECT_TRUE(grain.IsStarving());
@@ -136,7 +136,7 @@ TEST(GrainTest, ThresholdsAreInclusive) {
     EXPECT_FALSE(grain.IsGorging());
 }
 
-TEST(GrainTest, HungerFactorRunsFromFourAtNothingToOneAtTheBaseRation) {
+TEST(GrainTest, HungerFactorIsFourAtARationOfZeroAndOneAtTheBaseRation) {
     Grain grain;
     EXPECT_EQ(grain.HungerFactor(), 1.0f);
     grain.ration = 0.4f;

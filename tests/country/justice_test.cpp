@@ -18,7 +18,7 @@ Justice Levels(float crime, float level) {
     return justice;
 }
 
-/// Crime after a tick, as it follows from the seed's first roll.
+/// The crime level after a tick, computed from the seed's first roll.
 float Drifted(float crime, float spread, float lowest, float seconds, unsigned seed) {
     Replay replay(seed);
     return static_cast<float>(crime + (replay.Unit() * spread + lowest) * seconds / kWeek);
@@ -30,7 +30,7 @@ TEST(JusticeTest, StartsWithMoreCrimeThanJustice) {
     EXPECT_EQ(justice.justiceLevel, 0.4f);
 }
 
-TEST(JusticeTest, CrimeCloseToJusticeCreepsDown) {
+TEST(JusticeTest, CrimeCloseToJusticeFallsSlowly) {
     for (unsigned seed = 1; seed < 100; ++seed) {
         for (const float crime : {0.45f, 0.4f, 0.36f}) {
             const float expected = Drifted(crime, 0.0039999997f, -0.005f, kWeek, seed);
@@ -44,7 +44,7 @@ TEST(JusticeTest, CrimeCloseToJusticeCreepsDown) {
     }
 }
 
-TEST(JusticeTest, CrimeBetweenTheTwoGapsDoesNotMove) {
+TEST(JusticeTest, CrimeAtAMiddleDistanceFromJusticeDoesNotChange) {
     for (const float crime : {0.48f, 0.32f}) {
         Justice justice = Levels(crime, 0.4f);
         ExpectRolls(0, [&] { justice.Process(kWeek); });
@@ -85,7 +85,7 @@ TEST(JusticeTest, ChangeIsProportionalToTheSeconds) {
     EXPECT_NEAR(justice.crimeLevel, 0.6f, 1e-5f);
 }
 
-TEST(JusticeTest, CrimeNeverLeavesItsRange) {
+TEST(JusticeTest, CrimeStaysBetweenZeroAndOne) {
     std::srand(1);
     Justice rising = Levels(0.999f, 0.0f);
     Justice falling = Levels(0.001f, 1.0f);
@@ -103,7 +103,7 @@ TEST(JusticeTest, CrimeNeverLeavesItsRange) {
     EXPECT_TRUE(reachedZero);
 }
 
-TEST(JusticeTest, DriftingTakesOneRoll) {
+TEST(JusticeTest, ChangeOfCrimeTakesOneRoll) {
     for (const float crime : {0.4f, 0.6f, 0.2f})
         ExpectRolls(1, [=] { Levels(crime, 0.4f).Process(kWeek); });
 }

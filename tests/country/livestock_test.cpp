@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The herd's rule taken one step at a time, and what is left of the production.
+/// The production after the herd's rule, with one step at a time.
 float LoweredOneByOne(const Livestock& herd, float seconds) {
     float production = herd.production;
     while (herd.amount / herd.growthLimit < production * seconds + herd.amount) {
@@ -30,7 +30,7 @@ Livestock Herd(float amount, float production) {
     return herd;
 }
 
-TEST(LivestockTest, StartsWithItsFigures) {
+TEST(LivestockTest, NewOneHasTheFiguresOfTheStart) {
     const Livestock herd;
     EXPECT_EQ(herd.amount, 15000.0f);
     EXPECT_EQ(herd.ration, 0.1f);
@@ -57,7 +57,7 @@ TEST(LivestockTest, GrowthWithinTheLimitKeepsTheProduction) {
     EXPECT_EQ(herd.amount, 3003.0f);
 }
 
-TEST(LivestockTest, EmptyHerdLosesItsProductionInTenths) {
+TEST(LivestockTest, ProductionOfAnEmptyHerdIsLoweredInStepsOfATenth) {
     Livestock herd = Herd(0.0f, 0.35f);
     herd.Process(1.0f);
     EXPECT_EQ(herd.production, 0.35f - 0.1f - 0.1f - 0.1f - 0.1f);
@@ -65,7 +65,7 @@ TEST(LivestockTest, EmptyHerdLosesItsProductionInTenths) {
     EXPECT_EQ(herd.amount, 0.0f);
 }
 
-TEST(LivestockTest, LostProductionDoesNotComeBack) {
+TEST(LivestockTest, LoweredProductionStaysLow) {
     Livestock herd = Herd(100.0f, 1.0f);
     herd.Process(300.0f);
     const float left = herd.production;
@@ -75,14 +75,14 @@ TEST(LivestockTest, LostProductionDoesNotComeBack) {
     EXPECT_EQ(herd.production, left);
 }
 
-TEST(LivestockTest, TickOfNoTimeLeavesHerdAndProduction) {
+TEST(LivestockTest, TickOfZeroSecondsChangesNeitherHerdNorProduction) {
     Livestock herd = Herd(0.0f, 0.35f);
     herd.Process(0.0f);
     EXPECT_EQ(herd.production, 0.35f);
     EXPECT_EQ(herd.amount, 0.0f);
 }
 
-TEST(LivestockTest, StockIsCutToItsCapacity) {
+TEST(LivestockTest, StockAboveTheCapacityIsLoweredToIt) {
     Livestock herd = Herd(9999000.0f, 10.0f);
     herd.Process(604800.0f);
     EXPECT_EQ(herd.amount, 10000000.0f);
@@ -97,14 +97,14 @@ TEST(LivestockTest, StockBelowZeroIsRaisedToZeroByATick) {
     EXPECT_EQ(herd.amount, 0.0f);
 }
 
-TEST(LivestockTest, ConsumeWithARationOfZeroTakesNothing) {
+TEST(LivestockTest, PeopleEatNothingAtARationOfZero) {
     Livestock herd;
     herd.ration = 0.0f;
     herd.Consume(1e9f);
     EXPECT_EQ(herd.amount, 15000.0f);
 }
 
-TEST(LivestockTest, ConsumeTakesAtMostWhatIsThere) {
+TEST(LivestockTest, PeopleEatAtMostWhatIsInStore) {
     Livestock herd;
     herd.Consume(38685.0f);
     EXPECT_EQ(herd.amount, 15000.0f - 0.1f * 38685.0f);
@@ -124,22 +124,22 @@ TEST(LivestockTest, RationOfZeroGivesAnInfiniteProductionThatFillsTheStore) {
     EXPECT_TRUE(std::isinf(herd.production));
 }
 
-TEST(LivestockTest, NobodyProducesNothingWhateverTheRation) {
+TEST(LivestockTest, WithoutWorkersThereIsNoProductionAtAnyRation) {
     Livestock herd;
     herd.ration = 0.0f;
     herd.SetWorkers(0.0f);
     EXPECT_EQ(herd.production, 0.0f);
 }
 
-TEST(LivestockTest, ProductionTooLargeForAStepStaysAndFillsTheStore) {
-    // From 2^21 on, floats lie so far apart that taking off a tenth changes nothing.
+TEST(LivestockTest, ProductionTooLargeToBeLoweredByATenthStaysAndFillsTheStore) {
+    // From 2^21 on, floats are so far apart that subtracting a tenth changes nothing.
     Livestock herd = Herd(15000.0f, 2097153.0f);
     herd.Process(300.0f);
     EXPECT_EQ(herd.production, 2097153.0f);
     EXPECT_EQ(herd.amount, 10000000.0f);
 }
 
-TEST(LivestockTest, MillionsOfStepsEndWhereSingleStepsDo) {
+TEST(LivestockTest, MillionsOfStepsAtOnceEndWhereSingleStepsDo) {
     for (const float production : {2097151.8f, 2097152.0f, 1500000.0f, 1048576.0f, 1048576.1f,
                                    700000.3f, 65536.0f, 65536.05f, 4096.7f}) {
         for (const float amount : {0.0f, 3.0f, 15000.0f, 9999999.0f}) {
@@ -151,8 +151,8 @@ TEST(LivestockTest, MillionsOfStepsEndWhereSingleStepsDo) {
     }
 }
 
-TEST(LivestockTest, SoldOutHerdLosesProductionAsSingleStepsDo) {
-    // A stock below 0 keeps lowering the production far below 0.
+TEST(LivestockTest, ProductionOfAHerdBelowZeroIsLoweredAsBySingleSteps) {
+    // If the stock is below 0, the production is lowered far below 0.
     for (const float seconds : {0.001f, 0.01f, 1.0f, 300.0f, 604800.0f}) {
         for (const float production : {-1000.0f, -1.0f, 0.0f, 0.3f, 5000.0f}) {
             Livestock herd = Herd(-700.0f, production);
@@ -163,7 +163,7 @@ TEST(LivestockTest, SoldOutHerdLosesProductionAsSingleStepsDo) {
     }
 }
 
-TEST(LivestockTest, EveryHerdLosesWhatSingleStepsTake) {
+TEST(LivestockTest, ProductionOfRandomHerdsIsLoweredAsBySingleSteps) {
     std::mt19937 random(1358);
     const auto between = [&](float lowest, float highest) {
         return std::uniform_real_distribution<float>(lowest, highest)(random);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr float kWeek = 604800.0f;
 
-TEST(MilitaryTest, StartsWithItsFigures) {
+TEST(MilitaryTest, NewOneHasTheFiguresOfTheStart) {
     const Military military;
     EXPECT_EQ(military.recruits, 1350.0f);
     EXPECT_EQ(military.warriors, 0.0f);
@@ -24,7 +24,7 @@ TEST(MilitaryTest, StartsWithItsFigures) {
     EXPECT_FALSE(military.recruiting);
 }
 
-TEST(MilitaryTest, CostOfNoTimeIsNothing) {
+TEST(MilitaryTest, CostOfZeroSecondsIsZero) {
     EXPECT_EQ(Military().Cost(0.0f), 0.0f);
 }
 
@@ -41,7 +41,7 @@ TEST(MilitaryTest, WarriorsCostNothing) {
     EXPECT_EQ(military.Cost(kWeek), Military().Cost(kWeek));
 }
 
-TEST(MilitaryTest, IdleArmyRollsNothingAndStaysAsItIs) {
+TEST(MilitaryTest, ArmyThatNeitherTrainsNorRecruitsRollsNothingAndDoesNotChange) {
     Military military;
     ExpectRolls(0, [&] { military.Process(kWeek); });
     EXPECT_EQ(military.averageSkill, 0.3f);
@@ -72,7 +72,7 @@ TEST(MilitaryTest, RecruitingAddsTenToThirtyPercent) {
     EXPECT_LE(military.recruits, 1350.0f * 1.3f);
 }
 
-TEST(MilitaryTest, RoundDoesNotScaleWithTheSeconds) {
+TEST(MilitaryTest, TrainingAndRecruitingDoNotDependOnTheSeconds) {
     const auto trained = [](float seconds) {
         Military military;
         military.training = true;
@@ -85,7 +85,7 @@ TEST(MilitaryTest, RoundDoesNotScaleWithTheSeconds) {
     EXPECT_EQ(trained(0.0f).recruits, trained(kWeek).recruits);
 }
 
-TEST(MilitaryTest, TrainingRollsBeforeRecruiting) {
+TEST(MilitaryTest, TrainingComesBeforeRecruiting) {
     Replay replay(11);
     const double forSkill = replay.Unit();
     const double forRecruits = replay.Unit();

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// The alternatives of a row, taken apart in another way than the generator's.
+/// The alternatives of a row, split by other code than the generator's.
 std::vector<std::string> Split(std::string_view row) {
     std::vector<std::string> parts;
     std::istringstream stream{std::string(row)};
@@ -25,7 +25,7 @@ std::vector<std::string> Split(std::string_view row) {
     return parts;
 }
 
-/// A name as it follows from the seed's rolls.
+/// The name that follows from the seed's rolls.
 std::string Expected(const std::uint32_t* pattern, unsigned seed) {
     Replay replay(seed);
     std::string name;
@@ -54,7 +54,7 @@ std::string Generated(const std::uint32_t* pattern, unsigned seed = 1) {
     return NameGenerator(pattern).Generate();
 }
 
-TEST(NameGeneratorTest, FragmentsAreTheTwentySixRows) {
+TEST(NameGeneratorTest, ThereAreTwentySixRowsOfFragments) {
     const std::vector<std::string> rows = {
         "ch|dg|j",
         "d|s|t|n|l|r|z",
@@ -95,7 +95,7 @@ TEST(NameGeneratorTest, NamesFollowTheRolls) {
     }
 }
 
-TEST(NameGeneratorTest, EveryRowFollowsTheRolls) {
+TEST(NameGeneratorTest, FragmentOfEveryRowFollowsTheRolls) {
     for (unsigned row = 0; row < 26; ++row) {
         const std::uint32_t pattern[] = {1U << row, 0x3FFFFFF, 1U << row, 0};
         for (unsigned seed = 1; seed < 50; ++seed)
@@ -103,7 +103,7 @@ TEST(NameGeneratorTest, EveryRowFollowsTheRolls) {
     }
 }
 
-TEST(NameGeneratorTest, EveryAllowedRowIsRolledForAndSeveralOnceMore) {
+TEST(NameGeneratorTest, PositionTakesOneRollPerAllowedRowAndOneMoreIfThereAreSeveral) {
     ExpectRolls(16, [] { NameGenerator(NameGenerator::kCountryPattern).Generate(); });
     ExpectRolls(7, [] { NameGenerator(NameGenerator::kFirstNamePattern).Generate(); });
     ExpectRolls(3, [] { NameGenerator(NameGenerator::kSecondNamePattern).Generate(); });
@@ -114,12 +114,12 @@ TEST(NameGeneratorTest, MakingAGeneratorRollsNothing) {
     ExpectRolls(0, [] { NameGenerator generator(NameGenerator::kCountryPattern); });
 }
 
-TEST(NameGeneratorTest, PositionWithOneRowSpendsNoSecondRoll) {
+TEST(NameGeneratorTest, PositionWithOneRowTakesOneRoll) {
     const std::uint32_t pattern[] = {0x800, 0};
     ExpectRolls(1, [&] { NameGenerator(pattern).Generate(); });
 }
 
-TEST(NameGeneratorTest, RowWithOneAlternativeAlwaysYieldsIt) {
+TEST(NameGeneratorTest, RowWithOneAlternativeAlwaysGivesIt) {
     const std::uint32_t pattern[] = {0x800, 0x800, 0};
     for (unsigned seed = 1; seed < 50; ++seed)
         EXPECT_EQ(Generated(pattern, seed), "Hh");
@@ -130,7 +130,7 @@ TEST(NameGeneratorTest, EmptyPatternGivesAnEmptyName) {
     ExpectRolls(0, [&] { EXPECT_EQ(NameGenerator(pattern).Generate(), ""); });
 }
 
-TEST(NameGeneratorTest, BitsBeyondTheRowsYieldNothing) {
+TEST(NameGeneratorTest, BitsAboveTheLastRowAddNothing) {
     const std::uint32_t pattern[] = {0x80000000, 0x4000000, 0x800, 0};
     ExpectRolls(1, [&] { EXPECT_EQ(NameGenerator(pattern).Generate(), "H"); });
 }
@@ -145,12 +145,12 @@ TEST(NameGeneratorTest, LetterAfterASpaceOrAHyphenIsCapitalised) {
     EXPECT_EQ(names, (std::set<std::string>{"H Wy", "H-Wy"}));
 }
 
-TEST(NameGeneratorTest, NothingFollowsABreakAtTheEnd) {
+TEST(NameGeneratorTest, NameMayEndWithAHyphen) {
     const std::uint32_t pattern[] = {0x800, 0x800000, 0};
     EXPECT_EQ(Generated(pattern), "H ");
 }
 
-TEST(NameGeneratorTest, LetterAfterAnApostropheStaysSmall) {
+TEST(NameGeneratorTest, LetterAfterAnApostropheIsNotCapitalised) {
     const std::uint32_t pattern[] = {0x800, 0x1000000, 0x800, 0};
     EXPECT_EQ(Generated(pattern), "H'h");
 }
@@ -161,12 +161,12 @@ TEST(NameGeneratorTest, AlternativesAreCountedFromZero) {
     EXPECT_EQ(NameGenerator::Alternative("ch|dg|j", 2), "j");
 }
 
-TEST(NameGeneratorTest, LastAlternativeStandsForThoseThatAreMissing) {
+TEST(NameGeneratorTest, IndexAboveTheLastAlternativeGivesTheLastOne) {
     EXPECT_EQ(NameGenerator::Alternative("ch|dg|j", 3), "j");
     EXPECT_EQ(NameGenerator::Alternative("ch|dg|j", 4000000000U), "j");
 }
 
-TEST(NameGeneratorTest, TextWithoutASeparatorIsItsOwnAlternative) {
+TEST(NameGeneratorTest, TextWithoutASeparatorIsTheOnlyAlternative) {
     EXPECT_EQ(NameGenerator::Alternative("wy", 0), "wy");
     EXPECT_EQ(NameGenerator::Alternative("wy", 5), "wy");
     EXPECT_EQ(NameGenerator::Alternative("", 0), "");

@@ -26,7 +26,7 @@ protected:
     Newspaper newspaper{&country};
 };
 
-/// What a story is filled in with, from the rolls of a seed.
+/// The names and the time of a story, from the rolls of a seed.
 struct Filling {
     std::string town, secondName, firstName, time;
 
@@ -55,12 +55,12 @@ TEST_F(NewspaperTest, HasNoStoryBeforeTheFirstEdition) {
     EXPECT_TRUE(newspaper.Stories().empty());
 }
 
-TEST_F(NewspaperTest, FirstUpdatePrintsAnEditionWhateverItsSeconds) {
+TEST_F(NewspaperTest, FirstUpdatePrintsAnEditionEvenIfItIsShort) {
     newspaper.Update(0.0f);
     EXPECT_EQ(newspaper.Stories().size(), 1U);
 }
 
-TEST_F(NewspaperTest, EditionFollowsOnceMoreThanADayHasPassed) {
+TEST_F(NewspaperTest, NextEditionIsPrintedWhenMoreThanADayHasPassed) {
     newspaper.Update(0.0f);
     country.justice.crimeLevel = 0.17f;
     newspaper.Update(86400.0f);
@@ -69,7 +69,7 @@ TEST_F(NewspaperTest, EditionFollowsOnceMoreThanADayHasPassed) {
     EXPECT_EQ(newspaper.Stories().at(0), "Mugging");
 }
 
-TEST_F(NewspaperTest, RestOfTheDayIsDroppedAtAnEdition) {
+TEST_F(NewspaperTest, EditionSetsTheTimeSinceItToZero) {
     newspaper.Update(300000.0f);
     country.justice.crimeLevel = 0.17f;
     newspaper.Update(86400.0f);
@@ -110,7 +110,7 @@ TEST_F(NewspaperTest, HeadlineFollowsTheCrimeLevel) {
     EXPECT_EQ(StoryAt(1.0f), "Crime syndicates");
 }
 
-TEST_F(NewspaperTest, CrimeJustBelowABoundStillTellsTheLowerStory) {
+TEST_F(NewspaperTest, CrimeJustBelowALimitGivesTheStoryOfTheLowerRow) {
     const struct {
         float bound;
         const char* below;
@@ -140,14 +140,14 @@ TEST_F(NewspaperTest, CrimeJustBelowABoundStillTellsTheLowerStory) {
         << jaywalking;
 }
 
-TEST_F(NewspaperTest, BoundsOf35And85HundredthsAreDoublePrecision) {
-    // 0.35f lies below 0.35, 0.85f above 0.85.
+TEST_F(NewspaperTest, LimitsOf35And85HundredthsAreDoubles) {
+    // 0.35f is a little less than 0.35, and 0.85f a little more than 0.85.
     EXPECT_EQ(StoryAt(0.35f), "Assault");
     EXPECT_EQ(StoryAt(std::nextafter(0.35f, 1.0f)), "Blackmail");
     EXPECT_EQ(StoryAt(0.85f), "Murder");
 }
 
-TEST_F(NewspaperTest, CrimeBelowFiveHundredthsTellsTheJaywalkingStory) {
+TEST_F(NewspaperTest, CrimeBelowFiveHundredthsGivesTheJaywalkingStory) {
     for (unsigned seed = 1; seed < 50; ++seed) {
         const Filling filling(seed);
         std::srand(seed);
@@ -160,7 +160,7 @@ TEST_F(NewspaperTest, CrimeBelowFiveHundredthsTellsTheJaywalkingStory) {
     }
 }
 
-TEST_F(NewspaperTest, CrimeOfExactlyFiveHundredthsTellsTheCakeStory) {
+TEST_F(NewspaperTest, CrimeOfExactlyFiveHundredthsGivesTheCakeStory) {
     for (unsigned seed = 1; seed < 50; ++seed) {
         const Filling filling(seed);
         std::srand(seed);
@@ -178,7 +178,7 @@ TEST_F(NewspaperTest, CrimeOfExactlyFiveHundredthsTellsTheCakeStory) {
     }
 }
 
-TEST_F(NewspaperTest, StoryHoldsNoPlaceholder) {
+TEST_F(NewspaperTest, PrintedStoryContainsNoPlaceholder) {
     for (unsigned seed = 1; seed < 100; ++seed) {
         std::srand(seed);
         EXPECT_EQ(StoryAt(0.01f).find("++"), std::string::npos);

@@ -9,9 +9,8 @@
 
 #include "country/country.h"
 
-/// The country's tick once more, as one flat list of its rules over plain numbers. Slow to read
-/// and fast to compare: whatever the model does must come to exactly these figures, with exactly
-/// these rolls.
+/// A second implementation of the country's tick: all rules in one function, on plain numbers. The
+/// country must give exactly the same figures with exactly the same rolls.
 struct PlainCountry {
     float funds;
     float population;

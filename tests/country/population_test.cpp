@@ -18,8 +18,8 @@ namespace {
 constexpr float kWeek = 604800.0f;
 constexpr float kLongAfterGrace = 40000000.0f;
 
-/// A people whose crime lies neither close to the level of justice nor far from it, so that
-/// justice moves nothing and rolls nothing, and whose messages are kept.
+/// A population with a middle distance between crime and justice, so that justice changes nothing
+/// and does not roll. Its messages are collected.
 class PopulationTest : public testing::Test {
 protected:
     PopulationTest() {
@@ -42,7 +42,7 @@ protected:
     std::ostringstream said;
 };
 
-TEST_F(PopulationTest, StartsWithItsFigures) {
+TEST_F(PopulationTest, NewOneHasTheFiguresOfTheStart) {
     const Population fresh(38685);
     EXPECT_EQ(fresh.population, 38685.0f);
     EXPECT_EQ(fresh.justice.crimeLevel, 0.6f);
@@ -78,7 +78,7 @@ TEST_F(PopulationTest, IdleCountIsNegativeWhileTheSharesExceedOne) {
 
 // Normalise
 
-TEST_F(PopulationTest, OvershootIsTakenFromTheOtherFourAndTheSumMayStillExceedOne) {
+TEST_F(PopulationTest, SharesAboveOneLowerTheOtherFourAndTheSumMayStayAboveOne) {
     people.SetShare(Profession::Farmers, 0.8f);
     people.Normalise(Profession::Farmers);
     EXPECT_EQ(Share(Profession::Farmers), 0.8f);
@@ -89,7 +89,7 @@ TEST_F(PopulationTest, OvershootIsTakenFromTheOtherFourAndTheSumMayStillExceedOn
     EXPECT_NEAR(people.IdleCount(), -0.225f * 38685.0f, 0.1f);
 }
 
-TEST_F(PopulationTest, QuarterOfTheOvershootLeavesEachOtherShare) {
+TEST_F(PopulationTest, EachOtherShareLosesAQuarterOfTheExcess) {
     for (const Profession profession : kProfessions)
         people.SetShare(profession, 0.2f);
     people.SetShare(Profession::Educators, 0.6f);
@@ -98,7 +98,7 @@ TEST_F(PopulationTest, QuarterOfTheOvershootLeavesEachOtherShare) {
         EXPECT_NEAR(Share(profession), profession == Profession::Educators ? 0.6f : 0.1f, 1e-6f);
 }
 
-TEST_F(PopulationTest, SharesUpToOneStay) {
+TEST_F(PopulationTest, SharesWithASumOfOneDoNotChange) {
     people.SetShare(Profession::Doctors, 0.25f);
     people.Normalise(Profession::Doctors);
     EXPECT_EQ(Share(Profession::Farmers), 0.25f);
@@ -106,7 +106,7 @@ TEST_F(PopulationTest, SharesUpToOneStay) {
     EXPECT_EQ(Share(Profession::Doctors), 0.25f);
 }
 
-TEST_F(PopulationTest, NormaliseHandsTheHeadCountsOn) {
+TEST_F(PopulationTest, NormaliseSetsWorkersEducatorsAndWarriors) {
     people.SetShare(Profession::Educators, 0.1f);
     people.SetShare(Profession::Warriors, 0.05f);
     people.Normalise(Profession::Warriors);
@@ -125,7 +125,7 @@ TEST_F(PopulationTest, NothingIsProducedBeforeTheFirstNormalise) {
     EXPECT_EQ(people.livestock.production, 0.0f);
 }
 
-TEST_F(PopulationTest, RationMovesProductionOnlyAtTheNextNormalise) {
+TEST_F(PopulationTest, RationChangesProductionOnlyAtTheNextNormalise) {
     people.Normalise(Profession::Farmers);
     const float before = people.grain.production;
     people.grain.ration = 0.1f;
@@ -135,7 +135,7 @@ TEST_F(PopulationTest, RationMovesProductionOnlyAtTheNextNormalise) {
     EXPECT_GT(people.grain.production, 1.9f * before);
 }
 
-TEST_F(PopulationTest, NormaliseOfNobodyIsHarmless) {
+TEST_F(PopulationTest, NormaliseWithoutPeopleGivesNoProductionAndNoError) {
     Population nobody(0);
     nobody.SetShare(Profession::Farmers, 1.0f);
     nobody.Normalise(Profession::Farmers);
@@ -151,9 +151,9 @@ TEST_F(PopulationTest, NormaliseRollsNothing) {
 
 // Food states
 
-TEST_F(PopulationTest, BaseRationsAndStocksGiveNoMessageAndMoraleMovesOnlyThroughJustice) {
+TEST_F(PopulationTest, BaseRationsAndFullStocksGiveNoMessageAndLeaveTheMorale) {
     people.morale = 0.5f;
-    ExpectRolls(2, [&] { people.Process(kWeek); });  // what may start a famine and a plague
+    ExpectRolls(2, [&] { people.Process(kWeek); });  // one for a famine, one for a plague
     EXPECT_EQ(said.str(), "");
     EXPECT_EQ(people.morale, 0.5f);
     EXPECT_EQ(people.opinion, 0.5f);
@@ -179,19 +179,19 @@ TEST_F(PopulationTest, EmptyHerdStarvesThePeopleFast) {
     EXPECT_EQ(people.famineChance, 1.0f);
 }
 
-TEST_F(PopulationTest, StarvingFastRollsForAChanceThatItThenOverwrites) {
+TEST_F(PopulationTest, StarvingFastRollsForAFamineChanceThatIsThenSetToOne) {
     people.grain.amount = 0.0f;
     ExpectRolls(4, [&] { people.Process(300.0f); });
 }
 
-TEST_F(PopulationTest, FamineChanceOfStarvingIsTakenBackDuringTheFirst48Weeks) {
+TEST_F(PopulationTest, FamineChanceStaysZeroDuringTheFirst48Weeks) {
     people.grain.amount = 0.0f;
     Tick(300.0f);
     EXPECT_EQ(said.str(), "the people are starving fast!\n");
     EXPECT_EQ(people.famineChance, 0.0f);
 }
 
-TEST_F(PopulationTest, HalfARationStarvesThePeopleSlowly) {
+TEST_F(PopulationTest, HalfTheBaseRationStarvesThePeopleSlowly) {
     EndGrace();
     people.grain.ration = 0.1f;
     Replay replay(4);
@@ -203,7 +203,7 @@ TEST_F(PopulationTest, HalfARationStarvesThePeopleSlowly) {
     EXPECT_EQ(people.famineChance, chance);
 }
 
-TEST_F(PopulationTest, HungerOfBothStocksMultipliesToSixteenAtNoRations) {
+TEST_F(PopulationTest, HungerFactorsMultiplyToSixteenIfBothRationsAreZero) {
     EndGrace();
     people.grain.ration = 0.0f;
     people.livestock.ration = 0.0f;
@@ -214,7 +214,7 @@ TEST_F(PopulationTest, HungerOfBothStocksMultipliesToSixteenAtNoRations) {
     EXPECT_EQ(people.famineChance, chance);
 }
 
-TEST_F(PopulationTest, ThreeQuartersOfARationMakeThePeopleHungry) {
+TEST_F(PopulationTest, ThreeQuartersOfTheBaseRationMakeThePeopleHungry) {
     EndGrace();
     people.livestock.ration = people.livestock.hungryRation;
     Replay replay(5);
@@ -242,7 +242,7 @@ TEST_F(PopulationTest, DoubleRationsLetThePeopleGorgeThemselves) {
     EXPECT_EQ(people.opinion, 0.5f);
 }
 
-TEST_F(PopulationTest, FourThirdsOfARationFeedThePeopleWell) {
+TEST_F(PopulationTest, FourThirdsOfTheBaseRationFeedThePeopleWell) {
     EndGrace();
     people.livestock.ration = people.livestock.wellFedRation;
     people.famineChance = 0.5f;
@@ -264,8 +264,8 @@ TEST_F(PopulationTest, FamineChanceMayFallBelowZero) {
     EXPECT_LT(people.famineChance, 0.0f);
 }
 
-TEST_F(PopulationTest, WorseStateGoesFirst) {
-    // What the fuller stock allows does not make up for the other.
+TEST_F(PopulationTest, WorstStateThatFitsIsUsed) {
+    // A large ration of one stock does not help if the other is too small.
     people.livestock.ration = 0.2f;
     people.grain.ration = 0.15f;
     Tick(300.0f);
@@ -279,7 +279,7 @@ TEST_F(PopulationTest, WorseStateGoesFirst) {
               "the people are starving fast!\n");
 }
 
-TEST_F(PopulationTest, EitherStockAloneDecidesTheState) {
+TEST_F(PopulationTest, OneStockIsEnoughForAState) {
     const auto messageFor = [](float livestockPart, float grainPart) {
         Population other(38685);
         std::ostringstream message;
@@ -318,7 +318,7 @@ TEST_F(PopulationTest, StockBelowZeroIsNotEmpty) {
 
 // Messages
 
-TEST_F(PopulationTest, MessagesGoToTheStandardOutputAtFirst) {
+TEST_F(PopulationTest, MessagesGoToTheStandardOutputByDefault) {
     Population fresh(38685);
     fresh.grain.ration = 0.1f;
     testing::internal::CaptureStdout();
@@ -335,7 +335,7 @@ TEST_F(PopulationTest, MessagesCanBeDropped) {
     EXPECT_EQ(said.str(), "");
 }
 
-TEST_F(PopulationTest, MessagesAreFlushedPerLine) {
+TEST_F(PopulationTest, EachMessageIsFlushed) {
     class CountingBuffer : public std::stringbuf {
     public:
         int flushes = 0;
@@ -357,7 +357,7 @@ TEST_F(PopulationTest, MessagesAreFlushedPerLine) {
 
 // Rebellion, morale and opinion
 
-TEST_F(PopulationTest, LowMoraleBreaksOutInRebellionWhenTheRollExceedsTenTimesIt) {
+TEST_F(PopulationTest, RebellionBeginsIfTheRollIsMoreThanTenTimesTheMorale) {
     EndGrace();
     for (unsigned seed = 1; seed < 100; ++seed) {
         people.rebellion = false;
@@ -368,20 +368,20 @@ TEST_F(PopulationTest, LowMoraleBreaksOutInRebellionWhenTheRollExceedsTenTimesIt
     }
 }
 
-TEST_F(PopulationTest, MoraleOfATenthRollsForNoRebellion) {
+TEST_F(PopulationTest, MoraleOfATenthMakesNoRollForARebellion) {
     EndGrace();
     people.morale = 0.1f;
     ExpectRolls(2, [&] { people.Process(300.0f); });
     EXPECT_FALSE(people.rebellion);
 }
 
-TEST_F(PopulationTest, LowMoraleRollsForARebellionAlsoDuringTheFirst48Weeks) {
+TEST_F(PopulationTest, LowMoraleRollsForARebellionEvenDuringTheFirst48Weeks) {
     people.morale = 0.0f;
     ExpectRolls(3, [&] { people.Process(300.0f); });
     EXPECT_FALSE(people.rebellion);
 }
 
-TEST_F(PopulationTest, RebellionIsNeverCleared) {
+TEST_F(PopulationTest, RebellionNeverEnds) {
     EndGrace();
     StartRebellion();
     people.morale = 1.0f;
@@ -391,11 +391,11 @@ TEST_F(PopulationTest, RebellionIsNeverCleared) {
     EXPECT_FALSE(people.revolt);
 }
 
-TEST_F(PopulationTest, RebellionStopsFoodProductionAndTheDriftOfCrime) {
+TEST_F(PopulationTest, RebellionStopsFoodProductionAndTheChangeOfCrime) {
     people.Normalise(Profession::Farmers);
     StartRebellion();
     people.justice.justiceLevel = 0.1f;
-    people.livestock.amount = 20000000.0f;  // above what a herd may be cut to
+    people.livestock.amount = 20000000.0f;  // above the capacity, so production would lower it
     const float grainBefore = people.grain.amount;
     const float eaten = 0.2f * (38685.0f + 0.0075f * people.IdleCount() * 1.0f);
     Tick(kWeek);
@@ -404,7 +404,7 @@ TEST_F(PopulationTest, RebellionStopsFoodProductionAndTheDriftOfCrime) {
     EXPECT_GT(people.livestock.amount, 10000000.0f);
 }
 
-TEST_F(PopulationTest, MoraleAndOpinionDoNotStayBelowZero) {
+TEST_F(PopulationTest, MoraleAndOpinionBelowZeroAreRaisedToZero) {
     people.morale = -0.5f;
     people.opinion = -0.5f;
     Tick(300.0f);
@@ -420,7 +420,7 @@ TEST_F(PopulationTest, MoraleAndOpinionHaveNoUpperBound) {
     EXPECT_EQ(people.opinion, 4.0f);
 }
 
-TEST_F(PopulationTest, WideGapToJusticeCostsMorale) {
+TEST_F(PopulationTest, CrimeFarFromJusticeLowersMorale) {
     people.justice.justiceLevel = 0.1f;
     Replay replay(8);
     replay.Raw();  // may start a famine
@@ -430,7 +430,7 @@ TEST_F(PopulationTest, WideGapToJusticeCostsMorale) {
     EXPECT_EQ(people.morale, expected);
 }
 
-TEST_F(PopulationTest, NarrowGapToJusticeRaisesMorale) {
+TEST_F(PopulationTest, CrimeCloseToJusticeRaisesMorale) {
     people.justice.justiceLevel = 0.6f;
     Replay replay(8);
     replay.Raw();  // may start a famine
@@ -442,14 +442,14 @@ TEST_F(PopulationTest, NarrowGapToJusticeRaisesMorale) {
     EXPECT_EQ(people.morale, expected);
 }
 
-TEST_F(PopulationTest, NarrowGapRaisesNoMoraleInARebellion) {
+TEST_F(PopulationTest, CrimeCloseToJusticeRaisesNoMoraleInARebellion) {
     people.justice.justiceLevel = 0.6f;
     StartRebellion();
     ExpectRolls(2, [&] { people.Process(300.0f); });
     EXPECT_EQ(people.morale, 0.5f);
 }
 
-TEST_F(PopulationTest, NoCrimeAtAllIsCelebratedEveryTick) {
+TEST_F(PopulationTest, CrimeOfZeroIsCelebratedInEveryTick) {
     people.justice.crimeLevel = 0.0f;
     people.justice.justiceLevel = 0.07f;
     Tick(300.0f);
@@ -461,7 +461,7 @@ TEST_F(PopulationTest, NoCrimeAtAllIsCelebratedEveryTick) {
 
 // The first 48 weeks
 
-TEST_F(PopulationTest, NothingStrikesDuringTheFirst48Weeks) {
+TEST_F(PopulationTest, NoDisasterBeginsDuringTheFirst48Weeks) {
     for (unsigned seed = 1; seed < 300; ++seed) {
         Population spared(38685);
         spared.SetMessageStream(nullptr);
@@ -477,7 +477,7 @@ TEST_F(PopulationTest, NothingStrikesDuringTheFirst48Weeks) {
             ASSERT_EQ(spared.famineTime, 0.0f);
             ASSERT_EQ(spared.plagueTime, 0.0f);
             ASSERT_FALSE(spared.rebellion);
-            // At exactly 48 weeks the chance is no longer held at 0, but nothing starts yet.
+            // At exactly 48 weeks the chance is no longer set to 0, but nothing begins yet.
             ASSERT_EQ(spared.famineChance, week < 47 ? 0.0f : 1.0f);
         }
     }
@@ -485,7 +485,7 @@ TEST_F(PopulationTest, NothingStrikesDuringTheFirst48Weeks) {
 
 // Famine
 
-TEST_F(PopulationTest, WeekAfterGraceWithACertainChanceAlwaysStartsAFamine) {
+TEST_F(PopulationTest, FamineChanceOfOneAlwaysStartsAFamineInAWeekAfterTheFirst48) {
     for (unsigned seed = 1; seed < 300; ++seed) {
         Population struck(38685);
         struck.SetMessageStream(nullptr);
@@ -503,7 +503,7 @@ TEST_F(PopulationTest, WeekAfterGraceWithACertainChanceAlwaysStartsAFamine) {
     }
 }
 
-TEST_F(PopulationTest, FamineStartsOnAnOrdinaryTickOnlyWithAnAlmostCertainChance) {
+TEST_F(PopulationTest, FamineStartsInAShortTickOnlyIfItsChanceIsNearlyOne) {
     EndGrace();
     for (unsigned seed = 1; seed < 300; ++seed) {
         people.famineChance = 0.9994f;  // 300 seconds are less than 0.0005 weeks
@@ -515,7 +515,7 @@ TEST_F(PopulationTest, FamineStartsOnAnOrdinaryTickOnlyWithAnAlmostCertainChance
     EXPECT_GT(people.famineTime, 0.0f);
 }
 
-TEST_F(PopulationTest, FamineKillsAndRunsOut) {
+TEST_F(PopulationTest, FamineKillsPeopleAndEnds) {
     EndGrace();
     people.SetShare(Profession::Doctors, 0.25f);  // nobody idle
     people.famineTime = 2.0f * kWeek;
@@ -532,7 +532,7 @@ TEST_F(PopulationTest, FamineKillsAndRunsOut) {
     EXPECT_EQ(people.famineTime, 0.0f);
 }
 
-TEST_F(PopulationTest, FamineStaysEndedOnceItRanOut) {
+TEST_F(PopulationTest, FamineThatHasEndedDoesNotReturnByItself) {
     people.famineTime = -5.0f;
     ExpectRolls(2, [&] { people.Process(300.0f); });
     EXPECT_EQ(people.famineTime, 0.0f);
@@ -547,9 +547,9 @@ TEST_F(PopulationTest, FamineMakesThePeopleEatHalfAsMuchAgain) {
     EXPECT_EQ(people.livestock.amount, 15000.0f - 0.1f * eaters);
 }
 
-TEST_F(PopulationTest, FamineThatStartsDuringAnotherRestartsItsLength) {
+TEST_F(PopulationTest, FamineThatStartsDuringAnotherReplacesItsLength) {
     EndGrace();
-    // Seconds enough that even with the chance put back to 0 another famine is rolled.
+    // In a tick of two weeks a famine can begin even if its chance is 0.
     const unsigned seed = SeedWhere([](Replay& replay) {
         replay.Raw();
         return replay.Unit() > 0.6;
@@ -564,7 +564,7 @@ TEST_F(PopulationTest, FamineThatStartsDuringAnotherRestartsItsLength) {
 
 // Plague
 
-TEST_F(PopulationTest, PlagueBeginsOnAWeekWhoseRollExceeds99Hundredths) {
+TEST_F(PopulationTest, PlagueBeginsInAWeekIfTheRollIsMoreThan99Hundredths) {
     int begun = 0;
     for (unsigned seed = 1; seed <= 2000; ++seed) {
         Population struck(38685);
@@ -585,7 +585,7 @@ TEST_F(PopulationTest, PlagueBeginsOnAWeekWhoseRollExceeds99Hundredths) {
     EXPECT_LT(begun, 50);
 }
 
-TEST_F(PopulationTest, PlagueNeverBeginsOnAnOrdinaryTick) {
+TEST_F(PopulationTest, PlagueNeverBeginsInAShortTick) {
     EndGrace();
     std::srand(1);
     for (int tick = 0; tick < 20000; ++tick) {
@@ -594,7 +594,7 @@ TEST_F(PopulationTest, PlagueNeverBeginsOnAnOrdinaryTick) {
     }
 }
 
-TEST_F(PopulationTest, FifthOfDoctorsEndsThePlagueAtFullSpeed) {
+TEST_F(PopulationTest, PlagueEndsAtFullSpeedIfAFifthOfThePeopleAreDoctors) {
     people.SetShare(Profession::Doctors, 0.2f);
     people.plagueTime = 10000.0f;
     Tick(300.0f);
@@ -613,7 +613,7 @@ TEST_F(PopulationTest, PlagueWithoutDoctorsDoesNotEnd) {
     EXPECT_EQ(people.plagueTime, 10000.0f);
 }
 
-TEST_F(PopulationTest, PlagueKillsAndHalfOfDoctorsStopItsDeaths) {
+TEST_F(PopulationTest, PlagueKillsNobodyIfHalfOfThePeopleAreDoctors) {
     people.SetShare(Profession::Butchers, 0.75f);  // nobody idle
     people.plagueTime = 10.0f * kWeek;
     Replay replay(10);
@@ -658,7 +658,7 @@ TEST_F(PopulationTest, PeopleShrinkWhileTheSharesExceedOne) {
     EXPECT_LT(people.population, 38685.0f);
 }
 
-TEST_F(PopulationTest, HalfARationStopsGrowth) {
+TEST_F(PopulationTest, HalfTheBaseRationStopsGrowth) {
     people.grain.ration = 0.1f;
     Tick(kWeek);
     EXPECT_EQ(people.population, 38685.0f);
@@ -675,14 +675,14 @@ TEST_F(PopulationTest, PeopleEatTheirRations) {
     EXPECT_EQ(people.livestock.amount, 15000.0f - 0.1f * 38685.0f);
 }
 
-TEST_F(PopulationTest, DisastersMayDriveThePeopleBelowZero) {
+TEST_F(PopulationTest, DisastersMayLowerThePopulationBelowZero) {
     people.population = 500.0f;
     people.famineTime = 10.0f * kWeek;
     Tick(kWeek);
     EXPECT_LT(people.population, 0.0f);
 }
 
-TEST_F(PopulationTest, TickOfNoTimeChangesNothing) {
+TEST_F(PopulationTest, TickOfZeroSecondsChangesNothing) {
     EndGrace();
     people.Normalise(Profession::Farmers);
     people.justice.justiceLevel = 0.1f;

@@ -12,7 +12,7 @@
 
 namespace {
 
-TEST(RandomTest, UnitRollIsOneRandScaledAsADouble) {
+TEST(RandomTest, UnitRollIsOneRandScaledToLessThanOne) {
     for (unsigned seed = 0; seed < 100; ++seed) {
         std::srand(seed);
         const int raw = std::rand();

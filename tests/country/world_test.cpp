@@ -15,7 +15,7 @@ namespace {
 
 constexpr float kWeek = 604800.0f;
 
-TEST(WorldTest, CreationTakes243RollsForEverySeed) {
+TEST(WorldTest, NewWorldTakes243RollsWithEverySeed) {
     for (unsigned seed = 0; seed < 300; ++seed) {
         std::srand(seed);
         const World world;
@@ -27,7 +27,7 @@ TEST(WorldTest, CreationTakes243RollsForEverySeed) {
     }
 }
 
-TEST(WorldTest, PlayerRulesMerovinskaFromThe16thOfMay1358) {
+TEST(WorldTest, NewWorldHasMerovinskaOnThe16thOfMay1358) {
     for (unsigned seed = 1; seed < 20; ++seed) {
         std::srand(seed);
         const World world;
@@ -38,7 +38,7 @@ TEST(WorldTest, PlayerRulesMerovinskaFromThe16thOfMay1358) {
     }
 }
 
-TEST(WorldTest, CountriesAreRolledInOrderAfterThePlayers) {
+TEST(WorldTest, NeighboursAreRolledInOrderAfterThePlayersCountry) {
     for (unsigned seed = 1; seed < 50; ++seed) {
         std::srand(seed);
         const World world;
@@ -81,7 +81,7 @@ TEST(WorldTest, TwoSeedsGiveDifferentWorlds) {
     EXPECT_NE(first.player.livestockBuyPrice, second.player.livestockBuyPrice);
 }
 
-TEST(WorldTest, FirstThirdAndSixthCountrySellFineGoods) {
+TEST(WorldTest, FirstThirdAndSixthNeighbourSellFineGoods) {
     World world;
     for (std::size_t i = 0; i < start::kNeighbours; ++i) {
         const Country* const country = world.countries[i].get();
@@ -100,7 +100,7 @@ TEST(WorldTest, EveryCountryKnowsTheContinentWithThePlayerLast) {
         EXPECT_EQ(country->continent, continent);
 }
 
-TEST(WorldTest, AdvanceMovesThePlayerTheNewspaperAndTheDate) {
+TEST(WorldTest, AdvanceRunsThePlayersCountryTheNewspaperAndTheDate) {
     std::srand(1);
     World world;
     world.Advance(kWeek);
@@ -109,7 +109,7 @@ TEST(WorldTest, AdvanceMovesThePlayerTheNewspaperAndTheDate) {
     EXPECT_EQ(world.date.Text(), "1358/5/23 0:0:0");
 }
 
-TEST(WorldTest, AdvanceReportsTheCrimeThatTheTickLeft) {
+TEST(WorldTest, NewspaperReportsTheCrimeAtTheEndOfTheTick) {
     std::srand(1);
     World world;
     world.player.justice.justiceLevel = 0.0f;
@@ -125,7 +125,7 @@ TEST(WorldTest, AdvanceReportsTheCrimeThatTheTickLeft) {
     EXPECT_EQ(world.newspaper.Stories().at(0), "Smuggling");
 }
 
-TEST(WorldTest, OtherCountriesDoNotAge) {
+TEST(WorldTest, AdvanceDoesNotChangeTheNeighbours) {
     World world;
     world.Advance(kWeek);
     for (const auto& country : world.countries) {
@@ -151,7 +151,7 @@ TEST(WorldTest, ClockRolls300To359Seconds) {
     ExpectRolls(1, [] { World::RollClockSeconds(); });
 }
 
-TEST(WorldTest, ClockSecondsAdvanceTheDateByAsMany) {
+TEST(WorldTest, DateAdvancesByTheSecondsOfTheTick) {
     World world;
     world.Advance(359.0f);
     EXPECT_EQ(world.date.Text(), "1358/5/16 0:5:59");
