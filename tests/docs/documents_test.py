@@ -33,7 +33,7 @@ REPLACEMENTS = {
     "ctest --preset release -L play": "ctest --preset release -L play -N | grep Play",
     "ctest --preset slow": "ctest --preset slow -N | grep Documents",
     "scripts/ondisplay ctest --preset release": "scripts/ondisplay ctest --preset release -N",
-    "pytest-3 tests/repository": "pytest-3 tests/repository --collect-only | grep Packages",
+    "pytest-3 tests/repository": "pytest-3 tests/repository --collect-only | grep PackageList",
     "scripts/tidy FILE": f"scripts/tidy {shlex.quote(str(ROOT))}/country/military.cpp",
     "cmake --install build/release --prefix <folder>":
         "cmake --install build/release --prefix installed && test -x installed/games/merovinska",
