@@ -14,25 +14,24 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <span>
 #include <string_view>
-#include <system_error>
 #include <type_traits>
 #include <utility>
 #include <vector>
 #include FT_FREETYPE_H
 
 #include "quarn2/matrix.h"
+#include "quarn2/readfile.h"
 #include "quarn2/texture.h"
 #include "quarn2/texturedata.h"
 #include "quarn2/trace.h"
 
 namespace {
 
+constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{1} << 29;
 constexpr FT_F26Dot6 kCharacterSize = 4096;  // 64 points, in 64ths
 constexpr FT_UInt kDotsPerInch = 96;
 constexpr float kPixelsPerUnit = 64.0f;
@@ -48,7 +47,7 @@ struct FreeTypeDeleter {
 using Library = std::unique_ptr<std::remove_pointer_t<FT_Library>, FreeTypeDeleter>;
 using Face = std::unique_ptr<std::remove_pointer_t<FT_Face>, FreeTypeDeleter>;
 
-/// The file is held in memory: one that is written anew while it is mapped kills the process.
+/// The file is held in memory: one that is mapped, and written again meanwhile, kills the process.
 struct OpenFont {
     Library library;
     std::vector<FT_Byte> file;
@@ -61,25 +60,12 @@ std::vector<OpenFont>& OpenFonts() {
     return fonts;
 }
 
-FT_Error ReadBytes(const std::string& path, std::vector<FT_Byte>& bytes) {
-    std::error_code error;
-    const bool isFile = std::filesystem::is_regular_file(path, error);
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
-    if (!isFile || !file)
-        return FT_Err_Cannot_Open_Resource;
-    bytes.resize(static_cast<std::size_t>(std::max<std::streamoff>(file.tellg(), 0)));
-    file.seekg(0);
-    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return FT_Err_Ok;
-}
-
 FT_Error OpenFace(FT_Library library, const std::vector<FT_Byte>& bytes, FT_Face& face) {
     if (bytes.empty())
         return FT_Err_Unknown_File_Format;
     const FT_Error error =
         FT_New_Memory_Face(library, bytes.data(), static_cast<FT_Long>(bytes.size()), 0, &face);
-    // So ends the search for a format in a file shorter than what some format begins with.
+    // FreeType's answer for a file that is too short for the header of some format.
     return error == FT_Err_Invalid_Stream_Operation ? FT_Err_Unknown_File_Format : error;
 }
 
@@ -92,8 +78,8 @@ bool Open(const std::string& path, OpenFont& font) {
     font.library.reset(library);
 
     FT_Face face = nullptr;
-    FT_Error error = ReadBytes(path, font.file);
-    if (error == FT_Err_Ok)
+    FT_Error error = FT_Err_Cannot_Open_Resource;
+    if (ReadWholeFile(path, kMaxFileBytes, font.file) == FileProblem::None)
         error = OpenFace(library, font.file, face);
     if (error == FT_Err_Unknown_File_Format) {
         std::cerr << "The font file format is not recgonised\n";

@@ -18,6 +18,7 @@
 #include FT_FREETYPE_H
 
 #include "tests/support/allocations.h"
+#include "tests/support/file_reads.h"
 #include "tests/support/font_access.h"
 #include "tests/support/gl_fixture.h"
 #include "tests/support/temporary_folder.h"
@@ -200,12 +201,16 @@ TEST_F(FontFileTest, IsNotMappedSoThatItMayBeWrittenAnewAtAnyTime) {
     EXPECT_EQ(mapped.find(path), std::string::npos);
 }
 
-TEST_F(FontFileTest, AFolderCannotBeLoaded) {
-    EXPECT_EQ(InitLine("data"), "Error loading the font\n");
+TEST_F(FontFileTest, FileThatCannotBeReadIsReported) {
+    for (const std::string& file :
+         {folder.Path("none.ttf"), std::string("data"), folder.MakePipe("pipe.ttf"),
+          std::string("/dev/zero"), folder.MakeSparseFile("great.ttf", std::uintmax_t{12} << 30)})
+        EXPECT_EQ(InitLine(file), "Error loading the font\n") << file;
 }
 
-TEST_F(FontFileTest, AMissingFileIsReported) {
-    EXPECT_EQ(InitLine(folder.Path("none.ttf")), "Error loading the font\n");
+TEST_F(FontFileTest, FileThatBreaksOffHalfwayIsReported) {
+    const FailingReads failing(10000);
+    EXPECT_EQ(InitLine(kFont), "Error loading the font\n");
 }
 
 TEST_F(FontFileTest, AFontThatCannotHaveTheSizeIsReported) {

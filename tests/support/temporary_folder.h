@@ -3,9 +3,11 @@
 
 #pragma once
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -38,6 +40,22 @@ public:
     }
     std::string Write(std::string_view name, std::string_view text) const {
         return Write(name, std::vector<std::uint8_t>(text.begin(), text.end()));
+    }
+
+    /// A pipe into which nobody writes.
+    /// @return its path
+    std::string MakePipe(std::string_view name) const {
+        if (mkfifo(Path(name).c_str(), 0600) != 0)
+            std::abort();
+        return Path(name);
+    }
+
+    /// A file of zeros that takes no room on the disk.
+    /// @return its path
+    std::string MakeSparseFile(std::string_view name, std::uintmax_t size) const {
+        Write(name, "");
+        std::filesystem::resize_file(folder / name, size);
+        return Path(name);
     }
 
 private:
