@@ -1,26 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
+#include "quarn2/decoders.h"
+
 #include <zlib.h>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <memory>
-#include <span>
-#include <string>
 #include <utility>
 #include <vector>
 
 #include "quarn2/bytereader.h"
 #include "quarn2/inflate.h"
-#include "quarn2/texturedata.h"
-#include "quarn2/trace.h"
 #include "quarn2/unitbyte.h"
 
 namespace {
@@ -32,9 +27,6 @@ constexpr std::uint32_t kImageDataType = 0x49444154;  // "IDAT"
 constexpr std::size_t kChecksumBytes = 4;
 constexpr std::uint8_t kTrueColourWithAlpha = 6;
 constexpr std::size_t kPixelBytes = 4;
-
-/// More than the image data of the largest image could ever need.
-constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{1} << 29;
 
 /// The length that zlib is told of. It makes zlib refuse whatever is larger.
 constexpr std::size_t kZlibAttemptBytes = 32;
@@ -101,27 +93,6 @@ struct Picture {
     std::size_t RowBytes() const { return width * kPixelBytes; }
 };
 
-bool ReadWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {
-    std::error_code error;
-    std::ifstream file;
-    if (std::filesystem::is_regular_file(path, error))
-        file.open(path, std::ios::binary);
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (!file.is_open() || error) {
-        std::cerr << "Error opening " << path << '\n';
-        return false;
-    }
-    if (size > kMaxFileBytes) {
-        std::cerr << path << ": " << size << " bytes are above the limit of " << kMaxFileBytes
-                  << '\n';
-        return false;
-    }
-    bytes.resize(static_cast<std::size_t>(size));
-    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return true;
-}
-
 bool TakeHeader(const std::string& path, const Chunk& chunk, Picture& picture) {
     Header header;
     if (!header.Read(ByteReader(chunk.data))) {
@@ -164,7 +135,7 @@ bool ReadPicture(const std::string& path, std::span<const std::uint8_t> file, Pi
 }
 
 /// Compression method "deflate" with the 32 KiB window that the encoders use.
-bool IsFamiliarZlibStream(std::uint8_t methodAndWindow) {
+bool HasExpectedCompression(std::uint8_t methodAndWindow) {
     return (methodAndWindow & 1) == 0 && methodAndWindow >> 4 == 7;
 }
 
@@ -327,20 +298,15 @@ void DecodeRows(const Picture& picture, ConstRow data, float* pixels) {
 
 }  // namespace
 
-bool TextureData::LoadPNG(const std::string& path) {
-    TraceFrame frame("LoadPNG", "TextureData");
+bool DecodePNG(const std::string& path, std::span<const std::uint8_t> bytes, DecodedImage& image) {
     Picture picture;
-    {
-        std::vector<std::uint8_t> file;
-        if (!ReadWholeFile(path, file) || !ReadPicture(path, file, picture)
-            || !SizeFits(path, picture.width, picture.height))
-            return false;
-    }
-    if (!IsFamiliarZlibStream(picture.data.front())) {
+    if (!ReadPicture(path, bytes, picture) || !CanBeDecoded(path, picture.width, picture.height))
+        return false;
+    if (!HasExpectedCompression(picture.data.front())) {
         std::cerr << "Invalid compression format.\n";
         return false;
     }
-    // The decoders are told the length of the whole stream although they start behind its
+    // The decoders are told the length of the whole stream although they start after its
     // header: as many bytes more let them read that far.
     const std::size_t length = picture.data.size();
     picture.data.resize(length + kZlibHeaderBytes);
@@ -356,12 +322,9 @@ bool TextureData::LoadPNG(const std::string& path) {
     const ConstRow rows(inflated.get(), produced);
     if (!CheckRows(path, picture, rows))
         return false;
-    const auto newWidth = static_cast<std::int32_t>(picture.width);
-    const auto newHeight = static_cast<std::int32_t>(picture.height);
-    std::shared_ptr<float[]> loaded = NewPixels(newWidth, newHeight);
-    DecodeRows(picture, rows, loaded.get());
-    width = newWidth;
-    height = newHeight;
-    data = std::move(loaded);
+    std::shared_ptr<float[]> pixels = NewPixels(picture.width, picture.height);
+    DecodeRows(picture, rows, pixels.get());
+    image = {static_cast<std::int32_t>(picture.width), static_cast<std::int32_t>(picture.height),
+             std::move(pixels)};
     return true;
 }

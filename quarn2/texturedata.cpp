@@ -6,23 +6,21 @@
 #include <cstddef>
 #include <iostream>
 #include <utility>
+#include <vector>
 
+#include "quarn2/decoders.h"
+#include "quarn2/readfile.h"
 #include "quarn2/trace.h"
 #include "quarn2/unitbyte.h"
 
+namespace {
+
+/// More than the file of the largest image could ever need.
+constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{1} << 29;
+
+}  // namespace
+
 TextureData::TextureData() : data(std::make_shared<float[]>(std::size_t{2} * 2 * 4)) {}
-
-std::shared_ptr<float[]> TextureData::NewPixels(std::int64_t width, std::int64_t height) {
-    return std::make_shared_for_overwrite<float[]>(static_cast<std::size_t>(width * height * 4));
-}
-
-bool TextureData::SizeFits(const std::string& path, std::int64_t width, std::int64_t height) {
-    if (width >= 1 && height >= 1 && height <= kMaxPixels / width)
-        return true;
-    std::cerr << path << ": an image of " << width << " x " << height
-              << " pixels cannot be loaded; it must have from 1 to " << kMaxPixels << " pixels\n";
-    return false;
-}
 
 bool TextureData::CanHold(int width, int height) {
     if (width >= 0 && height >= 0 && std::int64_t{width} * height <= kMaxPixels)
@@ -41,6 +39,37 @@ bool TextureData::Load(const std::string& path) {
         return LoadPNG(path);
     std::cerr << path << ": Unsupported texture format\n";
     return false;
+}
+
+bool TextureData::LoadTGA(const std::string& path) {
+    TraceFrame frame("LoadTGA", "TextureData");
+    return LoadFile(path, DecodeTGA, "Error loading texture tga file '" + path + "'");
+}
+
+bool TextureData::LoadPNG(const std::string& path) {
+    TraceFrame frame("LoadPNG", "TextureData");
+    return LoadFile(path, DecodePNG, "Error opening " + path);
+}
+
+bool TextureData::LoadFile(const std::string& path, ImageDecoder* decode,
+                           const std::string& notOpened) {
+    std::vector<std::uint8_t> bytes;
+    const FileProblem problem = ReadWholeFile(path, kMaxFileBytes, bytes);
+    if (problem == FileProblem::TooLarge || problem == FileProblem::CannotBeRead) {
+        std::cerr << Describe(path, problem, kMaxFileBytes) << '\n';
+        return false;
+    }
+    if (problem != FileProblem::None) {
+        std::cerr << notOpened << '\n';
+        return false;
+    }
+    DecodedImage image;
+    if (!decode(path, bytes, image))
+        return false;
+    width = image.width;
+    height = image.height;
+    data = std::move(image.pixels);
+    return true;
 }
 
 bool TextureData::Load(int newWidth, int newHeight, bool alpha, const std::uint8_t* bytes) {

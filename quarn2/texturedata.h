@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "quarn2/decodedimage.h"
 #include "quarn2/vector.h"
 
 /// An image in memory: RGBA pixels of 32-bit floats, nominally 0 to 1, row after row in the
@@ -16,7 +17,7 @@
 class TextureData {
 public:
     /// An image's floats stay below 1 GiB.
-    static constexpr std::int64_t kMaxPixels = (std::int64_t{1} << 26) - 1;
+    static constexpr std::int64_t kMaxPixels = kMaxImagePixels;
 
     /// 2 by 2 pixels, zeroed.
     TextureData();
@@ -25,12 +26,11 @@ public:
     /// On failure writes one line on standard error and leaves the image as it was.
     [[nodiscard]] bool Load(const std::string& path);
 
-    /// Run-length-encoded true-colour images (type 10) of 24 or 32 bits. Rows keep the file's
-    /// order, whatever its origin bit says. Fails as Load does.
+    /// Reads the file and decodes it with DecodeTGA. Fails as Load does.
     [[nodiscard]] bool LoadTGA(const std::string& path);
 
-    /// 8-bit RGBA images without interlacing, top row first. Fails as Load does, after the
-    /// line that every load through zlib writes.
+    /// Reads the file and decodes it with DecodePNG. Fails as Load does, after the line that
+    /// zlib's refusal writes.
     [[nodiscard]] bool LoadPNG(const std::string& path);
 
     /// Replaces the image by bytes of 3 (or, with `alpha`, 4) per pixel.
@@ -72,18 +72,15 @@ public:
     int GetBitsPerPixel() const { return 32; }
 
 private:
-    /// Whether a decoder may allocate such an image: it has pixels, and not above kMaxPixels.
-    /// If not, one line on standard error names the file and the limit.
-    [[nodiscard]] static bool SizeFits(const std::string& path, std::int64_t width,
-                                       std::int64_t height);
+    /// @param notOpened  the line that is written if there is no file that can be opened
+    [[nodiscard]] bool LoadFile(const std::string& path, ImageDecoder* decode,
+                                const std::string& notOpened);
     /// Whether an image of that size may be made: it is not negative and not above kMaxPixels.
     /// If not, one line on standard error tells the limit.
     [[nodiscard]] static bool CanHold(int width, int height);
     std::size_t PixelCount() const {
         return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     }
-    /// An uninitialised array for an image of that size.
-    static std::shared_ptr<float[]> NewPixels(std::int64_t width, std::int64_t height);
 
     std::int32_t width = 2;
     std::int32_t height = 2;

@@ -1,22 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
+#include "quarn2/decoders.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
-#include <span>
-#include <system_error>
 #include <utility>
-#include <vector>
 
 #include "quarn2/bytereader.h"
-#include "quarn2/texturedata.h"
-#include "quarn2/trace.h"
 #include "quarn2/unitbyte.h"
 
 namespace {
@@ -41,34 +34,11 @@ struct Header {
     std::size_t FewestBytes() const {
         return (Pixels() + kLongestPacket - 1) / kLongestPacket * (1 + BytesPerPixel());
     }
-    /// Every packet a single pixel.
-    std::size_t MostBytes() const { return Pixels() * (1 + BytesPerPixel()); }
 };
 
 bool ReadHeader(ByteReader in, Header& h) {
     return in.Skip(2) && in.U8(h.type) && in.Skip(kMapAndOrigin) && in.U16LE(h.width)
            && in.U16LE(h.height) && in.U8(h.depth) && in.Skip(1);
-}
-
-/// Reads until the file ends or `bytes` is full.
-/// @return how many bytes there were
-std::size_t ReadBytes(std::ifstream& file, std::span<std::uint8_t> bytes) {
-    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    return static_cast<std::size_t>(file.gcount());
-}
-
-/// Reads what is left of the file, as far as an image of this header can use it.
-std::vector<std::uint8_t> ReadPackets(std::ifstream& file, const Header& header) {
-    const std::streamoff start = file.tellg();
-    file.seekg(0, std::ios::end);
-    const std::streamoff end = file.tellg();
-    file.seekg(start);
-    if (!file || end <= start)
-        return {};
-    std::vector<std::uint8_t> bytes(
-        std::min(static_cast<std::size_t>(end - start), header.MostBytes()));
-    bytes.resize(ReadBytes(file, bytes));
-    return bytes;
 }
 
 using Pixel = std::array<float, 4>;
@@ -133,44 +103,34 @@ const char* Decode(std::span<const std::uint8_t> packets, const Header& header,
 
 }  // namespace
 
-bool TextureData::LoadTGA(const std::string& path) {
-    TraceFrame frame("LoadTGA", "TextureData");
-    std::error_code error;
-    std::ifstream file;
-    // A folder opens, but does not read; a pipe may wait for its writer for ever.
-    if (std::filesystem::is_regular_file(path, error))
-        file.open(path, std::ios::binary);
-    if (!file.is_open()) {
-        std::cerr << "Error loading texture tga file '" << path << "'\n";
-        return false;
-    }
+bool DecodeTGA(const std::string& path, std::span<const std::uint8_t> bytes, DecodedImage& image) {
+    // kept: the type counts even if the header is cut off after it.
     std::array<std::uint8_t, kHeaderBytes> headerBytes{};
-    const bool whole = ReadBytes(file, headerBytes) == headerBytes.size();
+    const std::size_t headerLength = std::min(bytes.size(), headerBytes.size());
+    std::copy_n(bytes.begin(), headerLength, headerBytes.begin());
     Header header;
     if (!ReadHeader(ByteReader(headerBytes), header) || header.type != kRunLengthTrueColour) {
         std::cerr << "Please use compressed TGAs\n";
         return false;
     }
-    if (!whole) {
+    if (headerLength < headerBytes.size()) {
         std::cerr << path << ": the header ends too early\n";
         return false;
     }
-    if (!SizeFits(path, header.width, header.height))
+    if (!CanBeDecoded(path, header.width, header.height))
         return false;
 
-    const std::vector<std::uint8_t> packets = ReadPackets(file, header);
+    const std::span<const std::uint8_t> packets = bytes.subspan(kHeaderBytes);
     if (packets.size() < header.FewestBytes()) {
         std::cerr << path << ": " << kTooEarly << "\n";
         return false;
     }
-    std::shared_ptr<float[]> loaded = NewPixels(header.width, header.height);
-    const char* const fault = Decode(packets, header, {loaded.get(), header.Pixels() * 4});
+    std::shared_ptr<float[]> pixels = NewPixels(header.width, header.height);
+    const char* const fault = Decode(packets, header, {pixels.get(), header.Pixels() * 4});
     if (fault != nullptr) {
         std::cerr << path << ": " << fault << "\n";
         return false;
     }
-    width = header.width;
-    height = header.height;
-    data = std::move(loaded);
+    image = {header.width, header.height, std::move(pixels)};
     return true;
 }

@@ -1,17 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
+#include "quarn2/decoders.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <string>
 
 #include "quarn2/texturedata.h"
+#include "tests/support/file_reads.h"
 #include "tests/support/png_files.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/trace_fixture.h"
@@ -67,9 +68,15 @@ protected:
     /// Loads a file that must be refused, over an image that must stay.
     /// @return what was written to standard error
     std::string Refusal(const Bytes& file) {
+        folder.Write("picture.png", file);
+        return RefusalOf(path);
+    }
+    std::string RefusalOf(const std::string& file) {
         LoadBlack(3, 2);
         float* const before = image.GetData();
-        std::string messages = Load(file, false);
+        testing::internal::CaptureStderr();
+        EXPECT_FALSE(image.LoadPNG(file));
+        std::string messages = testing::internal::GetCapturedStderr();
         EXPECT_EQ(image.GetData(), before);
         EXPECT_EQ(image.GetWidth(), 3);
         EXPECT_EQ(image.GetHeight(), 2);
@@ -272,22 +279,48 @@ TEST_F(PngTest, PathWithPngInItIsLoadedAsOne) {
 // Files that cannot be used
 
 TEST_F(PngTest, FileThatCannotBeOpenedIsReported) {
-    ASSERT_EQ(mkfifo(folder.Path("pipe.png").c_str(), 0600), 0);      // nobody writes into it
-    for (const std::string name : {"missing.png", "", "pipe.png"}) {  // "": the folder itself
-        testing::internal::CaptureStderr();
-        EXPECT_FALSE(image.LoadPNG(folder.Path(name)));
-        EXPECT_EQ(testing::internal::GetCapturedStderr(),
-                  "Error opening " + folder.Path(name) + "\n");
+    for (const std::string& file :
+         {folder.Path("missing.png"), folder.Path(""), folder.MakePipe("pipe.png"),
+          std::string("/dev/zero"), std::string()})
+        EXPECT_EQ(RefusalOf(file), "Error opening " + file + "\n");
+}
+
+TEST_F(PngTest, FileAboveTheLimitIsRefusedUnread) {
+    for (const std::uintmax_t gibibytes : {1U, 12U}) {
+        const std::string file = folder.MakeSparseFile("great.png", gibibytes << 30);
+        EXPECT_EQ(RefusalOf(file), file + " is too large: it may have up to 536870912 bytes\n");
     }
 }
 
-TEST_F(PngTest, FileOfOneGibibyteIsRefusedUnread) {
-    folder.Write("picture.png", PngSignature());
-    std::filesystem::resize_file(path, std::uintmax_t{1} << 30);
+TEST_F(PngTest, FileThatBreaksOffHalfwayIsReported) {
+    const Bytes file = PngFile(MakePixels(5, 4), kCycling);
+    folder.Write("picture.png", file);
+    const FailingReads failing(file.size() / 2);
+    EXPECT_EQ(RefusalOf(path), path + " cannot be read\n");
+}
+
+TEST_F(PngTest, DecodesBytesWithoutAFile) {
+    const Pixels expected = MakePixels(5, 4);
+    DecodedImage decoded;
     testing::internal::CaptureStderr();
-    EXPECT_FALSE(image.LoadPNG(path));
+    EXPECT_TRUE(DecodePNG("name", PngFile(expected, kCycling), decoded));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), kZlibRefusal);
+    ASSERT_EQ(decoded.width, 5);
+    ASSERT_EQ(decoded.height, 4);
+    for (std::size_t i = 0; i < expected.rgba.size(); ++i)
+        EXPECT_EQ(decoded.pixels[static_cast<std::ptrdiff_t>(i)],
+                  static_cast<float>(expected.rgba[i] / 255.0));
+}
+
+TEST_F(PngTest, BytesThatAreNoImageLeaveTheDecodedImageAlone) {
+    DecodedImage decoded{7, 8, nullptr};
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(DecodePNG("name", Bytes{1, 2, 3}, decoded));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              path + ": 1073741824 bytes are above the limit of 536870912\n");
+              "name is not a valid png file - header invalid\n");
+    EXPECT_EQ(decoded.width, 7);
+    EXPECT_EQ(decoded.height, 8);
+    EXPECT_EQ(decoded.pixels, nullptr);
 }
 
 TEST_F(PngTest, WrongSignatureIsReported) {

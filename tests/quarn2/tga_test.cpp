@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
+#include "quarn2/decoders.h"
+
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cmath>
@@ -15,6 +16,7 @@
 
 #include "quarn2/texturedata.h"
 #include "tests/support/allocations.h"
+#include "tests/support/file_reads.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -52,6 +54,13 @@ Bytes File(int width, int height, int depth, std::initializer_list<std::uint8_t>
     return file;
 }
 
+/// Every kind of packet, each byte of its own.
+Bytes Whole() {
+    return File(4, 2, 32, {0x02, 1,  2,  3,  4,  5, 6, 7, 8, 9, 10, 11, 12,  // three raw
+                           0x83, 13, 14, 15, 16,                             // a run of four
+                           0x00, 17, 18, 19, 20});                           // the last
+}
+
 class TgaTest : public testing::Test {
 protected:
     TgaTest() {
@@ -72,6 +81,15 @@ protected:
         EXPECT_FALSE(Load(bytes));
         EXPECT_EQ(line, path + ": " + fault + "\n");
         ExpectUntouched();
+    }
+
+    /// Loads a file that must be refused.
+    /// @return what was written to standard error
+    std::string RefusalOf(const std::string& file) {
+        testing::internal::CaptureStderr();
+        EXPECT_FALSE(image.LoadTGA(file));
+        ExpectUntouched();
+        return testing::internal::GetCapturedStderr();
     }
 
     bool ExpectAnImageOrOneLine(const Bytes& bytes) {
@@ -196,33 +214,46 @@ TEST_F(TgaTest, OtherDepthsGiveZeros) {
     }
 }
 
-TEST_F(TgaTest, AMissingFileIsReported) {
-    path = folder.Path("none.tga");
-    testing::internal::CaptureStderr();
-    EXPECT_FALSE(image.LoadTGA(path));
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Error loading texture tga file '" + path + "'\n");
-    ExpectUntouched();
-}
-
-TEST_F(TgaTest, AFolderIsReportedAsAFileThatCannotBeOpened) {
+TEST_F(TgaTest, FileThatCannotBeOpenedIsReported) {
     folder.Write("folder.tga/file", "");
-    path = folder.Path("folder.tga");
-    testing::internal::CaptureStderr();
-    EXPECT_FALSE(image.LoadTGA(path));
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Error loading texture tga file '" + path + "'\n");
-    ExpectUntouched();
+    for (const std::string& file : {folder.Path("none.tga"), folder.Path("folder.tga"),
+                                    folder.MakePipe("pipe.tga"), std::string("/dev/zero")})
+        EXPECT_EQ(RefusalOf(file), "Error loading texture tga file '" + file + "'\n");
 }
 
-TEST_F(TgaTest, APipeWithoutAWriterIsReportedAndNotWaitedFor) {
-    path = folder.Path("pipe.tga");
-    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+TEST_F(TgaTest, FileAboveTheLimitIsRefusedUnread) {
+    for (const std::uintmax_t gibibytes : {1U, 12U}) {
+        const std::string file = folder.MakeSparseFile("great.tga", gibibytes << 30);
+        EXPECT_EQ(RefusalOf(file), file + " is too large: it may have up to 536870912 bytes\n");
+    }
+}
+
+TEST_F(TgaTest, FileThatBreaksOffHalfwayIsReported) {
+    const Bytes bytes = Whole();
+    path = folder.Write("image.tga", bytes);
+    const FailingReads failing(bytes.size() / 2);
+    EXPECT_EQ(RefusalOf(path), path + " cannot be read\n");
+}
+
+TEST_F(TgaTest, DecodesBytesWithoutAFile) {
+    DecodedImage decoded;
+    EXPECT_TRUE(DecodeTGA("name", File(1, 1, 32, {0x00, 51, 102, 153, 204}), decoded));
+    EXPECT_EQ(decoded.width, 1);
+    EXPECT_EQ(decoded.height, 1);
+    EXPECT_EQ(decoded.pixels[0], 0.6f);
+    EXPECT_EQ(decoded.pixels[1], 0.4f);
+    EXPECT_EQ(decoded.pixels[2], 0.2f);
+    EXPECT_EQ(decoded.pixels[3], 0.8f);
+}
+
+TEST_F(TgaTest, BytesThatAreNoImageLeaveTheDecodedImageAlone) {
+    DecodedImage decoded{7, 8, nullptr};
     testing::internal::CaptureStderr();
-    EXPECT_FALSE(image.LoadTGA(path));
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Error loading texture tga file '" + path + "'\n");
-    ExpectUntouched();
+    EXPECT_FALSE(DecodeTGA("name", File(3, 1, 24, {0x83, 1, 2, 3}), decoded));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "name: a packet runs past the last pixel\n");
+    EXPECT_EQ(decoded.width, 7);
+    EXPECT_EQ(decoded.height, 8);
+    EXPECT_EQ(decoded.pixels, nullptr);
 }
 
 TEST_F(TgaTest, EveryOtherTypeIsRefused) {
@@ -243,13 +274,6 @@ TEST_F(TgaTest, AFileWithoutATypeIsRefused) {
         EXPECT_EQ(line, "Please use compressed TGAs\n");
         ExpectUntouched();
     }
-}
-
-/// Every kind of packet, each byte of its own.
-Bytes Whole() {
-    return File(4, 2, 32, {0x02, 1,  2,  3,  4,  5, 6, 7, 8, 9, 10, 11, 12,  // three raw
-                           0x83, 13, 14, 15, 16,                             // a run of four
-                           0x00, 17, 18, 19, 20});                           // the last
 }
 
 TEST_F(TgaTest, AFileCutAtAnyByteIsRefused) {
