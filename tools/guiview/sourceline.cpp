@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <system_error>
+
+#include "quarn2/readfile.h"
 
 namespace guiview {
 
@@ -18,7 +18,7 @@ constexpr std::string_view kWhite = " \t\r\v\f";
 /// What stands between the fields of a line; the toolkit keeps the others in a text.
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::string_view kComment = "//";
-constexpr std::uintmax_t kMostBytes = 16U << 20U;
+constexpr std::uintmax_t kMaxBytes = (16U << 20U) - 1;
 
 std::size_t SkipAny(std::string_view line, std::size_t from, std::string_view which) {
     return std::min(line.find_first_not_of(which, from), line.size());
@@ -81,17 +81,9 @@ std::optional<int> ParseWhole(std::string_view word) {
 }
 
 std::optional<std::string> ReadTextFile(const std::string& path) {
-    std::error_code error;
-    // Asked first: opening what is no file may wait for ever.
-    if (!std::filesystem::is_regular_file(path, error))
+    std::string content;
+    if (ReadWholeFile(path, kMaxBytes, content) != FileProblem::None)
         return std::nullopt;
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    std::ifstream file(path, std::ios::binary);
-    if (error || size >= kMostBytes || !file)
-        return std::nullopt;
-    std::string content(static_cast<std::size_t>(size), '\0');
-    file.read(content.data(), static_cast<std::streamsize>(content.size()));
-    content.resize(static_cast<std::size_t>(file.gcount()));
     return content;
 }
 
