@@ -1,18 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// The TGA decoder to floats beside stb_image to bytes, on the same files.
+// The TGA decoder to floats beside stb_image to bytes, on the same images.
 
 #include <benchmark/benchmark.h>
 #include <stb/stb_image.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <string>
 #include <vector>
 
+#include "quarn2/decoders.h"
 #include "quarn2/texturedata.h"
-#include "tests/support/temporary_folder.h"
 #include "tools/tgawriter.h"
 
 namespace {
@@ -20,7 +18,7 @@ namespace {
 constexpr int kSide = 1024;
 
 /// Pixels in runs of `run`; with 1, no two neighbours are equal.
-std::string WriteSample(const TemporaryFolder& folder, int run) {
+std::vector<std::uint8_t> MakeSample(std::int64_t run) {
     std::vector<std::uint8_t> bytes(std::size_t{kSide} * kSide * 4);
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto step = static_cast<std::uint32_t>(i / 4) / static_cast<std::uint32_t>(run);
@@ -28,39 +26,35 @@ std::string WriteSample(const TemporaryFolder& folder, int run) {
     }
     TextureData image;
     image.Load(kSide, kSide, true, bytes.data());
-    std::string path = folder.Path("sample.tga");
-    if (!WriteTGA(image, path))
-        std::abort();
-    return path;
+    return EncodeTGA(image);
 }
 
-void LoadTGA(benchmark::State& state) {
-    const TemporaryFolder folder;
-    const std::string path = WriteSample(folder, static_cast<int>(state.range(0)));
+void BM_DecodeTGA(benchmark::State& state) {
+    const std::vector<std::uint8_t> sample = MakeSample(state.range(0));
     for ([[maybe_unused]] auto _ : state) {
-        TextureData image;
-        if (!image.LoadTGA(path))
-            state.SkipWithError("not loaded");
-        benchmark::DoNotOptimize(image.GetData());
+        DecodedImage image;
+        if (!DecodeTGA("sample", sample, image))
+            state.SkipWithError("not decoded");
+        benchmark::DoNotOptimize(image.pixels.get());
     }
     state.SetItemsProcessed(state.iterations() * kSide * kSide);
 }
-BENCHMARK(LoadTGA)->Name("TGA to floats, runs of")->Arg(1)->Arg(8)->Arg(200);
+BENCHMARK(BM_DecodeTGA)->Name("TGA to floats, runs of")->Arg(1)->Arg(8)->Arg(200);
 
-void StbImage(benchmark::State& state) {
-    const TemporaryFolder folder;
-    const std::string path = WriteSample(folder, static_cast<int>(state.range(0)));
+void BM_StbImage(benchmark::State& state) {
+    const std::vector<std::uint8_t> sample = MakeSample(state.range(0));
     for ([[maybe_unused]] auto _ : state) {
         int width = 0, height = 0, channels = 0;
-        stbi_uc* const bytes = stbi_load(path.c_str(), &width, &height, &channels, 4);
+        stbi_uc* const bytes = stbi_load_from_memory(sample.data(), static_cast<int>(sample.size()),
+                                                     &width, &height, &channels, 4);
         if (bytes == nullptr)
-            state.SkipWithError("not loaded");
+            state.SkipWithError("not decoded");
         benchmark::DoNotOptimize(bytes);
         stbi_image_free(bytes);
     }
     state.SetItemsProcessed(state.iterations() * kSide * kSide);
 }
-BENCHMARK(StbImage)->Name("stb_image to bytes, runs of")->Arg(1)->Arg(8)->Arg(200);
+BENCHMARK(BM_StbImage)->Name("stb_image to bytes, runs of")->Arg(1)->Arg(8)->Arg(200);
 
 }  // namespace
 

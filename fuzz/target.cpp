@@ -3,11 +3,7 @@
 
 #include "fuzz/target.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <iostream>
-#include <streambuf>
 
 namespace {
 
@@ -26,20 +22,4 @@ QuietErrors::QuietErrors() {
 
 QuietErrors::~QuietErrors() {
     std::cerr.rdbuf(before);
-}
-
-MemoryFile::MemoryFile()
-    : descriptor(memfd_create("input", MFD_CLOEXEC)),
-      path("/proc/self/fd/" + std::to_string(descriptor)) {
-    Require(descriptor >= 0);
-}
-
-MemoryFile::~MemoryFile() {
-    close(descriptor);
-}
-
-void MemoryFile::Write(std::span<const std::uint8_t> bytes) const {
-    Require(ftruncate(descriptor, 0) == 0);
-    Require(pwrite(descriptor, bytes.data(), bytes.size(), 0)
-            == static_cast<ssize_t>(bytes.size()));
 }

@@ -6,8 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <span>
-#include <string>
+#include <streambuf>
 
 /// One input, of any bytes. Each target defines it; libFuzzer and the tests call it. Returns 0.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -29,22 +28,6 @@ public:
 
 private:
     std::streambuf* before;
-};
-
-/// A file in memory, rewritten for each input.
-class MemoryFile {
-public:
-    MemoryFile();
-    ~MemoryFile();
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    void Write(std::span<const std::uint8_t> bytes) const;
-    const std::string& Path() const { return path; }
-
-private:
-    int descriptor;
-    std::string path;
 };
 
 /// What a failed assertion of the system throws here, instead of ending the process: it is one

@@ -4,7 +4,7 @@
 # merovinska_add_fuzz_target(EXECUTABLE TARGET): gives an executable the one function of a
 # target. The fuzzer feeds it, and so do tests.
 set(MEROVINSKA_FUZZ_TARGETS
-  inflate load_png load_tga date_text name_pattern layout theme configuration)
+  inflate decode_png decode_tga date_text name_pattern layout theme configuration)
 
 function(merovinska_add_fuzz_target executable target)
   target_sources(${executable} PRIVATE
@@ -12,7 +12,7 @@ function(merovinska_add_fuzz_target executable target)
   target_link_libraries(${executable} PRIVATE merovinska_options)
   if(target STREQUAL "inflate")
     target_link_libraries(${executable} PRIVATE quarn2_image test_deflate_streams)
-  elseif(target MATCHES "load_")
+  elseif(target MATCHES "decode_")
     target_link_libraries(${executable} PRIVATE quarn2_image)
   elseif(target MATCHES "date_text|name_pattern")
     target_link_libraries(${executable} PRIVATE country)

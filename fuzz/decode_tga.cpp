@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-#include "fuzz/image_file.h"
+#include "fuzz/decode.h"
+#include "quarn2/decoders.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    LoadImageFile(&TextureData::LoadPNG, data, size);
+    Decode(DecodeTGA, data, size);
     return 0;
 }
