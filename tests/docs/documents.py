@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Finds the code and the commands in the documents of the tree.
 
-documents.py DOCUMENT FOLDER     writes the named blocks of C++ to files in the folder"""
+documents.py DOCUMENT FOLDER     writes the named blocks of C++ to files in the folder, and the files
+                                 of the tree that blocks of kind diff change, after the change"""
 
 import re
 import sys
@@ -113,12 +114,28 @@ def commands():
     return found
 
 
+def changed(block):
+    """The file that a block of kind diff names, after the change."""
+    text = (ROOT / block.name).read_text()
+    for hunk in "\n".join(block.lines).split("\n@@\n"):
+        lines = hunk.split("\n")
+        before = "".join(line[1:] + "\n" for line in lines if not line.startswith("+"))
+        after = "".join(line[1:] + "\n" for line in lines if not line.startswith("-"))
+        if text.count(before) != 1:
+            sys.exit(f"{block.document}:{block.line}: {block.name} does not have these lines once:"
+                     f"\n{before}")
+        text = text.replace(before, after)
+    return text
+
+
 def main():
     document, folder = map(Path, sys.argv[1:])
-    folder.mkdir(parents=True, exist_ok=True)
     for block in blocks(document):
-        if block.kind == "cpp" and block.name:
-            (folder / block.name).write_text("\n".join(block.lines) + "\n")
+        if not block.name or block.kind not in ("cpp", "diff"):
+            continue
+        file = folder / block.name
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(changed(block) if block.kind == "diff" else "\n".join(block.lines) + "\n")
 
 
 if __name__ == "__main__":

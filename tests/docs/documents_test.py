@@ -19,7 +19,7 @@ from driver import Game, Screen
 
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 
-KINDS = {"sh", "console", "cpp", "layout", "theme", "conf", "change"}
+KINDS = {"sh", "console", "cpp", "diff", "layout", "theme", "conf", "change"}
 
 # Commands that would take minutes or run these tests again, and what the test runs instead: the
 # same command with an option that makes it end after it has read its arguments.

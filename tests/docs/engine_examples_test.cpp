@@ -10,12 +10,14 @@
 #include <string>
 #include <vector>
 
-#include "farbfeld.h"
 #include "framecounter.h"
 #include "meter.h"
+#include "quarn2/farbfeld.h"
+#include "quarn2/texturedata.h"
 #include "tavern.h"
 #include "tests/glwidget/drawn_widget_test.h"
 #include "tests/glwidget/widget_test.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -72,17 +74,33 @@ std::vector<std::uint8_t> Farbfeld(const std::vector<std::uint8_t>& channels) {
     return file;
 }
 
-const std::vector<std::uint8_t> kTwoPixels{255, 255, 0, 0, 51, 0, 255, 255,
-                                           0,   0,   0, 0, 0,  0, 102, 102};
+const std::vector<std::uint8_t> kTwoPixels{255, 255, 0, 0, 51, 51, 255, 255,
+                                           0,   0,   0, 0, 0,  0,  102, 102};
 
-TEST(FarbfeldExample, DecodesTheHighBytes) {
-    TextureData image;
+TEST(FarbfeldExample, DecodesSixteenBitsPerChannel) {
+    DecodedImage image;
     ASSERT_TRUE(DecodeFarbfeld("two.ff", Farbfeld(kTwoPixels), image));
+    EXPECT_EQ(image.width, 1);
+    EXPECT_EQ(image.height, 2);
+    EXPECT_FLOAT_EQ(image.pixels[0], 1.0f);
+    EXPECT_FLOAT_EQ(image.pixels[2], 0.2f);
+    EXPECT_FLOAT_EQ(image.pixels[7], 0.4f);
+}
+
+TEST(FarbfeldExample, TextureDataLoadsAFileWithTheNameOfTheFormat) {
+    const TemporaryFolder folder;
+    TextureData image;
+    ASSERT_TRUE(image.Load(folder.Write("two.ff", Farbfeld(kTwoPixels))));
     EXPECT_EQ(image.GetWidth(), 1);
     EXPECT_EQ(image.GetHeight(), 2);
-    EXPECT_FLOAT_EQ(image.GetData()[0], 1.0f);
     EXPECT_FLOAT_EQ(image.GetData()[2], 0.2f);
-    EXPECT_FLOAT_EQ(image.GetData()[7], 0.4f);
+}
+
+TEST(FarbfeldExample, FileThatIsNotThereIsReported) {
+    TextureData image;
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(image.Load("none.ff"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Error opening none.ff\n");
 }
 
 TEST(FarbfeldExample, FileCutAtAnyLengthIsRefusedInOneLine) {
@@ -90,7 +108,7 @@ TEST(FarbfeldExample, FileCutAtAnyLengthIsRefusedInOneLine) {
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const std::vector<std::uint8_t> cut(whole.begin(),
                                             whole.begin() + static_cast<std::ptrdiff_t>(length));
-        TextureData image;
+        DecodedImage image;
         testing::internal::CaptureStderr();
         EXPECT_FALSE(DecodeFarbfeld("cut.ff", cut, image));
         EXPECT_EQ(testing::internal::GetCapturedStderr(),
@@ -103,11 +121,12 @@ TEST(FarbfeldExample, GreatSizesAreRefusedBeforeTheyAreAllocated) {
     std::vector<std::uint8_t> file = Farbfeld(kTwoPixels);
     for (std::size_t byte = 8; byte < 16; ++byte)
         file[byte] = 255;
-    TextureData image;
+    DecodedImage image;
     testing::internal::CaptureStderr();
     EXPECT_FALSE(DecodeFarbfeld("great.ff", file, image));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "great.ff: a picture of this size cannot be loaded\n");
+              "great.ff: an image of 4294967295 x 4294967295 pixels cannot be loaded; it must have "
+              "from 1 to 67108863 pixels\n");
 }
 
 TEST(TavernExample, CheersUpByTheShareOfTheIdle) {
