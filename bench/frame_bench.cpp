@@ -28,11 +28,7 @@ App& Game() {
     if (!app) {
         trace::Start();
         const WorkingFolder folder;
-        GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
-            viewport[0] = viewport[1] = 0;
-            viewport[2] = 800;
-            viewport[3] = 600;
-        };
+        Toolkit::Get().readViewport = Toolkit::ReadViewportWithoutWindow;
         FontAccess::SetAdvances(GLWidget::font, 0.6f);
         const std::ostringstream quiet;
         std::streambuf* const errors = std::cerr.rdbuf(quiet.rdbuf());

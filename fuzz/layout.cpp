@@ -10,7 +10,7 @@
 // click, a key, an update.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const Toolkit toolkit;
+    const FuzzedToolkit toolkit;
     std::istringstream file(std::string(data, data + size));
     try {
         Require(GLWidget::StartGUI(file, "layout"));

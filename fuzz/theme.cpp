@@ -6,7 +6,7 @@
 #include "fuzz/toolkit.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const Toolkit toolkit;
+    const FuzzedToolkit toolkit;
     std::istringstream file(std::string(data, data + size));
     Theme theme;
     Theme::Read(theme, file, "theme");

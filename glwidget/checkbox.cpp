@@ -16,10 +16,10 @@ constexpr float kFaded = 0.0001f;
 }  // namespace
 
 Checkbox::Checkbox(const std::string& boxName, GLWidget* boxParent, const Vector& corner,
-                   Theme* boxTheme, const std::string& caption)
+                   Theme* boxTheme, const std::string& label)
     : GLWidget(boxName, boxParent, corner, boxTheme) {
     TraceFrame frame("Checkbox", "Checkbox");
-    text = caption;
+    text = label;
     if (text.empty()) {
         size = Vector(theme->boxSize, theme->boxSize);
     } else {
@@ -65,7 +65,6 @@ void Checkbox::Draw(const Vector& box, const Vector& mark) {
         DrawSheetQuad(position, side, mark);
     }
 
-    static std::string& caption = *new std::string;
     caption.assign(1, ' ').append(text);
     SetColour(theme->textColour);
     Translate(position.x + side, position.y + side / 4.0f);

@@ -25,4 +25,7 @@ protected:
     /// @param box   the sheet's rectangle of the empty box
     /// @param mark  and of what lies in it when it is active
     void Draw(const Vector& box, const Vector& mark);
+
+private:
+    std::string caption;  // the text as it is drawn, after a blank
 };

@@ -1,20 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-#include <fstream>
+#include "glwidget/configuration.h"
+
 #include <iostream>
+#include <string>
 
-#include "glwidget/glwidget.h"
 #include "glwidget/reader.h"
-#include "quarn2/trace.h"
+#include "glwidget/toolkit.h"
 
-bool GLWidget::Init(const std::string& path) {
-    std::ifstream file(path);
-    return Init(file);
-}
-
-bool GLWidget::Init(std::istream& file) {
-    TraceFrame frame("Init", "GLWidget");
+void ReadConfiguration(std::istream& file, Toolkit& toolkit) {
     GuiReader reader(file);
     std::string word;
 
@@ -23,8 +18,8 @@ bool GLWidget::Init(std::istream& file) {
     reader.EndLine();
     std::cerr << "Loading " << word << '\n';
     // A font that cannot be loaded was reported; the texts are then not to be seen.
-    static_cast<void>(loadFont(font, word));
-    ++fontLoads;
+    static_cast<void>(toolkit.loadFont(toolkit.font, word));
+    ++toolkit.fontLoads;
     std::cerr << "Loaded.\n";
 
     // One word is read for nothing.
@@ -32,14 +27,13 @@ bool GLWidget::Init(std::istream& file) {
     static_cast<void>(reader.Word(word));
     reader.EndLine();
 
-    for (Vector* rectangle :
-         {&optionRect, &optionMarkRect, &checkRect, &checkMarkRect, &sliderRect}) {
+    for (Vector* rectangle : {&toolkit.optionRect, &toolkit.optionMarkRect, &toolkit.checkRect,
+                              &toolkit.checkMarkRect, &toolkit.sliderRect}) {
         reader.SkipComments();
         reader.ReadFour(*rectangle);
         reader.EndLine();
     }
     reader.SkipComments();
-    reader.Read(fadeRate);
-    guiScale = 1.3f;
-    return true;
+    reader.Read(toolkit.fadeRate);
+    toolkit.guiScale = 1.3f;
 }

@@ -5,7 +5,7 @@
 
 #include <GL/gl.h>
 
-#include "glwidget/glwidget.h"
+#include "glwidget/toolkit.h"
 
 namespace {
 
@@ -25,14 +25,14 @@ void AppendEscaped(std::string& result, const std::string& text) {
 const char* AsFormat(const std::string& text) {
     if (text.find('%') == std::string::npos)
         return text.c_str();
-    static std::string& buffer = *new std::string;
+    std::string& buffer = Toolkit::Get().formatText;
     buffer.clear();
     AppendEscaped(buffer, text);
     return buffer.c_str();
 }
 
 void UseFontOf(const Theme& theme) {
-    GLWidget::font.SetSize(theme.fontSize.x, theme.fontSize.y);
+    Toolkit::Get().font.SetSize(theme.fontSize.x, theme.fontSize.y);
 }
 
 }  // namespace
@@ -114,12 +114,12 @@ void DrawSheetQuad(const Vector& corner, float side, const Vector& rect) {
 
 float MeasureText(const Theme& theme, const std::string& text) {
     UseFontOf(theme);
-    return GLWidget::font.Length(AsFormat(text));
+    return Toolkit::Get().font.Length(AsFormat(text));
 }
 
 void PrintText(const Theme& theme, const std::string& text) {
     UseFontOf(theme);
-    GLWidget::font.Print(AsFormat(text));
+    Toolkit::Get().font.Print(AsFormat(text));
 }
 
 std::string EscapeFormat(const std::string& text) {

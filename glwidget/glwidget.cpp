@@ -6,8 +6,11 @@
 #include <GL/gl.h>
 
 #include <algorithm>
+#include <fstream>
 #include <iostream>
+#include <memory>
 
+#include "glwidget/configuration.h"
 #include "quarn2/trace.h"
 
 namespace {
@@ -21,37 +24,24 @@ constexpr float kEdgeThreshold = 90.0f;
 /// Not destroyed, for it is handed out by reference.
 const std::string& kNoText = *new std::string;
 
-void ReadViewportFromGL(std::int32_t (&viewport)[4]) {
-    static_assert(sizeof(GLint) == sizeof(std::int32_t));
-    glGetIntegerv(GL_VIEWPORT, viewport);
-}
-
-bool LoadFontToDraw(FontRender& font, const std::string& path) {
-    return font.Init(path);
-}
-
 }  // namespace
 
-GLWidget::TagMap& GLWidget::tags = *new TagMap;
-GLWidget::ThemeMap& GLWidget::themes = *new ThemeMap;
-std::list<GLWidget*>& GLWidget::widgets = *new std::list<GLWidget*>;
-FontRender& GLWidget::font = *new FontRender;
-std::uint32_t GLWidget::fontLoads = 0;
-std::int32_t GLWidget::viewport[4] = {};
-std::uint32_t GLWidget::msgboxResult = 0;
-bool GLWidget::rendering = false;
-float GLWidget::fadeRate = 0.005f;
-float GLWidget::guiScale = 1.3f;
-Theme* GLWidget::currentTheme = nullptr;
-Vector GLWidget::optionRect;
-Vector GLWidget::optionMarkRect;
-Vector GLWidget::checkRect;
-Vector GLWidget::checkMarkRect;
-Vector GLWidget::sliderRect;
-void (*GLWidget::readViewport)(std::int32_t (&)[4]) = ReadViewportFromGL;
-bool (*GLWidget::loadFont)(FontRender&, const std::string&) = LoadFontToDraw;
-std::list<GLWidget*>& GLWidget::living = *new std::list<GLWidget*>;
-std::deque<Theme>& GLWidget::ownedThemes = *new std::deque<Theme>;
+GLWidget::TagMap& GLWidget::tags = Toolkit::Get().tags;
+GLWidget::ThemeMap& GLWidget::themes = Toolkit::Get().themes;
+std::list<GLWidget*>& GLWidget::widgets = Toolkit::Get().widgets;
+FontRender& GLWidget::font = Toolkit::Get().font;
+std::uint32_t& GLWidget::fontLoads = Toolkit::Get().fontLoads;
+std::int32_t (&GLWidget::viewport)[4] = Toolkit::Get().viewport;
+std::uint32_t& GLWidget::msgboxResult = Toolkit::Get().msgboxResult;
+bool& GLWidget::rendering = Toolkit::Get().rendering;
+float& GLWidget::fadeRate = Toolkit::Get().fadeRate;
+float& GLWidget::guiScale = Toolkit::Get().guiScale;
+Theme*& GLWidget::currentTheme = Toolkit::Get().currentTheme;
+Vector& GLWidget::optionRect = Toolkit::Get().optionRect;
+Vector& GLWidget::optionMarkRect = Toolkit::Get().optionMarkRect;
+Vector& GLWidget::checkRect = Toolkit::Get().checkRect;
+Vector& GLWidget::checkMarkRect = Toolkit::Get().checkMarkRect;
+Vector& GLWidget::sliderRect = Toolkit::Get().sliderRect;
 
 GLWidget::GLWidget(const std::string& widgetName, GLWidget* widgetParent,
                    const Vector& widgetPosition, Theme* widgetTheme)
@@ -59,7 +49,7 @@ GLWidget::GLWidget(const std::string& widgetName, GLWidget* widgetParent,
       position(widgetPosition),
       theme(widgetTheme != nullptr ? widgetTheme : themes["default"]),
       name(widgetName),
-      livingPlace(living.insert(living.end(), this)) {
+      livingPlace(Toolkit::Get().living.insert(Toolkit::Get().living.end(), this)) {
     TraceFrame frame("GLWidget", "GLWidget");
     Assert("glwidget", __LINE__, "theme != NULL", theme != nullptr);
     tags[name] = this;
@@ -67,11 +57,11 @@ GLWidget::GLWidget(const std::string& widgetName, GLWidget* widgetParent,
     // kept: any widget's construction clears the answer, which is read before widgets are made
     msgboxResult = 0;
     rendering = false;
-    readViewport(viewport);
+    Toolkit::Get().readViewport(viewport);
 }
 
 GLWidget::~GLWidget() {
-    living.erase(livingPlace);
+    Toolkit::Get().living.erase(livingPlace);
 }
 
 void GLWidget::SetTabText(int, std::string_view) {}
@@ -278,7 +268,7 @@ bool GLWidget::UpdateWidgets(int milliseconds) {
     TraceFrame frame("UpdateWidgets", "GLWidget");
     for (GLWidget* widget : widgets)
         widget->Update(milliseconds);
-    CompleteMessageBox();
+    Toolkit::Get().parts.completeMessageBox();
     return true;
 }
 
@@ -325,7 +315,7 @@ GLWidget* GLWidget::GetByTag(std::string_view tag, bool complain) {
 }
 
 Theme* GLWidget::NewTheme(std::string_view themeName) {
-    Theme* const theme = &ownedThemes.emplace_back();
+    Theme* const theme = Toolkit::Get().ownedThemes.emplace_back(std::make_shared<Theme>()).get();
     themes.insert_or_assign(std::string(themeName), theme);
     return theme;
 }
@@ -346,15 +336,49 @@ void GLWidget::Destroy(GLWidget* widget) {
     const auto entry = tags.find(widget->name);
     if (entry != tags.end() && entry->second == widget)
         entry->second = nullptr;
+    widgets.remove(widget);
+    Forget(widget);
     delete widget;
 }
 
 void GLWidget::Forget(const GLWidget* gone) {
-    for (GLWidget* widget : living) {
+    for (GLWidget* widget : Toolkit::Get().living) {
         std::erase(widget->children, gone);
         if (widget->parent == gone)
             widget->parent = nullptr;
     }
+}
+
+bool GLWidget::MessageBox(const std::string& message, int buttons) {
+    TraceFrame frame("MessageBox", "GLWidget");
+    return Toolkit::Get().parts.showMessageBox(message, buttons);
+}
+
+bool GLWidget::Init(const std::string& path) {
+    std::ifstream file(path);
+    return Init(file);
+}
+
+bool GLWidget::Init(std::istream& file) {
+    TraceFrame frame("Init", "GLWidget");
+    ReadConfiguration(file, Toolkit::Get());
+    return true;
+}
+
+bool GLWidget::StartGUI(const std::string& path) {
+    std::ifstream file(path);
+    return StartGUI(file, path);
+}
+
+bool GLWidget::StartGUI(std::istream& file, const std::string& path) {
+    TraceFrame frame("StartGUI", "GLWidget");
+    std::cerr << "Starting GUI from " << path << '\n';
+    return Toolkit::Get().parts.buildLayout(file, path);
+}
+
+bool GLWidget::Quit() {
+    TraceFrame frame("Quit", "GLWidget");
+    return true;
 }
 
 float GLWidget::HalfWidth() {

@@ -4,15 +4,14 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <iosfwd>
 #include <list>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "glwidget/theme.h"
+#include "glwidget/toolkit.h"
 #include "quarn2/event.h"
 #include "quarn2/font.h"
 #include "quarn2/vector.h"
@@ -146,38 +145,29 @@ public:
     /// The theme of that name; on first use it is made and read from `file`.
     static Theme* ThemeNamed(std::string_view themeName, const std::string& file);
 
-    /// Deletes a widget and, unless another took it over, clears its tag. Its children stay.
+    /// Deletes a widget, which its parent and the top level then no longer hold, and, unless
+    /// another took it over, clears its tag. Its children stay.
     static void Destroy(GLWidget* widget);
 
-    // Shared by all widgets. The containers are never destroyed, so that what they hold stays
-    // reachable until the process is gone.
-    /// By tag; not owned.
-    using TagMap = std::map<std::string, GLWidget*, std::less<>>;
-    using ThemeMap = std::map<std::string, Theme*, std::less<>>;  ///< never freed
-    static TagMap& tags;                                          ///< every named widget
-    static ThemeMap& themes;                                      ///< every named theme
-    static std::list<GLWidget*>& widgets;  ///< top level, in order of creation
-    static FontRender& font;               ///< the one font; its size is set before each use
-    static std::uint32_t fontLoads;        ///< counts them: what was measured before is out of date
-    static std::int32_t viewport[4];       ///< x, y, width, height in pixels
-    /// 0 none, 1 OK, 2 Cancel, 4 Yes, 8 No. Every widget's construction clears it.
-    static std::uint32_t msgboxResult;
-    static bool rendering;       ///< RenderWidgets is running
-    static float fadeRate;       ///< highlight and flash per millisecond
-    static float guiScale;       ///< S above
-    static Theme* currentTheme;  ///< for the widgets that a layout file makes; not owned
-
-    // Texture rectangles (s1, t1, s2, t2) of the GUI sheet.
-    static Vector optionRect;
-    static Vector optionMarkRect;
-    static Vector checkRect;
-    static Vector checkMarkRect;
-    static Vector sliderRect;
-
-    /// Where the viewport is read from: OpenGL, unless a test answers instead.
-    static void (*readViewport)(std::int32_t (&viewport)[4]);
-    /// How a font is loaded: to draw with it, unless a program only measures.
-    static bool (*loadFont)(FontRender& font, const std::string& path);
+    // Shared by all widgets: fields of the one Toolkit, which says what they mean.
+    using TagMap = Toolkit::TagMap;
+    using ThemeMap = Toolkit::ThemeMap;
+    static TagMap& tags;
+    static ThemeMap& themes;
+    static std::list<GLWidget*>& widgets;
+    static FontRender& font;
+    static std::uint32_t& fontLoads;
+    static std::int32_t (&viewport)[4];
+    static std::uint32_t& msgboxResult;  ///< every widget's construction clears it
+    static bool& rendering;
+    static float& fadeRate;
+    static float& guiScale;  ///< S above
+    static Theme*& currentTheme;
+    static Vector& optionRect;
+    static Vector& optionMarkRect;
+    static Vector& checkRect;
+    static Vector& checkMarkRect;
+    static Vector& sliderRect;
 
     /// Half the screen's width in GUI units; half its height is `guiScale`.
     static float HalfWidth();
@@ -213,16 +203,8 @@ protected:
     std::vector<GLWidget*> children;  // not owned; the order of every traversal
 
 private:
-    friend class WidgetAccess;  // tests and fuzz targets start anew
-
-    /// Ends the open message box once one of its buttons was clicked.
-    static void CompleteMessageBox();
     /// Takes `gone` out of every living widget's children and parent link.
     static void Forget(const GLWidget* gone);
 
-    // What the toolkit made and did not free, in or out of the tree, can be reached from here.
-    static std::list<GLWidget*>& living;
-    static std::deque<Theme>& ownedThemes;
-
-    std::list<GLWidget*>::iterator livingPlace;  ///< in `living`
+    std::list<GLWidget*>::iterator livingPlace;  ///< in Toolkit::living
 };

@@ -87,21 +87,9 @@ constexpr Layout::Kind Layout::kKinds[] = {
     {"Text", &Layout::MakeTextbox, false},  {"Label", &Layout::MakeLabel, false},
 };
 
-bool GLWidget::StartGUI(const std::string& path) {
-    std::ifstream file(path);
-    return StartGUI(file, path);
-}
-
-bool GLWidget::StartGUI(std::istream& file, const std::string& path) {
-    TraceFrame frame("StartGUI", "GLWidget");
-    std::cerr << "Starting GUI from " << path << '\n';
+bool Layout::Start(std::istream& file, const std::string& path) {
     RegisterDefaultTheme();
     return Layout(file, path).Build();
-}
-
-bool GLWidget::Quit() {
-    TraceFrame frame("Quit", "GLWidget");
-    return true;
 }
 
 bool Layout::Build() {

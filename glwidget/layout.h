@@ -16,6 +16,10 @@
 /// lacks is taken as 0 or empty; unknown words are skipped.
 class Layout {
 public:
+    /// Registers the theme "default" and builds the layout. @return true
+    /// @param path  as which the file is reported
+    static bool Start(std::istream& file, const std::string& path);
+
     /// @param file  as which it is reported
     Layout(std::istream& stream, std::string file) : reader(stream), path(std::move(file)) {}
 

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
+#include "glwidget/messagebox.h"
+
 #include <array>
 #include <string_view>
 #include <vector>
@@ -65,15 +67,14 @@ GLWidget* MakeButtonRow(GLWidget* window, Theme* theme, int buttons) {
 
 }  // namespace
 
-bool GLWidget::MessageBox(const std::string& message, int buttons) {
-    TraceFrame frame("MessageBox", "GLWidget");
-    Theme* const theme = ThemeNamed("messagebox", "messagebox.theme");
-    if (GetByTag("__msgbox", false) != nullptr)
+bool ShowMessageBox(const std::string& message, int buttons) {
+    Theme* const theme = GLWidget::ThemeNamed("messagebox", "messagebox.theme");
+    if (GLWidget::GetByTag("__msgbox", false) != nullptr)
         return true;
 
     auto* const window =
         new GLWindow("__msgbox", nullptr, Vector(0.0f, 0.0f), theme, "Message box", true);
-    widgets.push_back(window);
+    GLWidget::widgets.push_back(window);
     auto* const label =
         new Label("__msgbox_message", window, Vector(0.0f, kMessageHeight), theme, message);
     window->AddChild(label);
@@ -87,14 +88,15 @@ bool GLWidget::MessageBox(const std::string& message, int buttons) {
     return true;
 }
 
-void GLWidget::CompleteMessageBox() {
+void CompleteMessageBox() {
     TraceFrame frame("CompleteMessageBox", "GLWidget");
     bool answered = false;
     for (const Answer& answer : kAnswers) {
-        const auto entry = tags.find(answer.tag);
-        if (entry == tags.end() || entry->second == nullptr || !entry->second->BeenClicked())
+        const auto entry = GLWidget::tags.find(answer.tag);
+        if (entry == GLWidget::tags.end() || entry->second == nullptr
+            || !entry->second->BeenClicked())
             continue;
-        msgboxResult = answer.code;
+        GLWidget::msgboxResult = answer.code;
         answered = true;
     }
     if (!answered)
@@ -102,11 +104,6 @@ void GLWidget::CompleteMessageBox() {
     // kept: the label is registered as "__msgbox_message", so it and the frame stay behind
     for (const std::string_view tag : {std::string_view("__msgbox"), kOk.tag, kCancel.tag, kYes.tag,
                                        kNo.tag, std::string_view("__msgbox_msg")}) {
-        GLWidget* const gone = GetByTag(tag, false);
-        if (gone == nullptr)
-            continue;
-        widgets.remove(gone);
-        Forget(gone);
-        Destroy(gone);
+        GLWidget::Destroy(GLWidget::GetByTag(tag, false));
     }
 }

@@ -8,15 +8,12 @@
 #include <iostream>
 
 #include "glwidget/reader.h"
+#include "glwidget/toolkit.h"
 #include "quarn2/trace.h"
 
 namespace {
 
 constexpr const char* kNoTexture = "NULL";
-
-bool LoadImageToDraw(Texture& image, const std::string& file) {
-    return image.Load(TextureDetails(file, 0));
-}
 
 /// The lines of a theme file: each reads one group of values and reports what then holds.
 class ThemeReader {
@@ -66,8 +63,6 @@ private:
 
 }  // namespace
 
-bool (*Theme::loadImage)(Texture&, const std::string&) = LoadImageToDraw;
-
 void Theme::Read(Theme& theme, const std::string& path) {
     std::ifstream file(path);
     Read(theme, file, path);
@@ -108,5 +103,5 @@ void Theme::BuiltIn(Theme& theme) {
 
 void Theme::LoadImage() {
     // A picture that cannot be loaded was reported; the theme does without.
-    static_cast<void>(loadImage(image, textureName));
+    static_cast<void>(Toolkit::Get().loadImage(image, textureName));
 }

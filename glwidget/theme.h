@@ -41,9 +41,6 @@ public:
     /// Gives `theme` the built-in values and loads their texture.
     static void BuiltIn(Theme& theme);
 
-    /// How a picture is loaded: into OpenGL, unless a program does not draw.
-    static bool (*loadImage)(Texture& image, const std::string& file);
-
 private:
     void LoadImage();
 };

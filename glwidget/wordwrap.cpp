@@ -5,11 +5,11 @@
 
 #include <algorithm>
 
-#include "glwidget/glwidget.h"
+#include "glwidget/toolkit.h"
 #include "quarn2/trace.h"
 
 float GrowingText::WidthOf(char character) const {
-    return GLWidget::font.Advance(static_cast<signed char>(character)) * glyphWidth;
+    return Toolkit::Get().font.Advance(static_cast<signed char>(character)) * glyphWidth;
 }
 
 void GrowingText::Append(char character) {

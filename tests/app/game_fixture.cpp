@@ -42,11 +42,8 @@ constexpr float kSpacing = 10.0f;
 }  // namespace
 
 void GameTest::SetUp() {
-    GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
-        viewport[0] = viewport[1] = 0;
-        viewport[2] = 800;
-        viewport[3] = 600;
-    };
+    Toolkit::Get().Reset();
+    Toolkit::Get().readViewport = Toolkit::ReadViewportWithoutWindow;
     FontAccess::SetAdvances(GLWidget::font, 0.5f);
     testing::internal::CaptureStderr();
     listening = true;

@@ -69,14 +69,12 @@ TEST_F(ConfigurationTest, WhatIsNotAFontIsReported) {
 
 TEST_F(ConfigurationTest, FontMayBeLoadedByWhoeverOnlyMeasures) {
     static std::string loaded;
-    const auto usual = GLWidget::loadFont;
-    GLWidget::loadFont = [](FontRender& font, const std::string& path) {
+    Toolkit::Get().loadFont = [](FontRender& font, const std::string& path) {
         loaded = path;
         FontAccess::SetAdvances(font, 0.25f);
         return true;
     };
     Read("some.ttf\n");
-    GLWidget::loadFont = usual;
     EXPECT_EQ(loaded, "some.ttf");
     EXPECT_EQ(GLWidget::font.Advance('a'), 0.25f);
 }

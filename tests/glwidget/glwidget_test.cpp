@@ -653,11 +653,9 @@ TEST_F(RenderWidgetsTest, ModelViewIsTheCallers) {
 }
 
 TEST_F(RenderWidgetsTest, ViewportIsReadFromOpenGLUnlessATestAnswers) {
-    const auto answer = GLWidget::readViewport;
-    GLWidget::readViewport = readFromOpenGL;
+    Toolkit::Get().readViewport = Toolkit::ReadViewportOfOpenGL;
     glViewport(1, 2, 320, 240);
     const PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), theme);
-    GLWidget::readViewport = answer;
     EXPECT_EQ(GLWidget::viewport[0], 1);
     EXPECT_EQ(GLWidget::viewport[1], 2);
     EXPECT_EQ(GLWidget::viewport[2], 320);

@@ -180,14 +180,13 @@ TEST_F(ThemeTest, TextureThatCannotBeLoadedLeavesNone) {
 
 TEST_F(ThemeTest, PictureMayBeLeftOutByWhoeverDoesNotDraw) {
     static std::string asked;
-    const auto usual = Theme::loadImage;
-    Theme::loadImage = [](Texture&, const std::string& file) {
+    Toolkit::Get().loadImage = [](Texture&, const std::string& file) {
         asked = file;
         return true;
     };
     Theme theme;
     Read(theme, "1 1 1\n1 1 1\n1 1 1\n1 1 1\n1\n1\n1\n1\n1\n1\n1 1\n1 1\n1 1 1\n1\nsome.tga\n1\n");
-    Theme::loadImage = usual;
+    Toolkit::Get().loadImage = Toolkit::LoadImageToDraw;
     EXPECT_EQ(asked, "some.tga");
 }
 

@@ -60,7 +60,7 @@ protected:
                  && kernel->SendEvent(nullptr, open);
     }
     ~TypingTest() override {
-        GLWidget::widgets.clear();
+        Toolkit::Get().Reset();
         kernel->SendEvent(nullptr, Event(QuitEvent));
         kernel->RemoveChild(static_cast<SDLInput*>(input));
         kernel->RemoveChild(static_cast<GLRender*>(window));

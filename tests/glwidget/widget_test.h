@@ -15,36 +15,14 @@
 class WidgetTest : public testing::Test {
 protected:
     WidgetTest() {
-        Clear();
-        if (readFromOpenGL == nullptr)
-            readFromOpenGL = GLWidget::readViewport;
-        GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
-            viewport[0] = 0;
-            viewport[1] = 0;
-            viewport[2] = 800;
-            viewport[3] = 600;
-        };
+        Toolkit::Get().Reset();
+        Toolkit::Get().readViewport = Toolkit::ReadViewportWithoutWindow;
         FontAccess::SetAdvances(GLWidget::font, 1.0f);
         theme = GLWidget::NewTheme("default");
     }
-    ~WidgetTest() override { Clear(); }
+    ~WidgetTest() override { Toolkit::Get().Reset(); }
 
     Theme* theme;
-
-    /// What the toolkit itself asks for the viewport.
-    static inline void (*readFromOpenGL)(std::int32_t (&)[4]) = nullptr;
-
-private:
-    static void Clear() {
-        GLWidget::tags.clear();
-        GLWidget::themes.clear();
-        GLWidget::widgets.clear();
-        GLWidget::currentTheme = nullptr;
-        GLWidget::fadeRate = 0.005f;
-        GLWidget::guiScale = 1.3f;
-        GLWidget::msgboxResult = 0;
-        GLWidget::rendering = false;
-    }
 };
 
 /// The least a widget needs, with its state in view.

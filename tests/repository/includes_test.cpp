@@ -205,6 +205,21 @@ private:
     std::vector<std::string> cycles;
 };
 
+/// The units of a folder, each a header with its source, and the units that they include.
+Tree UnitsOf(const std::string& folder, const Tree& tree) {
+    const auto unitOf = [](const std::string& path) { return path.substr(0, path.rfind('.')); };
+    Tree units;
+    for (const auto& [path, includes] : tree) {
+        if (!path.starts_with(folder + "/"))
+            continue;
+        std::vector<std::string>& needed = units[unitOf(path)];
+        for (const std::string& include : includes)
+            if (include.starts_with(folder + "/") && unitOf(include) != unitOf(path))
+                needed.push_back(unitOf(include));
+    }
+    return units;
+}
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -222,6 +237,10 @@ TEST(IncludeRules, TheTreeHasNoIncludeThatRunsUpwards) {
 TEST(IncludeRules, TheTreeHasNoFilesThatIncludeEachOther) {
     const Tree tree = ReadTree(".");
     EXPECT_THAT(CycleSearch(tree).Run(), IsEmpty());
+}
+
+TEST(IncludeRules, NoTwoUnitsOfTheToolkitNeedEachOther) {
+    EXPECT_THAT(CycleSearch(UnitsOf("glwidget", ReadTree("."))).Run(), IsEmpty());
 }
 
 TEST(IncludeRules, TheTreeIncludesItsFilesByTheirPathFromTheRoot) {
@@ -326,6 +345,15 @@ TEST(IncludeRules, FilesThatIncludeEachOtherAreReportedWithTheWay) {
                        {"app/c.h", {"app/b.h"}},
                        {"app/d.h", {"app/c.h"}}};
     EXPECT_THAT(CycleSearch(tree).Run(), ElementsAre("app/b.h -> app/c.h -> app/b.h"));
+}
+
+TEST(IncludeRules, AHeaderAndItsSourceAreOneUnitOfTheirFolder) {
+    const Tree tree = {{"app/a.h", {"app/b.h", "quarn2/trace.h"}},
+                       {"app/b.cpp", {"app/b.h", "app/a.h", "vector"}},
+                       {"app/b.h", {}},
+                       {"quarn2/trace.h", {}}};
+    EXPECT_THAT(CycleSearch(tree).Run(), IsEmpty());
+    EXPECT_THAT(CycleSearch(UnitsOf("app", tree)).Run(), ElementsAre("app/a -> app/b -> app/a"));
 }
 
 TEST(IncludeRules, APathRelativeToTheFileIsReported) {

@@ -12,51 +12,18 @@
 
 namespace guiview {
 
-namespace {
-
-constexpr std::int32_t kScreenWidth = 800;
-constexpr std::int32_t kScreenHeight = 600;
-
-}  // namespace
-
 ErrorStreamCapture::ErrorStreamCapture() : usual(std::cerr.rdbuf(text.rdbuf())) {}
 
 ErrorStreamCapture::~ErrorStreamCapture() {
     std::cerr.rdbuf(usual);
 }
 
-HeadlessToolkit::HeadlessToolkit()
-    : usualViewport(GLWidget::readViewport),
-      usualFont(GLWidget::loadFont),
-      usualImage(Theme::loadImage) {
-    Clear();
-    GLWidget::readViewport = [](std::int32_t(&viewport)[4]) {
-        viewport[0] = viewport[1] = 0;
-        viewport[2] = kScreenWidth;
-        viewport[3] = kScreenHeight;
-    };
-    GLWidget::readViewport(GLWidget::viewport);
-    GLWidget::loadFont = [](FontRender& font, const std::string& path) {
-        return font.Measure(path);
-    };
-    Theme::loadImage = [](Texture&, const std::string&) { return true; };
+HeadlessToolkit::HeadlessToolkit() {
+    Toolkit::Get().ResetWithoutWindow();
 }
 
 HeadlessToolkit::~HeadlessToolkit() {
-    Clear();
-    GLWidget::readViewport = usualViewport;
-    GLWidget::loadFont = usualFont;
-    Theme::loadImage = usualImage;
-}
-
-void HeadlessToolkit::Clear() {
-    // Widgets and themes stay with the toolkit, which never frees them.
-    GLWidget::tags.clear();
-    GLWidget::themes.clear();
-    GLWidget::widgets.clear();
-    GLWidget::currentTheme = nullptr;
-    GLWidget::font = FontRender();
-    GLWidget::msgboxResult = 0;
+    Toolkit::Get().Reset();
 }
 
 FolderVisit::FolderVisit(const std::string& folder)

@@ -38,13 +38,6 @@ public:
     ~HeadlessToolkit();
     HeadlessToolkit(const HeadlessToolkit&) = delete;
     HeadlessToolkit& operator=(const HeadlessToolkit&) = delete;
-
-private:
-    static void Clear();
-
-    decltype(GLWidget::readViewport) usualViewport;
-    decltype(GLWidget::loadFont) usualFont;
-    decltype(Theme::loadImage) usualImage;
 };
 
 /// Enters a folder for as long as it lives: the toolkit looks for all files in the current one.

@@ -86,7 +86,7 @@ bool LiveView::GotEvent(Event event) {
 void LiveView::Open() {
     opened = true;
     SDL_WM_SetCaption(("guiview: " + options.layout).c_str(), nullptr);
-    GLWidget::readViewport(GLWidget::viewport);
+    Toolkit::Get().readViewport(GLWidget::viewport);
     if (!CheckFiles(Report::Always))
         return;  // nothing to show yet; the next change may bring it
     shown = LayoutSource::Read(options.layout);

@@ -193,7 +193,7 @@ bool TakePicture(const LayoutSource& layout, const Pose& pose, bool crop, const 
     const OffScreen screen;
     if (!screen.IsCurrent())
         return Fail("no picture can be drawn: is Mesa's driver for EGL installed?");
-    GLWidget::readViewport(GLWidget::viewport);
+    Toolkit::Get().readViewport(GLWidget::viewport);
     {
         const FolderVisit visit(layout.Folder());
         layout.Build();
