@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-# merovinska_add_fuzz_target(EXECUTABLE TARGET): gives an executable the one function of a
-# target. The fuzzer feeds it, and so do tests.
+# merovinska_add_fuzz_target(EXECUTABLE TARGET): adds the function of a fuzz target to an
+# executable, in which the fuzzer or a test calls it.
 set(MEROVINSKA_FUZZ_TARGETS
   inflate decode_png decode_tga date_text name_pattern layout theme configuration)
 

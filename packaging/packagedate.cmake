@@ -1,9 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-# CPack reads this file. All files in the package get the time of the last commit, so that every build
-# of a commit makes the same package. A tree without a git repository takes the time of the newest
-# entry of the changelog.
+# CPack reads this file. All files in the package get the time of the last commit, so that every
+# build of a commit makes the same package. A tree without a git repository takes the time of the
+# newest entry of the changelog.
 if("$ENV{SOURCE_DATE_EPOCH}" STREQUAL "")
   execute_process(
     COMMAND git -c safe.directory=* -C ${CPACK_MEROVINSKA_SOURCE} log -1 --format=%ct
