@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// gameposes OUT, started in a data folder, draws the game in every pose that a player meets, each
-// into a PNG file of the folder OUT. Whole screens are those of the start, of the first week and of
-// the longest texts; of the other poses the part is drawn that differs from the screen they begin
-// with.
+// gameposes OUT, started in a data folder, draws the game in several poses, that is, situations of
+// a play, into PNG files in the folder OUT. Three of the pictures show the whole screen: at the
+// start, after a week, and with the longest texts. The others show only the part of the screen that
+// has changed.
 
 #include <algorithm>
 #include <cstddef>
@@ -31,16 +31,16 @@ namespace {
 constexpr unsigned kSeed = 1358;
 constexpr std::uint32_t kWidth = 800;
 constexpr std::uint32_t kHeight = 600;
-constexpr std::uint32_t kMargin = 6;  ///< pixels around what differs
+constexpr std::uint32_t kMargin = 6;  ///< pixels around the part that differs
 constexpr std::size_t kPixelBytes = 4;
-/// Longer than any highlight or flash takes.
+/// Milliseconds; longer than any highlight or flash.
 constexpr int kSettleMs = 10000;
 
 const std::uint8_t* PixelOf(const Pixels& picture, std::uint32_t x, std::uint32_t y) {
     return &picture.rgba[(std::size_t{y} * picture.width + x) * kPixelBytes];
 }
 
-/// The part of `picture` that differs from `before`, with a margin; nothing when none does.
+/// The part of `picture` that differs from `before`, with a margin. Empty if they are equal.
 Pixels Difference(const Pixels& picture, const Pixels& before) {
     std::uint32_t left = kWidth, top = kHeight, right = 0, bottom = 0;
     for (std::uint32_t y = 0; y < kHeight; ++y) {
@@ -67,9 +67,9 @@ Pixels Difference(const Pixels& picture, const Pixels& before) {
     return part;
 }
 
-class Poser {
+class PoseDrawer {
 public:
-    explicit Poser(std::string newFolder) : folder(std::move(newFolder)) {
+    explicit PoseDrawer(std::string newFolder) : folder(std::move(newFolder)) {
         GLWidget::StartGUI("my.gui.debug");
         std::srand(kSeed);
         app->CreateWorld();
@@ -97,7 +97,7 @@ public:
         MoveTo(list);
         Click();
         SaveDifference("list", closed);
-        Click();  // closes it
+        Click();  // closes the list
         MoveAway();
 
         TakeLongest();
@@ -118,8 +118,8 @@ private:
         complete = false;
     }
 
-    /// Brings a widget up by its tab, if it has to be.
-    /// @return the screen then, with the mouse elsewhere
+    /// Opens the tab of a widget, if it is in one that is not open.
+    /// @return the screen after that, with the mouse outside of the window
     Pixels Show(std::string_view tag) {
         places = ReachableWidgets();
         for (const std::string& button : TabButtons()) {
@@ -143,7 +143,7 @@ private:
 
     Pixels Look() {
         GLWidget::UpdateWidgets(kSettleMs);
-        GLWidget::UpdateWidgets(kSettleMs);  // the first may overshoot
+        GLWidget::UpdateWidgets(kSettleMs);  // the first may make a highlight too bright
         app->Render(true);
         const std::vector<std::uint8_t> rows = window.Pixels();
         Pixels picture{kWidth, kHeight, Bytes(rows.size())};
@@ -169,7 +169,7 @@ private:
     void SaveDifference(const std::string& name, const Pixels& before) {
         const Pixels part = Difference(Look(), before);
         if (part.rgba.empty()) {
-            std::cerr << "gameposes: " << name << " changes nothing\n";
+            std::cerr << "gameposes: " << name << " looks the same as before\n";
             complete = false;
             return;
         }
@@ -181,7 +181,7 @@ private:
         return tag;
     }
 
-    /// Every tab but those that are shown already, and the shown ones again at the end.
+    /// Saves a picture of every tab that is not open, and opens at the end the tab that was open.
     void TakeTabs(const std::string& prefix, const Pixels& before) {
         places = ReachableWidgets();
         std::string first;
@@ -236,5 +236,5 @@ int main(int argc, char** argv) {
         std::cerr << "usage: gameposes OUT\n";
         return 2;
     }
-    return Poser(argv[1]).TakeAll() ? 0 : 1;
+    return PoseDrawer(argv[1]).TakeAll() ? 0 : 1;
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// watchedgame FILE plays the game and watches it: after every frame it compares the labels with
-// what the country's numbers say, and adds a line of JSON to the file when something that the line
-// tells has changed. Nothing is done to the game.
+// watchedgame FILE runs the game. After every frame it compares the labels with the country's
+// numbers and, if something has changed, adds a line of JSON with the state of the game to the
+// file. It does not change the behaviour of the game.
 
 #include <cmath>
 #include <cstdio>
@@ -39,7 +39,7 @@ std::string Fixed(double value, int digits) {
     text.precision(digits);
     text << value;
     std::string digitsAndSign = text.str();
-    // a zero has no sign on the screen
+    // The game shows a rounded negative number as 0, not as -0.
     if (digitsAndSign.find_first_of("123456789") == std::string::npos && digitsAndSign[0] == '-')
         digitsAndSign.erase(0, 1);
     return digitsAndSign;
@@ -79,12 +79,12 @@ private:
         state["compared"] = compared;
         state["wrong"] = wrong;
         std::string line = state.dump();
-        // The number of comparisons grows all the time.
+        // The number of comparisons changes in every frame.
         state.erase("compared");
-        std::string telling = state.dump();
-        if (telling == last)
+        std::string current = state.dump();
+        if (current == last)
             return;
-        last = std::move(telling);
+        last = std::move(current);
         file << line << std::endl;
     }
 
@@ -93,7 +93,7 @@ private:
 
     void Expect(std::string_view tag, const std::string& expected) {
         ++compared;
-        if (const std::string shown = Text(tag); shown != expected && wrong.size() < kMostFaults)
+        if (const std::string shown = Text(tag); shown != expected && wrong.size() < kMaxFaults)
             wrong.push_back(Joined(tag, " shows '", shown, "' instead of '", expected, "'"));
     }
 
@@ -124,12 +124,12 @@ private:
         Expect("date", "The date is " + realm.date.Text());
         const auto& stories = realm.newspaper.Stories();
         Expect("paperlab", "Page 1\n" + (stories.empty() ? std::string() : stories[0]));
-        Expect("debuginfo", Figures(player));
+        Expect("debuginfo", Statistics(player));
         Expect("continentinfo", Neighbours(realm));
         CompareOrders(player);
     }
 
-    static std::string Figures(const Country& player) {
+    static std::string Statistics(const Country& player) {
         const Military& military = player.military;
         return Joined("The Justice level is ", player.justice.justiceLevel, "\nThe Crime level is ",
                       player.justice.crimeLevel, "\n\nThe population's morale is ", player.morale,
@@ -159,7 +159,7 @@ private:
         return text;
     }
 
-    /// A trade empties the order behind the label's back; the label follows a frame later.
+    /// A trade sets the order to 0 after the label was written. The next frame corrects the label.
     void CompareOrders(const Country& player) {
         const Country& neighbour = *GetPartner();
         const std::string expected[] = {
@@ -180,7 +180,7 @@ private:
         Expect("finebuylab", expected[2]);
     }
 
-    static constexpr std::size_t kMostFaults = 20;
+    static constexpr std::size_t kMaxFaults = 20;
     static constexpr float kWeek = 604800.0f;
 
     std::ofstream file;

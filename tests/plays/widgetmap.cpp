@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// widgetmap FILE, started in the data directory, tells the plays where the game's widgets are:
-// one line per widget that a player can reach, with its tag, its kind, its box in window pixels
-// (left, top, right, bottom) and the tag of the button that has to be pressed to bring it up, or
-// "-". The fields are separated by tabs.
+// widgetmap FILE, started in the data directory, writes a table of the game's widgets for the
+// plays. It has a line for each widget that a player can reach: its tag, its kind, its box in
+// pixels of the window (left, top, right, bottom), and the tag of the button that opens its tab, or
+// "-" if the widget is in no tab. Tab characters separate the fields.
 
 #include <fstream>
 #include <iostream>
@@ -18,22 +18,22 @@
 
 namespace {
 
-constexpr const char* kInTheOpen = "-";
+constexpr const char* kNoTab = "-";
 
 struct FoundWidget {
     WidgetPlace place;
-    std::string behind;  ///< tag of the button that brings it up
+    std::string tab;  ///< tag of the button that opens its tab
 };
 
 using FoundWidgets = std::map<std::string, FoundWidget>;
 
 FoundWidgets FindWidgets() {
     FoundWidgets found;
-    const auto addReachable = [&](const std::string& behind) {
+    const auto addReachable = [&](const std::string& tab) {
         for (const auto& [tag, place] : ReachableWidgets())
-            found.try_emplace(tag, FoundWidget{place, behind});
+            found.try_emplace(tag, FoundWidget{place, tab});
     };
-    addReachable(kInTheOpen);
+    addReachable(kNoTab);
     for (const std::string& button : TabButtons()) {
         const auto place = found.find(button);
         if (place == found.end())
@@ -42,7 +42,7 @@ FoundWidgets FindWidgets() {
         addReachable(button);
     }
     GLWidget::MessageBox("You cannot buy this much from this country.", 1);
-    addReachable(kInTheOpen);
+    addReachable(kNoTab);
     return found;
 }
 
@@ -57,13 +57,13 @@ int main(int argc, char** argv) {
     const Pointer<App> app(new App);
     GLWidget::StartGUI("my.gui.debug");
     app->CreateWorld();
-    app->Update(0);  // fills the labels, which gives them their size
+    app->Update(0);  // writes the texts of the labels, on which their sizes depend
 
     std::ofstream file(argv[1]);
     for (const auto& [tag, widget] : FindWidgets()) {
         const auto& [left, top, right, bottom] = widget.place;
         file << tag << '\t' << GLWidget::GetByTag(tag)->GetType() << '\t' << left << '\t' << top
-             << '\t' << right << '\t' << bottom << '\t' << widget.behind << '\n';
+             << '\t' << right << '\t' << bottom << '\t' << widget.tab << '\n';
     }
     file.close();
     if (!file) {
