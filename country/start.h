@@ -21,6 +21,7 @@ inline constexpr int kPeople = 38685;
 /// First levels of the professions' sliders. Farmers and butchers are a little above the 0.25 and
 /// 0.5 that every country is made with.
 inline constexpr std::array<float, kProfessions.size()> kShares{0.251f, 0.501f, 0.01f, 0.0f, 0.0f};
+/// First level of one profession's slider.
 constexpr float Share(Profession profession) {
     return kShares[static_cast<std::size_t>(profession)];
 }
