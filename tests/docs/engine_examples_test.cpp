@@ -129,7 +129,7 @@ TEST(FarbfeldExample, GreatSizesAreRefusedBeforeTheyAreAllocated) {
               "from 1 to 67108863 pixels\n");
 }
 
-TEST(TavernExample, CheersUpByTheShareOfTheIdle) {
+TEST(TavernExample, MoraleRisesInProportionToTheShareOfTheIdle) {
     Population people(1000);
     people.SetShare(Profession::Farmers, 0.5f);
     people.SetShare(Profession::Butchers, 0.0f);

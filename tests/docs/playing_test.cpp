@@ -210,7 +210,7 @@ TEST(ManualTest, TableOfTheStartHasTheNumbersOfTheStart) {
         EXPECT_THAT(manual, testing::HasSubstr(row));
 }
 
-TEST(ManualTest, TableOfIdlingCountriesHasTheFateOfAThousandCountriesAsTheyStart) {
+TEST(ManualTest, TableOfTheAdviceBeginsWithTheResultsOfAThousandCountries) {
     constexpr int kCountries = 1000;
     Campaign campaign;
     campaign.weeks = 200.0;
