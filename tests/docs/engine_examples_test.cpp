@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// The pieces of code in docs/ENGINE.md do what the text says.
+// Tests the example code in docs/ENGINE.md.
 
 #include <gtest/gtest.h>
 
@@ -66,7 +66,7 @@ TEST_F(DrawnMeterExample, IsFilledUpToItsLevel) {
     EXPECT_EQ(At(0.5f, 0.22f), kBlack);
 }
 
-/// One pixel wide, two high.
+/// A picture that is one pixel wide and two pixels high.
 std::vector<std::uint8_t> Farbfeld(const std::vector<std::uint8_t>& channels) {
     std::vector<std::uint8_t> file{'f', 'a', 'r', 'b', 'f', 'e', 'l', 'd', 0, 0, 0, 1, 0, 0, 0, 2};
     for (const std::uint8_t byte : channels)
@@ -87,7 +87,7 @@ TEST(FarbfeldExample, DecodesSixteenBitsPerChannel) {
     EXPECT_FLOAT_EQ(image.pixels[7], 0.4f);
 }
 
-TEST(FarbfeldExample, TextureDataLoadsAFileWithTheNameOfTheFormat) {
+TEST(FarbfeldExample, TextureDataLoadsAFileWithTheSuffixOfTheFormat) {
     const TemporaryFolder folder;
     TextureData image;
     ASSERT_TRUE(image.Load(folder.Write("two.ff", Farbfeld(kTwoPixels))));
@@ -96,14 +96,14 @@ TEST(FarbfeldExample, TextureDataLoadsAFileWithTheNameOfTheFormat) {
     EXPECT_FLOAT_EQ(image.GetData()[2], 0.2f);
 }
 
-TEST(FarbfeldExample, FileThatIsNotThereIsReported) {
+TEST(FarbfeldExample, MissingFileIsReported) {
     TextureData image;
     testing::internal::CaptureStderr();
     EXPECT_FALSE(image.Load("none.ff"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Error opening none.ff\n");
 }
 
-TEST(FarbfeldExample, FileCutAtAnyLengthIsRefusedInOneLine) {
+TEST(FarbfeldExample, FileCutAtAnyLengthIsReportedInOneLine) {
     const std::vector<std::uint8_t> whole = Farbfeld(kTwoPixels);
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const std::vector<std::uint8_t> cut(whole.begin(),
@@ -117,7 +117,7 @@ TEST(FarbfeldExample, FileCutAtAnyLengthIsRefusedInOneLine) {
     }
 }
 
-TEST(FarbfeldExample, GreatSizesAreRefusedBeforeTheyAreAllocated) {
+TEST(FarbfeldExample, TooLargeSizeIsReportedBeforeMemoryIsAllocated) {
     std::vector<std::uint8_t> file = Farbfeld(kTwoPixels);
     for (std::size_t byte = 8; byte < 16; ++byte)
         file[byte] = 255;
