@@ -63,13 +63,13 @@ protected:
     const std::string file = std::string("data/") + GetParam().file;
 };
 
-TEST_P(GalleryTest, DrawingItAgainGivesTheCommittedBytes) {
+TEST_P(GalleryTest, DrawingAgainGivesTheBytesOfTheFileInTheData) {
     const Bytes committed = FileBytes(file);
     ASSERT_FALSE(committed.empty());
     EXPECT_TRUE(EncodeTGA(GetParam().draw()) == committed) << "draw it again with: guiart data";
 }
 
-TEST_P(GalleryTest, HasSidesThatTexturesKeep) {
+TEST_P(GalleryTest, HasSidesThatArePowersOfTwo) {
     TextureData picture;
     ASSERT_TRUE(picture.Load(file));
     EXPECT_TRUE(std::has_single_bit(static_cast<unsigned>(picture.GetWidth())));
@@ -83,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(Pictures, GalleryTest, testing::ValuesIn(Gallery()),
                              return name.substr(0, name.find('.'));
                          });
 
-TEST(GuiArtTest, EveryPictureOfTheDataIsDrawnHere) {
+TEST(GuiArtTest, EveryPictureInTheDataIsInTheGallery) {
     std::set<std::string> drawn;
     for (const GalleryPicture& picture : Gallery())
         drawn.insert(picture.file);
@@ -95,7 +95,7 @@ TEST(GuiArtTest, EveryPictureOfTheDataIsDrawnHere) {
     EXPECT_EQ(found, drawn);
 }
 
-TEST(GuiArtTest, TheProgramWritesEveryPicture) {
+TEST(GuiArtTest, EveryPictureIsWritten) {
     const TemporaryFolder folder;
     std::filesystem::create_directories(folder.Path("sets/large"));
     EXPECT_EQ(RunGuiArt(folder, folder.Path("")), 0);
@@ -107,20 +107,20 @@ TEST(GuiArtTest, TheProgramWritesEveryPicture) {
     EXPECT_EQ(Text(folder.Path("output")) + Text(folder.Path("errors")), "");
 }
 
-TEST(GuiArtTest, TheProgramWritesASinglePicture) {
+TEST(GuiArtTest, OnePictureCanBeWrittenAlone) {
     const TemporaryFolder folder;
     EXPECT_EQ(RunGuiArt(folder, folder.Path("") + " --only seal.tga"), 0);
     EXPECT_TRUE(FileBytes(folder.Path("seal.tga")) == FileBytes("data/seal.tga"));
     EXPECT_FALSE(std::filesystem::exists(folder.Path("desk.tga")));
 }
 
-TEST(GuiArtTest, AnUnknownPictureIsNamed) {
+TEST(GuiArtTest, UnknownPictureIsNamed) {
     const TemporaryFolder folder;
     EXPECT_EQ(RunGuiArt(folder, folder.Path("") + " --only sky.tga"), 2);
     EXPECT_EQ(Text(folder.Path("errors")), "guiart: there is no picture sky.tga\n");
 }
 
-TEST(GuiArtTest, TheProgramPrintsTheRectanglesOfTheConfiguration) {
+TEST(GuiArtTest, RectanglesArePrintedAsTheConfigurationNeedsThem) {
     const TemporaryFolder folder;
     EXPECT_EQ(RunGuiArt(folder, "--rectangles"), 0);
     EXPECT_EQ(Text(folder.Path("output")),
@@ -131,7 +131,7 @@ TEST(GuiArtTest, TheProgramPrintsTheRectanglesOfTheConfiguration) {
               "0.03125 0.28125 0.21875 0.46875 // sliderRect\n");
 }
 
-TEST(GuiArtTest, TheConfigurationOfTheGameHasTheseRectangles) {
+TEST(GuiArtTest, RectanglesOfTheGamesConfigurationAreThoseOfTheSheet) {
     std::ifstream configuration("data/gui.conf");
     std::string line;
     std::getline(configuration, line);  // the font
@@ -171,19 +171,19 @@ void ExpectSheets(std::span<const SheetPlace> places, const std::string& file) {
     EXPECT_EQ(met.size(), places.size());
 }
 
-TEST(GuiArtTest, ShadowsLieBelowTheSheetsOfTheLayouts) {
+TEST(GuiArtTest, SheetsOfTheDeskAreWhereTheLayoutsShowThem) {
     ExpectSheets(kSheetPlaces, "data/my.gui.debug");
     ExpectSheets(kLargeSheetPlaces, "data/sets/large/my.gui.debug");
 }
 
-TEST(GuiArtTest, TheProgramSaysThatThereIsNothingToDo) {
+TEST(GuiArtTest, WithoutFolderAndRectanglesThereIsNothingToDo) {
     const TemporaryFolder folder;
     EXPECT_EQ(RunGuiArt(folder, ""), 2);
     EXPECT_EQ(Text(folder.Path("errors")),
               "guiart: nothing to do: give a FOLDER or --rectangles\n");
 }
 
-TEST(GuiArtTest, AFileThatCannotBeWrittenIsNamed) {
+TEST(GuiArtTest, FileThatCannotBeWrittenIsNamed) {
     const TemporaryFolder folder;
     EXPECT_EQ(RunGuiArt(folder, folder.Path("none")), 1);
     EXPECT_EQ(Text(folder.Path("errors")), folder.Path("none/gui.tga") + ": cannot be written\n");
@@ -238,12 +238,12 @@ TEST_P(GuiSheetTest, HasAShapeInItsMiddleHalf) {
     EXPECT_GT(most, 0.4f);
 }
 
-TEST_P(GuiSheetTest, HasPixelsEnoughForTheGreatestSizeItIsDrawnAt) {
+TEST_P(GuiSheetTest, HasEnoughPixelsForTheLargestSizeOfAWidget) {
     EXPECT_EQ(right - left, top - bottom);
     EXPECT_GE(right - left, 2 * 23);
 }
 
-TEST_P(GuiSheetTest, IsSurroundedByTransparencyThatMipmapsNeed) {
+TEST_P(GuiSheetTest, HasATransparentMarginThatIsWideEnoughForMipmaps) {
     // Drawn at 12 pixels, four or eight of the sheet become one, and a neighbour is mixed in.
     constexpr int kMargin = 8;
     for (int y = bottom - kMargin; y < top + kMargin; ++y) {
@@ -261,7 +261,7 @@ TEST_P(GuiSheetTest, BordersLieBetweenTexelsOfSmallMipmaps) {
     EXPECT_EQ(sheet.GetHeight() & (sheet.GetHeight() - 1), 0);
 }
 
-TEST_P(GuiSheetTest, IsGreySoThatWidgetsColourIt) {
+TEST_P(GuiSheetTest, IsGreySoThatThemesColourIt) {
     for (int y = bottom; y < top; ++y) {
         for (int x = left; x < right; ++x) {
             EXPECT_EQ(At(x, y)[0], At(x, y)[1]);
@@ -270,14 +270,14 @@ TEST_P(GuiSheetTest, IsGreySoThatWidgetsColourIt) {
     }
 }
 
-TEST_P(GuiSheetTest, TransparencyIsWhiteSoThatFilteringDarkensNoEdge) {
+TEST_P(GuiSheetTest, TransparentPixelsAreWhiteSoThatFilteringDarkensNoEdge) {
     for (int y = bottom; y < top; ++y) {
         for (int x = left; x < right; ++x)
             EXPECT_TRUE(Alpha(x, y) > 0.0f || At(x, y)[0] == 1.0f) << x << ", " << y;
     }
 }
 
-TEST_P(GuiSheetTest, StandsUprightInAQuadWhoseTGrowsUpwards) {
+TEST_P(GuiSheetTest, IsUprightWhenTGrowsUpwards) {
     const std::string name = GetParam().name;
     if (name != "checkMarkRect") {
         // Lit from above.
@@ -309,19 +309,19 @@ TEST_P(GuiSheetTest, StandsUprightInAQuadWhoseTGrowsUpwards) {
 INSTANTIATE_TEST_SUITE_P(Pictures, GuiSheetTest, testing::ValuesIn(kSheetPictures),
                          [](const auto& picture) { return std::string(picture.param.name); });
 
-TEST(TgaWriterTest, ARunIsOnePacket) {
+TEST(TgaWriterTest, EqualPixelsAreOneRunPacket) {
     const Bytes file = EncodeTGA(Image(3, 1, {1, 2, 3, 4, 1, 2, 3, 4, 1, 2, 3, 4}));
     EXPECT_EQ(file, (Bytes{0,    0, 10, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3, 0, 1, 0, 32, 8,  // header
                            0x82, 3, 2,  1, 4}));
 }
 
-TEST(TgaWriterTest, DifferentPixelsAreOnePacket) {
+TEST(TgaWriterTest, DifferentPixelsAreOneRawPacket) {
     const Bytes file = EncodeTGA(Image(3, 1, {1, 2, 3, 4, 5, 6, 7, 8, 1, 2, 3, 4}));
     EXPECT_EQ(Bytes(file.begin() + 18, file.end()),
               (Bytes{0x02, 3, 2, 1, 4, 7, 6, 5, 8, 3, 2, 1, 4}));
 }
 
-TEST(TgaWriterTest, ARunAfterDifferentPixelsBeginsItsOwnPacket) {
+TEST(TgaWriterTest, RunAfterDifferentPixelsBeginsANewPacket) {
     const Bytes file = EncodeTGA(Image(3, 1, {9, 9, 9, 9, 1, 2, 3, 4, 1, 2, 3, 4}));
     EXPECT_EQ(Bytes(file.begin() + 18, file.end()), (Bytes{0x00, 9, 9, 9, 9, 0x81, 3, 2, 1, 4}));
 }
@@ -339,13 +339,13 @@ TEST(TgaWriterTest, ValuesAreRoundedAndClampedToBytes) {
     EXPECT_EQ(Bytes(file.begin() + 18, file.end()), (Bytes{0x00, 0, 255, 128, 127}));
 }
 
-TEST(TgaWriterTest, AnOpaqueImageHas24Bits) {
+TEST(TgaWriterTest, OpaqueImageIsWrittenWith24Bits) {
     const Bytes file = EncodeTGA(Image(3, 1, {1, 2, 3, 255, 1, 2, 3, 255, 9, 8, 7, 255}));
     EXPECT_EQ(file, (Bytes{0,    0, 10, 0, 0,    0, 0, 0, 0, 0, 0, 0, 3, 0, 1, 0, 24, 0,  // header
                            0x81, 3, 2,  1, 0x00, 7, 8, 9}));
 }
 
-TEST(TgaWriterTest, WhatIsWrittenIsReadBack) {
+TEST(TgaWriterTest, WrittenFileIsReadBackUnchanged) {
     const TemporaryFolder folder;
     std::mt19937 random(1);
     for (const int width : {1, 2, 127, 128, 129, 256, 257, 300, 1000}) {

@@ -22,7 +22,7 @@ TEST(Contrast, OfEqualColoursIs1) {
     EXPECT_NEAR(ContrastRatio({0.2f, 0.4f, 0.6f}, {0.2f, 0.4f, 0.6f}), 1.0, 1e-6);
 }
 
-TEST(Contrast, WeighsTheChannelsAsEyesDo) {
+TEST(Contrast, GreenWeighsMostAndBlueLeast) {
     EXPECT_NEAR(Luminance({1, 0, 0}), 0.2126, 1e-6);
     EXPECT_NEAR(Luminance({0, 1, 0}), 0.7152, 1e-6);
     EXPECT_NEAR(Luminance({0, 0, 1}), 0.0722, 1e-6);
@@ -59,7 +59,7 @@ protected:
     }
 };
 
-TEST_F(ContrastCheckTest, AButtonsCaptionStandsOnItsFill) {
+TEST_F(ContrastCheckTest, CaptionIsComparedWithTheFillOfItsButton) {
     EXPECT_EQ(FoundIn(kBlack, kWhite, "CADD Butt a NULL 1 1 Go\n"), "");
     EXPECT_EQ(
         FoundIn(kBlack, "0.1 0.1 0.1", "CADD Butt a NULL 1 1 Go\n"),
@@ -69,13 +69,13 @@ TEST_F(ContrastCheckTest, AButtonsCaptionStandsOnItsFill) {
         "below 4.5:1 (theme 'a.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, AButtonMayFailUnderTheMouseOnly) {
+TEST_F(ContrastCheckTest, ContrastThatIsTooLowOnlyUnderTheMouseIsReported) {
     EXPECT_EQ(FoundIn(kWhite, kEdge, "CADD Butt a NULL 1 1 Go\n"),
               "test.gui:3:11: warning: the text of 'a' has a contrast of 3.84:1 under the mouse, "
               "below 4.5:1 (theme 'a.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, WithoutFadingAWidgetIsAlwaysBright) {
+TEST_F(ContrastCheckTest, WidgetThatDoesNotFadeIsComparedOnlyAtItsBrightest) {
     std::string theme = Theme(kWhite, kEdge);
     theme.replace(theme.rfind("1 fade"), 1, "0");
     folder.Write("a.theme", theme);
@@ -85,21 +85,21 @@ TEST_F(ContrastCheckTest, WithoutFadingAWidgetIsAlwaysBright) {
         "'a.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, ColoursAreCutAt1BeforeTheyAreCompared) {
+TEST_F(ContrastCheckTest, ColoursAbove1AreComparedAs1) {
     EXPECT_EQ(
         FoundIn("5 5 5", "4 4 4", "CADD Butt a NULL 1 1 Go\n"),
         "test.gui:3:11: warning: the text of 'a' has a contrast of 1.00:1, below 4.5:1 (theme "
         "'a.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, ATextBoxAndAListStandOnTheirFill) {
+TEST_F(ContrastCheckTest, TextBoxAndListAreComparedWithTheirFill) {
     EXPECT_THAT(FoundIn(kWhite, kWhite, "CADD Text a NULL 0.9 0.9 5 2\n"),
                 HasSubstr("test.gui:3:11: warning: the text of 'a' has a contrast of"));
     EXPECT_THAT(FoundIn(kWhite, kWhite, "CADD Combo a NULL 0.9 0.9\nTEXT a A\n"),
                 HasSubstr("test.gui:3:12: warning: the text of 'a' has a contrast of"));
 }
 
-TEST_F(ContrastCheckTest, ALabelStandsOnTheWindowAroundIt) {
+TEST_F(ContrastCheckTest, LabelIsComparedWithTheWindowAroundIt) {
     folder.Write("dark.theme", Theme(kWhite, "0.1 0.1 0.1"));
     const std::string window = "THEM dark.theme NULL\nCADD Win w NULL -1 -1 0 Dark\n";
     EXPECT_EQ(FoundIn(kWhite, kWhite, window + "THEM a.theme NULL\nCADD Label a w 0 0 A\n"), "");
@@ -109,65 +109,65 @@ TEST_F(ContrastCheckTest, ALabelStandsOnTheWindowAroundIt) {
         "'a.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, ALabelInAFrameStandsOnTheWindowAroundTheFrame) {
+TEST_F(ContrastCheckTest, LabelInAFrameIsComparedWithTheWindowAroundTheFrame) {
     EXPECT_THAT(
         FoundIn(kGrey, kGrey,
                 "CADD Win w NULL -1 -1 0\nCADD Frame f w 0 0 1\nCADD Label a f 0 0 A\n"),
         HasSubstr("test.gui:5:12: warning: the text of 'a' has a contrast of 1.19:1, below"));
 }
 
-TEST_F(ContrastCheckTest, AMovableWindowIsBrightUnderTheMouse) {
+TEST_F(ContrastCheckTest, MovableWindowIsAlsoComparedAsBrightAsUnderTheMouse) {
     EXPECT_EQ(FoundIn(kWhite, kEdge, "CADD Win w NULL -1 -1 0\nCADD Label a w 0 0 A\n"), "");
     EXPECT_EQ(FoundIn(kWhite, kEdge, "CADD Win w NULL -1 -1 1\nCADD Label a w 0 0 A\n"),
               "test.gui:4:12: warning: the text of 'a' has a contrast of 3.84:1 under the mouse, "
               "below 4.5:1 (theme 'a.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, ATitleStandsOnItsWindow) {
+TEST_F(ContrastCheckTest, TitleIsComparedWithTheFillOfItsWindow) {
     EXPECT_EQ(FoundIn(kWhite, kEdge, "CADD Win w NULL -1 -1 1 Window\n"),
               "test.gui:3:10: warning: the title of 'w' has a contrast of 3.84:1 under the mouse, "
               "below 4.5:1 (theme 'a.theme')\n");
     EXPECT_EQ(FoundIn(kWhite, kEdge, "CADD Win w NULL -1 -1 0 Window\n"), "");
 }
 
-TEST_F(ContrastCheckTest, TickAndOptionBoxesStandOnTheWindowAroundThem) {
+TEST_F(ContrastCheckTest, TickAndOptionBoxesAreComparedWithTheWindowAroundThem) {
     EXPECT_THAT(FoundIn(kWhite, kWhite, "CADD Win w NULL -1 -1 0\nCADD Check a w 0 0 A\n"),
                 HasSubstr("test.gui:4:12: warning: the text of 'a' has a contrast of"));
     EXPECT_THAT(FoundIn(kWhite, kWhite, "CADD Win w NULL -1 -1 0\nCADD Opt a w 0 0 A\n"),
                 HasSubstr("test.gui:4:10: warning: the text of 'a' has a contrast of"));
 }
 
-TEST_F(ContrastCheckTest, WhatIsBehindALabelOnTheOpenScreenIsNotKnown) {
+TEST_F(ContrastCheckTest, LabelOnTheEmptyScreenIsNotCompared) {
     EXPECT_EQ(FoundIn(kWhite, kWhite, "CADD Label a NULL 0 0 A\n"), "");
 }
 
-TEST_F(ContrastCheckTest, TheRowOfTabsHasAThemeOfItsOwn) {
+TEST_F(ContrastCheckTest, RowOfTabsIsCheckedInItsOwnTheme) {
     folder.Write("tabwin_button.theme", Theme(kWhite, kEdge));
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nNTAB w 1 B\n"),
               "test.gui:2:11: warning: the row of tabs of 'w' has a contrast of 3.84:1 under the "
               "mouse, below 4.5:1 (theme 'tabwin_button.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, WhatSharesItsThemesIsReportedOnce) {
+TEST_F(ContrastCheckTest, WidgetsOfTheSameThemeAreReportedOnce) {
     EXPECT_EQ(FoundIn(kWhite, kEdge, "CADD Butt a NULL 1 1 Go\nCADD Butt b NULL 1 0.8 Go\n"),
               "test.gui:3:11: warning: the text of 'a' has a contrast of 3.84:1 under the mouse, "
               "below 4.5:1 (theme 'a.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, AnEmptyCaptionNeedsNoContrast) {
+TEST_F(ContrastCheckTest, EmptyTextIsNotCompared) {
     EXPECT_EQ(FoundIn(kWhite, kWhite, "CADD Win w NULL -1 -1 0\nCADD Check a w 0 0\n"), "");
 }
 
 // Pictures
 
-TEST_F(ContrastCheckTest, ALabelOnAnImageButtonStandsOnItsFillWhereThereIsNoPicture) {
+TEST_F(ContrastCheckTest, LabelOnAnImageButtonWithoutPictureIsComparedWithItsFill) {
     EXPECT_EQ(FoundIn(kWhite, kEdge,
                       "CADD Butt plate NULL -1 0.8 TEX 1 0.2\nCADD Label a NULL -0.9 0.85 A\n"),
               "test.gui:4:12: warning: the text of 'a' has a contrast of 3.84:1 under the mouse, "
               "below 4.5:1 (theme 'a.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, ALabelStandsOnThePartOfThePictureBehindIt) {
+TEST_F(ContrastCheckTest, LabelIsComparedWithThePartOfThePictureBehindIt) {
     WritePicture("halves.tga", {0, 0, 0, 255, 255, 255, 255, 255});
     folder.Write("picture.theme", Theme(kBlack, kWhite, "halves.tga"));
     const std::string plate = "THEM picture.theme NULL\nCADD Butt plate NULL -1 0.8 TEX 0.8 0.2\n";
@@ -178,7 +178,7 @@ TEST_F(ContrastCheckTest, ALabelStandsOnThePartOfThePictureBehindIt) {
         "'picture.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, TheLowerRowsOfAPictureAreTheFirst) {
+TEST_F(ContrastCheckTest, FirstRowsOfAPictureAreTheLowerOnes) {
     const std::uint8_t bytes[] = {0, 0, 0, 255, 255, 255};
     TextureData data;
     ASSERT_TRUE(data.Load(1, 2, false, bytes));
@@ -190,7 +190,7 @@ TEST_F(ContrastCheckTest, TheLowerRowsOfAPictureAreTheFirst) {
                 HasSubstr("the text of 'a' has a contrast of 1.00:1,"));
 }
 
-TEST_F(ContrastCheckTest, SpecksInAPictureDoNotHideAText) {
+TEST_F(ContrastCheckTest, FewPixelsWithTooLowContrastAreNotReported) {
     std::vector<std::uint8_t> greys(100, 255);
     for (const std::size_t speck : {10U, 30U, 50U})
         greys[speck] = 0;
@@ -206,7 +206,7 @@ TEST_F(ContrastCheckTest, SpecksInAPictureDoNotHideAText) {
     EXPECT_THAT(FoundIn(kBlack, kWhite, layout), HasSubstr("has a contrast of 1.00:1,"));
 }
 
-TEST_F(ContrastCheckTest, WhatAPictureLetsThroughIsSeen) {
+TEST_F(ContrastCheckTest, TextOnATransparentPictureIsComparedWithWhatIsBelowThePicture) {
     WritePicture("glass.tga", {255}, 0);
     folder.Write("glass.theme", Theme(kBlack, kWhite, "glass.tga"));
     folder.Write("night.theme", Theme(kBlack, kBlack));
@@ -222,7 +222,7 @@ TEST_F(ContrastCheckTest, WhatAPictureLetsThroughIsSeen) {
 
 // The game
 
-TEST_F(ContrastCheckTest, TheMessageBoxOfTheGameIsCheckedInItsTheme) {
+TEST_F(ContrastCheckTest, MessageBoxOfTheGameIsCheckedInItsTheme) {
     folder.Write("messagebox.theme", Theme(kWhite, kEdge));
     EXPECT_THAT(Found("", true),
                 HasSubstr("messagebox.theme:1:1: warning: the message box has a contrast of 3.84:1 "

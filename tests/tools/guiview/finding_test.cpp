@@ -10,7 +10,7 @@
 namespace guiview {
 namespace {
 
-TEST(FindingList, IsPrintedAsCompilersDo) {
+TEST(FindingList, IsPrintedOnePerLineWithFileLineAndColumn) {
     Findings findings;
     findings.Error("a.gui", {3, 14}, "not so");
     findings.Warn("b.theme", {1, 1}, "better not");
@@ -19,7 +19,7 @@ TEST(FindingList, IsPrintedAsCompilersDo) {
               "b.theme:1:1: warning: better not\n");
 }
 
-TEST(FindingList, IsAJsonArrayForEditors) {
+TEST(FindingList, IsPrintedAsAJsonArray) {
     Findings findings;
     findings.Error("a.gui", {3, 14}, "the tag 'a\"b' is taken");
     findings.Warn("b.theme", {1, 1}, "better not");
@@ -33,11 +33,11 @@ TEST(FindingList, IsAJsonArrayForEditors) {
     EXPECT_EQ(list[1]["severity"], "warning");
 }
 
-TEST(FindingList, IsAnEmptyArrayWhenThereIsNothing) {
+TEST(FindingList, WithoutFindingsIsAnEmptyJsonArray) {
     EXPECT_EQ(nlohmann::json::parse(Findings().AsJson()), nlohmann::json::array());
 }
 
-TEST(FindingList, BytesThatAreNoTextDoNotBreakTheJson) {
+TEST(FindingList, BytesThatAreNotUtf8StillGiveValidJson) {
     Findings findings;
     findings.Error("\xFF", {1, 1}, "\xE9\xC3");
     EXPECT_EQ(nlohmann::json::parse(findings.AsJson()).size(), 1U);
@@ -56,7 +56,7 @@ TEST(FindingList, IsSortedByFileLineAndColumn) {
               "b:1:1: warning: fourth\nb:1:1: warning: fifth\n");
 }
 
-TEST(FindingList, KnowsItsErrors) {
+TEST(FindingList, SaysWhetherThereAreErrors) {
     Findings findings;
     EXPECT_FALSE(findings.HasErrors());
     findings.Warn("a", {1, 1}, "a");

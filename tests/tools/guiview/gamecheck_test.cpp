@@ -22,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(GameCheckTest, AMissingTagIsAnErrorOfTheWholeLayout) {
+TEST_F(GameCheckTest, MissingTagIsAnErrorInTheFirstLine) {
     EXPECT_THAT(Found("", true), HasSubstr("test.gui:1:1: error: the game needs a Butt with the "
                                            "tag 'exitbut'\n"));
     EXPECT_THAT(Found("", true), HasSubstr("test.gui:1:1: error: the game needs a Slide with the "
@@ -35,11 +35,11 @@ TEST_F(GameCheckTest, AMissingTagIsAnErrorOfTheWholeLayout) {
                                            "tag 'newspaper'\n"));
 }
 
-TEST_F(GameCheckTest, NothingElseNeedsTheTags) {
+TEST_F(GameCheckTest, WithoutTheGameNoTagIsRequired) {
     EXPECT_EQ(Found("", false), "");
 }
 
-TEST_F(GameCheckTest, EveryTagOfTheGameIsLookedFor) {
+TEST_F(GameCheckTest, EveryTagOfTheGameThatIsNotOptionalIsRequired) {
     const std::string found = Found("", true);
     for (const tag::Widget& widget : tag::kWidgets) {
         const std::string finding = "with the tag '" + std::string(widget.tag) + "'\n";
@@ -50,12 +50,12 @@ TEST_F(GameCheckTest, EveryTagOfTheGameIsLookedFor) {
     }
 }
 
-TEST_F(GameCheckTest, AWidgetOfItsTagIsNotMissed) {
+TEST_F(GameCheckTest, WidgetWithTheTagIsFound) {
     EXPECT_TRUE(Lacks("CADD Label date2 NULL -1 1 A\n", "date"));
     EXPECT_FALSE(Lacks("CADD Label date NULL -1 1 A\n", "date"));
 }
 
-TEST_F(GameCheckTest, AWidgetOfTheWrongKindIsAnError) {
+TEST_F(GameCheckTest, WidgetOfTheWrongKindIsAnError) {
     EXPECT_THAT(
         Found("CONF gui.conf\nCADD Label exitbut NULL -1 1 Exit\n", true),
         HasSubstr("test.gui:2:6: error: 'exitbut' is a Label, and the game needs a Butt\n"));
@@ -64,13 +64,13 @@ TEST_F(GameCheckTest, AWidgetOfTheWrongKindIsAnError) {
         HasSubstr("test.gui:2:6: error: 'newspaper' is a TWin, and the game needs a Win\n"));
 }
 
-TEST_F(GameCheckTest, AnOptionalWidgetOfTheWrongKindIsAnError) {
+TEST_F(GameCheckTest, OptionalWidgetOfTheWrongKindIsAnError) {
     EXPECT_THAT(Found("CONF gui.conf\nCADD Label justiceslide NULL -1 1 Justice\n", true),
                 HasSubstr("test.gui:2:6: error: 'justiceslide' is a Label, and the game needs a "
                           "Slide\n"));
 }
 
-TEST_F(GameCheckTest, TheLongestTextsOfTheGameMustHaveRoom) {
+TEST_F(GameCheckTest, LabelsAreCheckedWithTheLongestTextsOfTheGame) {
     EXPECT_THAT(Found("CONF gui.conf\nCADD Label funds NULL -1 1 Funds\n", true),
                 HasSubstr("test.gui:2:12: warning: the text of 'funds' takes "));
     EXPECT_THAT(Found("CONF gui.conf\nCADD Label funds NULL -1.7 1 Government funds: -1.88888e+06 "
@@ -84,21 +84,21 @@ TEST_F(GameCheckTest, TheLongestTextsOfTheGameMustHaveRoom) {
                           "has room for 3\n"));
 }
 
-TEST_F(GameCheckTest, TheListOfPartnersGrowsWithTheirNames) {
+TEST_F(GameCheckTest, ListOfPartnersIsCheckedWithTheLongestNames) {
     EXPECT_THAT(
         Found("CONF gui.conf\nCADD Win w NULL -1.5 -1 0 Window\nCADD Combo countrysel w 0 1\n",
               true),
         HasSubstr("test.gui:3:12: warning: 'countrysel' runs out of 'w', "));
 }
 
-TEST_F(GameCheckTest, WhatTheGameDoesNotReadIsNothingToPress) {
+TEST_F(GameCheckTest, ButtonThatTheGameDoesNotReadMayBeAtTheCentre) {
     EXPECT_THAT(Found("CONF gui.conf\nCADD Butt other NULL 0 0 A\n", true),
                 Not(HasSubstr("'other'")));
     EXPECT_THAT(Found("CONF gui.conf\nCADD Butt update NULL 0 0 A\n", true),
                 HasSubstr("'update' lies at the centre of the screen"));
 }
 
-TEST_F(GameCheckTest, TheTextsAreAlwaysTheSame) {
+TEST_F(GameCheckTest, LongestTextsAreTheSameEachTime) {
     const HeadlessToolkit toolkit;
     ASSERT_TRUE(GLWidget::font.Measure("data/font.ttf"));
     EXPECT_EQ(LongestGameTexts(), LongestGameTexts());

@@ -10,30 +10,30 @@ namespace {
 
 using LayoutFileTest = LayoutTest;
 
-TEST_F(LayoutFileTest, AnEmptyLayoutIsClean) {
+TEST_F(LayoutFileTest, EmptyLayoutIsClean) {
     EXPECT_EQ(Found(""), "");
     EXPECT_EQ(Found("\n\n// nothing but words\n   \n"), "");
 }
 
-TEST_F(LayoutFileTest, AnUnknownStatementIsAnError) {
+TEST_F(LayoutFileTest, UnknownStatementIsAnError) {
     EXPECT_EQ(Found("// first\n  FADD Label a NULL 0 0 A\n"),
               "test.gui:2:3: error: unknown statement 'FADD'\n");
 }
 
-TEST_F(LayoutFileTest, StatementsAreKnownByTheirExactWord) {
+TEST_F(LayoutFileTest, StatementsInOtherSpellingsAreUnknown) {
     EXPECT_EQ(Found("solid\n"), "test.gui:1:1: error: unknown statement 'solid'\n");
     EXPECT_EQ(Found("SOLIDIFY\n"), "test.gui:1:1: error: unknown statement 'SOLIDIFY'\n");
 }
 
-TEST_F(LayoutFileTest, AStatementThatMakesNothingIsAWarning) {
+TEST_F(LayoutFileTest, StatementThatDoesNothingIsAWarning) {
     EXPECT_EQ(Found("CHLD a b\n"), "test.gui:1:1: warning: CHLD makes nothing\n");
 }
 
-TEST_F(LayoutFileTest, AnUnknownKindIsAnError) {
+TEST_F(LayoutFileTest, UnknownKindIsAnError) {
     EXPECT_EQ(Found("CADD Image a NULL 0 0\n"), "test.gui:1:6: error: unknown kind 'Image'\n");
 }
 
-TEST_F(LayoutFileTest, WhatHangsOnAnUnknownKindIsNotReportedAgain) {
+TEST_F(LayoutFileTest, WidgetsInsideOfAnUnknownKindAreNotReported) {
     EXPECT_EQ(FoundWithFont("CADD Window w NULL 0 0 1 A\nCADD Label a w 0 0 A\nCENTRE w\n"),
               "test.gui:2:6: error: unknown kind 'Window'\n");
 }
@@ -52,7 +52,7 @@ TEST_F(LayoutFileTest, MissingFieldsAreReportedWhereTheyShouldBegin) {
     EXPECT_EQ(Found("TEXT\n"), "test.gui:1:5: error: missing tag\n");
 }
 
-TEST_F(LayoutFileTest, EveryKindMissesItsOwnFields) {
+TEST_F(LayoutFileTest, MissingFieldsOfEachKindAreReported) {
     EXPECT_EQ(FoundWithFont("CADD Win a NULL 0 0\n"), "test.gui:2:20: error: missing movable\n");
     EXPECT_EQ(Found("CADD Frame a NULL 0 0\n"), "test.gui:1:22: error: missing border\n");
     EXPECT_EQ(FoundWithFont("CADD Butt a NULL 0 0\n"), "test.gui:2:21: error: missing caption\n");
@@ -60,19 +60,19 @@ TEST_F(LayoutFileTest, EveryKindMissesItsOwnFields) {
     EXPECT_EQ(FoundWithFont("CADD Text a NULL 0 0\n"), "test.gui:2:21: error: missing columns\n");
 }
 
-TEST_F(LayoutFileTest, AMissingFieldIsNotLookedForInTheNextLine) {
+TEST_F(LayoutFileTest, MissingFieldIsNotTakenFromTheNextLine) {
     EXPECT_EQ(Found("CADD Slide a NULL 0.5\nCADD Slide b NULL 1 1 0.3 0\n"),
               "test.gui:1:22: error: missing y\n");
 }
 
-TEST_F(LayoutFileTest, MalformedNumbersAreReportedEachOnItsOwn) {
+TEST_F(LayoutFileTest, EachMalformedNumberIsReported) {
     EXPECT_EQ(Found("CADD Slide a NULL 0,5 one 1x 0\n"),
               "test.gui:1:19: error: '0,5' is no number for x\n"
               "test.gui:1:23: error: 'one' is no number for y\n"
               "test.gui:1:27: error: '1x' is no number for width\n");
 }
 
-TEST_F(LayoutFileTest, NumbersAreThoseOfTheToolkitsReader) {
+TEST_F(LayoutFileTest, NumbersAreValidIfTheToolkitReadsThemWhole) {
     for (const char* number : {"0", "-0.5", "+1", ".5", "1.", "1e-2", "-1E-2", "00.7"}) {
         EXPECT_EQ(Found("CADD Slide a NULL " + std::string(number) + " 0.5 0.3 0\n"), "") << number;
     }
@@ -82,21 +82,21 @@ TEST_F(LayoutFileTest, NumbersAreThoseOfTheToolkitsReader) {
     }
 }
 
-TEST_F(LayoutFileTest, TabsColumnsAndRowsAreWholeNumbers) {
+TEST_F(LayoutFileTest, FractionsAndWordsAreErrorsWhereWholeNumbersAreNeeded) {
     EXPECT_EQ(FoundWithFont("CADD Text a NULL 1 1 8.5 2\n"),
               "test.gui:2:22: error: '8.5' is no whole number for columns\n");
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL 0 -1\nNTAB w one A\n"),
               "test.gui:3:8: error: 'one' is no whole number for tab\n");
 }
 
-TEST_F(LayoutFileTest, FlagsAre0Or1) {
+TEST_F(LayoutFileTest, FlagThatIsNeither0Nor1IsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Win a NULL 0 0 2 A\n"),
               "test.gui:2:21: error: '2' is neither 0 nor 1 for movable\n");
     EXPECT_EQ(Found("CADD Frame a NULL 0 0 yes\n"),
               "test.gui:1:23: error: 'yes' is neither 0 nor 1 for border\n");
 }
 
-TEST_F(LayoutFileTest, WordsBehindTheLastFieldAreAComment) {
+TEST_F(LayoutFileTest, WordsAfterTheLastFieldAreAComment) {
     EXPECT_EQ(FoundWithFont("THEM default NULL the look\n"
                             "CADD Slide a NULL 1 1 0.3 0 a slider\n"
                             "CADD Butt b NULL -1 1 TEX 0.1 0.1 a picture\n"
@@ -104,16 +104,16 @@ TEST_F(LayoutFileTest, WordsBehindTheLastFieldAreAComment) {
               "");
 }
 
-TEST_F(LayoutFileTest, SurplusWordsBehindACaptionAreAWarning) {
+TEST_F(LayoutFileTest, SecondWordOfACaptionIsAWarning) {
     EXPECT_EQ(FoundWithFont("CADD Butt a NULL 1 1 Next week\n"),
               "test.gui:2:27: warning: a Butt's caption is one word: 'week' is not shown\n");
 }
 
-TEST_F(LayoutFileTest, ACommentBehindACaptionIsNone) {
+TEST_F(LayoutFileTest, CommentAfterACaptionIsNoSurplusWord) {
     EXPECT_EQ(FoundWithFont("CADD Butt a NULL 1 1 Week // one week\n"), "");
 }
 
-TEST_F(LayoutFileTest, TextsMayHave511Characters) {
+TEST_F(LayoutFileTest, TextsOfMoreThan511CharactersAreErrors) {
     const auto found = [](const std::string& text) {
         Findings findings;
         ParseLayout("a.gui", "TEXT c " + text + "\n", findings);
@@ -125,7 +125,7 @@ TEST_F(LayoutFileTest, TextsMayHave511Characters) {
               "shown\n");
 }
 
-TEST_F(LayoutFileTest, BytesOf128AndMoreAreErrorsInWhatIsShown) {
+TEST_F(LayoutFileTest, BytesWithoutGlyphAreErrorsInTexts) {
     EXPECT_EQ(
         FoundWithFont("CADD Label a NULL 1 1 5 \xE2\x82\xAC\n"),
         "test.gui:2:25: error: byte 226 has no glyph: only the codes 1 to 127 can be shown\n");
@@ -140,7 +140,7 @@ TEST_F(LayoutFileTest, CommentsMayHoldAnyBytes) {
     EXPECT_EQ(Found("// \xC3\xA9\xFF\nTHEM default NULL \xC3\xA9\n"), "");
 }
 
-TEST_F(LayoutFileTest, ALineThatTheToolkitDoesNotSkipWholeIsAnError) {
+TEST_F(LayoutFileTest, LineThatIsTooLongToBeSkippedIsAnError) {
     EXPECT_EQ(Found("// " + std::string(9999, '-') + "\n"), "");
     EXPECT_EQ(
         Found("// " + std::string(10000, '-') + "\n"),
@@ -148,15 +148,15 @@ TEST_F(LayoutFileTest, ALineThatTheToolkitDoesNotSkipWholeIsAnError) {
         "one\n");
 }
 
-TEST_F(LayoutFileTest, CarriageReturnsAreBlanks) {
+TEST_F(LayoutFileTest, CarriageReturnsCountAsBlanks) {
     EXPECT_EQ(FoundWithFont("CADD Label a NULL 1 1 A\r\nCADD Check b NULL -1 1\r\nSOLID\r\n"), "");
 }
 
-TEST_F(LayoutFileTest, TheLastLineNeedsNoEnd) {
+TEST_F(LayoutFileTest, LastLineMayLackItsLineEnd) {
     EXPECT_EQ(Found("THEM"), "test.gui:1:5: error: missing theme\n");
 }
 
-TEST_F(LayoutFileTest, EverythingIsFoundAtOnce) {
+TEST_F(LayoutFileTest, OneCheckReportsAllErrors) {
     EXPECT_EQ(Found("THEM none.theme NULL\nFOO\nCADD Slide a NULL x 0 1 0\nCENTRE b\n"),
               "test.gui:1:6: error: the theme 'none.theme' cannot be read\n"
               "test.gui:2:1: error: unknown statement 'FOO'\n"

@@ -22,28 +22,28 @@ TEST(LayoutFormat, ColumnsOfAParagraphAreAligned) {
               "CADD Butt  farmers--  people   .5 -3     --\n");
 }
 
-TEST(LayoutFormat, ABlankLineEndsTheColumns) {
+TEST(LayoutFormat, BlankLineBeginsNewColumns) {
     EXPECT_EQ(FormatLayout("CADD Label a NULL 0 0 A\n\nCADD Label longer NULL 0 0 B\n  \n"
                            "CADD TWin t NULL 1 1\n"),
               "CADD Label a NULL 0 0 A\n\nCADD Label longer NULL 0 0 B\n  \n"
               "CADD TWin t NULL 1 1\n");
 }
 
-TEST(LayoutFormat, CommentsAndOtherStatementsDoNot) {
+TEST(LayoutFormat, CommentsAndOtherStatementsDoNotBeginNewColumns) {
     EXPECT_EQ(FormatLayout("CADD Label a NULL 0 0 A\n// a  comment\nTHEM default NULL\n"
                            "CADD Combo list NULL 0 0\n"),
               "CADD Label a    NULL 0 0 A\n// a  comment\nTHEM default NULL\n"
               "CADD Combo list NULL 0 0\n");
 }
 
-TEST(LayoutFormat, EveryStatementHasItsOwnColumns) {
+TEST(LayoutFormat, EachStatementHasItsOwnColumns) {
     EXPECT_EQ(FormatLayout("THEM a.theme NULL\nNTAB tables 0 One\nTHEM longer.theme NULL\n"
                            "NTAB t 10 Ten\nTEXT list A\nTEXT l B\n"),
               "THEM a.theme      NULL\nNTAB tables  0 One\nTHEM longer.theme NULL\n"
               "NTAB t      10 Ten\nTEXT list A\nTEXT l    B\n");
 }
 
-TEST(LayoutFormat, WidgetsOnTabsStandInTheColumnsOfTheOthers) {
+TEST(LayoutFormat, WidgetsOnTabsShareTheColumnsOfOtherWidgets) {
     EXPECT_EQ(
         FormatLayout("CADD TWin t NULL 0 0\nTADD 0 Label a t 0 0 A\nTADD 12 Label b t 0 0 B\n"),
         "CADD    TWin  t NULL 0 0\nTADD 0  Label a t    0 0 A\nTADD 12 Label b t    0 0 B\n");
@@ -54,23 +54,23 @@ TEST(LayoutFormat, IndentationIsKept) {
               "CADD   Win   w NULL 0 0 0 W\n  CADD Label a w    0 0 A\n");
 }
 
-TEST(LayoutFormat, TextsStayAsTheyAreToTheLastBlank) {
+TEST(LayoutFormat, TextsKeepTheirBlanks) {
     EXPECT_EQ(FormatLayout("CADD Label a  NULL 0 0   two  blanks  \nTEXT a   b  c \n"),
               "CADD Label a NULL 0 0 two  blanks  \nTEXT a b  c \n");
 }
 
-TEST(LayoutFormat, CommentsBehindAStatementStayWhereTheyBegin) {
+TEST(LayoutFormat, CommentAfterAStatementKeepsItsBlanks) {
     EXPECT_EQ(FormatLayout("CONF  gui.conf    // the font\nCADD Slide a NULL  0 0 1 0   track\n"),
               "CONF gui.conf    // the font\nCADD Slide a NULL 0 0 1 0   track\n");
 }
 
-TEST(LayoutFormat, LinesThatAreNotWellFormedStay) {
+TEST(LayoutFormat, LinesWithErrorsAreKept) {
     EXPECT_EQ(
         FormatLayout("CADD  Label a NULL zero 0 A\nCADD  Fancy b NULL 0 0\nFOO  bar\nCADD  Win\n"),
         "CADD  Label a NULL zero 0 A\nCADD  Fancy b NULL 0 0\nFOO  bar\nCADD  Win\n");
 }
 
-TEST(LayoutFormat, LineEndsStay) {
+TEST(LayoutFormat, LineEndsAreKept) {
     EXPECT_EQ(FormatLayout("CADD  Label a NULL 0 0 A\r\nSOLID\r\nTHEM  default NULL"),
               "CADD Label a NULL 0 0 A\r\nSOLID\r\nTHEM default NULL");
     EXPECT_EQ(FormatLayout("CADD  Check a NULL 0 0\r\n"), "CADD Check a NULL 0 0\r\n");
@@ -86,7 +86,7 @@ TEST(LayoutFormat, FormattingAgainChangesNothing) {
     EXPECT_EQ(FormatLayout(formatted), formatted);
 }
 
-TEST(LayoutFormat, NothingButBlanksBetweenFieldsChanges) {
+TEST(LayoutFormat, OnlyBlanksBetweenFieldsChange) {
     std::ifstream file("data/my.gui.debug");
     const std::string content{std::istreambuf_iterator<char>(file), {}};
     Findings findings;

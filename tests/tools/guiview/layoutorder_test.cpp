@@ -12,17 +12,17 @@ using LayoutOrderTest = LayoutTest;
 
 // Tags
 
-TEST_F(LayoutOrderTest, AnUnknownParentIsAnError) {
+TEST_F(LayoutOrderTest, UnknownParentIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Label a win 0 0 A\n"),
               "test.gui:2:14: error: unknown tag 'win'\n");
 }
 
-TEST_F(LayoutOrderTest, AParentMustComeFirst) {
+TEST_F(LayoutOrderTest, ParentAfterItsChildIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Label a win 0 0 A\nCADD Win win NULL 0 -1 0 A\n"),
               "test.gui:2:14: error: unknown tag 'win'\n");
 }
 
-TEST_F(LayoutOrderTest, UnknownTagsAreErrorsInEveryStatement) {
+TEST_F(LayoutOrderTest, UnknownTagIsAnErrorInEveryStatement) {
     EXPECT_EQ(FoundWithFont("NTAB a 0 A\nTEXT b B\nCENTRE c\nCENTREX d\nCENTREY e\n"),
               "test.gui:2:6: error: unknown tag 'a'\n"
               "test.gui:3:6: error: unknown tag 'b'\n"
@@ -31,25 +31,25 @@ TEST_F(LayoutOrderTest, UnknownTagsAreErrorsInEveryStatement) {
               "test.gui:6:9: error: unknown tag 'e'\n");
 }
 
-TEST_F(LayoutOrderTest, StatementsForNoWidgetAreIgnored) {
+TEST_F(LayoutOrderTest, StatementsForTheTagNullAreIgnored) {
     EXPECT_EQ(FoundWithFont("NTAB NULL 0 A\nTEXT NULL B\nCENTRE NULL\n"), "");
 }
 
-TEST_F(LayoutOrderTest, ADuplicateTagIsAnError) {
+TEST_F(LayoutOrderTest, DuplicateTagIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Label a NULL 0 0 A\nCADD Label a NULL 0 1 B\n"),
               "test.gui:3:12: error: the tag 'a' is taken by line 2\n");
 }
 
-TEST_F(LayoutOrderTest, WidgetsWithoutATagMayBeMany) {
+TEST_F(LayoutOrderTest, AnyNumberOfWidgetsMayHaveNoTag) {
     EXPECT_EQ(FoundWithFont("CADD Label NULL NULL 0 0 A\nCADD Label NULL NULL 0 1 B\n"), "");
 }
 
-TEST_F(LayoutOrderTest, AWidgetThatIsItsOwnParentIsAnError) {
+TEST_F(LayoutOrderTest, WidgetThatIsItsOwnParentIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Win a a 0 0 0 A\n"),
               "test.gui:2:12: error: 'a' names itself as its parent\n");
 }
 
-TEST_F(LayoutOrderTest, TagsOfTheToolkitAreErrors) {
+TEST_F(LayoutOrderTest, TagsThatAreReservedForTheToolkitAreErrors) {
     EXPECT_EQ(FoundWithFont("CADD Label __a NULL 0 0 A\nCADD Label b __c 0 0 B\nTEXT __d D\n"),
               "test.gui:2:12: error: the tag '__a' belongs to the toolkit\n"
               "test.gui:3:14: error: the tag '__c' belongs to the toolkit\n"
@@ -58,24 +58,24 @@ TEST_F(LayoutOrderTest, TagsOfTheToolkitAreErrors) {
 
 // Parents
 
-TEST_F(LayoutOrderTest, AParentThatIsNoContainerIsAnError) {
+TEST_F(LayoutOrderTest, ParentThatIsNotAContainerIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Label a NULL 0 0 A\nCADD Label b a 0 0 B\n"),
               "test.gui:3:14: error: the parent 'a' is a Label, no Win, Frame or TWin\n");
 }
 
-TEST_F(LayoutOrderTest, ATabOfWhatHasNoTabsIsAnError) {
+TEST_F(LayoutOrderTest, TabOfAWidgetWithoutTabsIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Win a NULL 0 -1 0 A\nTADD 0 Label b a 0 0 B\nNTAB a 0 A\n"),
               "test.gui:3:16: error: the parent 'a' is a Win and has no tabs\n"
               "test.gui:4:6: error: 'a' is a Win and has no tabs\n");
 }
 
-TEST_F(LayoutOrderTest, AWidgetOnNoTabIsAnError) {
+TEST_F(LayoutOrderTest, ChildOfATabWindowOnNoTabIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nTADD 0 Label a w 0 0 A\n"
                             "CADD Label b w 0 0.2 B\n"),
               "test.gui:5:12: error: 'b' is on no tab of 'w' and is never seen: use TADD\n");
 }
 
-TEST_F(LayoutOrderTest, NestingDeeperThanTheToolkitDrawsIsAnError) {
+TEST_F(LayoutOrderTest, NestingThatIsTooDeepForTheToolkitIsAnError) {
     std::string layout = "CADD Frame f0 NULL -1 -1 0\n";
     for (int i = 1; i <= 13; ++i) {
         layout += "CADD Frame f" + std::to_string(i) + " f" + std::to_string(i - 1) + " 0 0 0\n";
@@ -85,7 +85,7 @@ TEST_F(LayoutOrderTest, NestingDeeperThanTheToolkitDrawsIsAnError) {
 
 // Tabs
 
-TEST_F(LayoutOrderTest, AGapInTheTabNumbersIsAnError) {
+TEST_F(LayoutOrderTest, GapInTheTabNumbersIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nNTAB w 2 C\n"),
               "test.gui:4:8: error: tab 1 of 'w' is missing before tab 2\n");
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 1 B\nTADD 1 Label a w 0 0 A\n"),
@@ -98,47 +98,47 @@ TEST_F(LayoutOrderTest, TabsMayComeInAnyOrder) {
               "");
 }
 
-TEST_F(LayoutOrderTest, ATabWithoutTitleIsAnError) {
+TEST_F(LayoutOrderTest, TabWithoutTitleIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nTADD 1 Label a w 0 0 A\n"),
               "test.gui:4:6: error: tab 1 of 'w' has no NTAB, so nobody can open it\n");
 }
 
-TEST_F(LayoutOrderTest, ATitleForATabThatHoldsAWidgetIsAnError) {
+TEST_F(LayoutOrderTest, TitleForATabThatHoldsAWidgetIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nTADD 0 Label a w 0 0 A\nNTAB w 0 A\n"),
               "test.gui:4:8: error: NTAB empties tab 0 of 'w', which holds 'a': it belongs before "
               "TADD\n");
 }
 
-TEST_F(LayoutOrderTest, ATitleForAnotherTabMayComeLater) {
+TEST_F(LayoutOrderTest, TitleForAnotherTabMayComeLater) {
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nTADD 0 Label a w 0 0 A\n"
                             "NTAB w 1 B\nTADD 1 Label b w 0 0 B\n"),
               "");
 }
 
-TEST_F(LayoutOrderTest, ASecondTitleIsAnError) {
+TEST_F(LayoutOrderTest, SecondTitleOfATabIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nNTAB w 0 B\n"),
               "test.gui:4:8: error: tab 0 of 'w' has its title from line 3\n");
 }
 
-TEST_F(LayoutOrderTest, TabNumbersThatNoWindowHasAreErrors) {
+TEST_F(LayoutOrderTest, TabNumbersOutOfRangeAreErrors) {
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w -1 A\nTADD 64 Label a w 0 0 A\n"),
               "test.gui:3:8: error: there is no tab -1: tabs count from 0 to 63\n"
               "test.gui:4:6: error: there is no tab 64: tabs count from 0 to 63\n");
 }
 
-TEST_F(LayoutOrderTest, ATitleAfterSolidIsAnError) {
+TEST_F(LayoutOrderTest, TabTitleAfterSolidIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nSOLID\nNTAB w 0 A\n"),
               "test.gui:4:1: error: NTAB comes after SOLID: the tabs are put in the wrong place\n");
 }
 
 // Themes and the configuration
 
-TEST_F(LayoutOrderTest, AThemeWhoseSecondWordIsNotNullIsAnError) {
+TEST_F(LayoutOrderTest, ThemeFollowedByAnotherWordThanNullIsAnError) {
     EXPECT_EQ(Found("THEM default.theme NUL\n"),
               "test.gui:1:20: error: the word behind THEM's theme is 'NUL' and must be NULL\n");
 }
 
-TEST_F(LayoutOrderTest, AThemeWithoutItsSecondWordIsAnError) {
+TEST_F(LayoutOrderTest, ThemeWithoutNullIsAnError) {
     EXPECT_EQ(Found("THEM default\n"), "test.gui:1:13: error: missing NULL\n");
 }
 
@@ -150,12 +150,12 @@ TEST_F(LayoutOrderTest, TextWidgetsBeforeTheConfigurationAreErrors) {
               "test.gui:4:6: error: 'w' shows text and comes before CONF, which loads the font\n");
 }
 
-TEST_F(LayoutOrderTest, ALayoutWithTextsNeedsAConfiguration) {
+TEST_F(LayoutOrderTest, LayoutWithTextsNeedsAConfiguration) {
     EXPECT_EQ(Found("CADD Label a NULL 0 0 A\nCADD Label b NULL 0 1 A\n"),
               "test.gui:1:12: error: there is no CONF to name the font of 'a'\n");
 }
 
-TEST_F(LayoutOrderTest, ALayoutWithoutTextsNeedsNone) {
+TEST_F(LayoutOrderTest, LayoutWithoutTextsNeedsNoConfiguration) {
     EXPECT_EQ(Found("CADD Butt a NULL 1 1 TEX 0.1 0.1\nCADD Frame f NULL -1 0 0\n"), "");
 }
 
@@ -168,27 +168,27 @@ TEST_F(LayoutOrderTest, WidgetsAfterSolidAreErrors) {
               "test.gui:5:10: error: 'b' comes after SOLID and is never put in its place\n");
 }
 
-TEST_F(LayoutOrderTest, ASecondSolidIsAnError) {
+TEST_F(LayoutOrderTest, SecondSolidIsAnError) {
     EXPECT_EQ(Found("SOLID\nSOLID\n"),
               "test.gui:2:1: error: SOLID a second time moves what is in its place already\n");
 }
 
-TEST_F(LayoutOrderTest, AContainerCentredBeforeSolidIsAWarning) {
+TEST_F(LayoutOrderTest, ContainerCentredBeforeSolidIsAWarning) {
     EXPECT_EQ(FoundWithFont("CADD Win w NULL -1.5 -1 0 Window\nCENTREX w\n"),
               "test.gui:3:9: warning: 'w' has no size before SOLID and is not centred\n");
 }
 
-TEST_F(LayoutOrderTest, AContainerMayBeCentredAfterSolid) {
+TEST_F(LayoutOrderTest, ContainerMayBeCentredAfterSolid) {
     EXPECT_EQ(FoundWithFont("CADD Win w NULL 0 1 0 Window\nSOLID\nCENTREX w\n"), "");
 }
 
-TEST_F(LayoutOrderTest, ALeafMayBeCentredAtOnce) {
+TEST_F(LayoutOrderTest, LabelMayBeCentredBeforeSolid) {
     EXPECT_EQ(FoundWithFont("CADD Label a NULL 0 0 A\nCENTRE a\n"), "");
 }
 
 // Values
 
-TEST_F(LayoutOrderTest, ATrackHasOneLength) {
+TEST_F(LayoutOrderTest, SliderWithoutExactlyOneLengthIsAnError) {
     const std::string finding =
         "test.gui:1:23: error: a Slide is a width and 0, or 0 and a height, none of them "
         "negative\n";
@@ -199,26 +199,26 @@ TEST_F(LayoutOrderTest, ATrackHasOneLength) {
     EXPECT_EQ(Found("CADD Slide a NULL 0 1 -0.3 0\n"), finding);
 }
 
-TEST_F(LayoutOrderTest, APictureHasASize) {
+TEST_F(LayoutOrderTest, ImageButtonWithoutSizeIsAnError) {
     EXPECT_EQ(Found("CADD Butt a NULL 0 1 TEX 0 0.1\nCADD Butt b NULL 0 1 TEX 0.1 -0.1\n"),
               "test.gui:1:26: error: a size of 0 cannot be seen\n"
               "test.gui:2:30: error: a size of -0.1 cannot be seen\n");
 }
 
-TEST_F(LayoutOrderTest, ATextBoxHasColumnsAndRows) {
+TEST_F(LayoutOrderTest, TextBoxWithoutOrWithTooManyColumnsOrRowsIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Text a NULL 0 1 0 1\nCADD Text b NULL 0 1 1 1001\n"),
               "test.gui:2:22: error: a Text has 1 to 1000 columns and rows\n"
               "test.gui:3:24: error: a Text has 1 to 1000 columns and rows\n");
 }
 
-TEST_F(LayoutOrderTest, ItemsOfWhatShowsNoneAreAWarning) {
+TEST_F(LayoutOrderTest, ItemForAWidgetThatIsNotAListIsAWarning) {
     EXPECT_EQ(FoundWithFont("CADD Label a NULL 0 1 A\nTEXT a item\n"),
               "test.gui:3:6: warning: 'a' is a Label: only a Combo shows items\n");
 }
 
 // What the toolkit is given
 
-TEST_F(LayoutOrderTest, WhatTheToolkitWouldStopAtIsLeftOut) {
+TEST_F(LayoutOrderTest, StatementsThatWouldStopTheToolkitAreLeftOut) {
     Findings findings;
     const LayoutFile file = ParseLayout("a.gui",
                                         "CONF gui.conf  // font\n"

@@ -18,12 +18,12 @@ protected:
     }
 };
 
-TEST_F(SceneTest, ATreeNamesTagKindParentAndBox) {
+TEST_F(SceneTest, TreeListsTagKindParentAndBox) {
     EXPECT_EQ(Tree("CADD Butt picture NULL -1 0.5 TEX 0.25 0.125\n"),
               "picture Butt  NULL  -1.0000   0.5000  -0.7500   0.6250\n");
 }
 
-TEST_F(SceneTest, BoxesAreThoseOnTheScreen) {
+TEST_F(SceneTest, BoxesAreInCoordinatesOfTheScreen) {
     EXPECT_EQ(Tree("CADD Frame outer NULL 0.5 0.5 1\nCADD Frame inner outer 0.1 0.1 0\n"
                    "CADD Butt a inner 0.2 0.2 TEX 0.1 0.1\n"),
               "outer Frame NULL    0.5000   0.5000   1.0200   1.0200\n"
@@ -31,7 +31,7 @@ TEST_F(SceneTest, BoxesAreThoseOnTheScreen) {
               "a     Butt  inner   0.8300   0.8300   0.9300   0.9300\n");
 }
 
-TEST_F(SceneTest, WidgetsComeInTheOrderInWhichTheToolkitGoesOverThem) {
+TEST_F(SceneTest, WidgetsAreListedInTheOrderInWhichTheToolkitDrawsThem) {
     // A container joins its parent only when the layout is solid, so "late" comes before it.
     EXPECT_EQ(Tree("CADD Frame f NULL 0 0.5 0\nCADD Frame g f 0.5 0 0\n"
                    "CADD Butt late f 0 0 TEX 0.1 0.1\nCADD Butt NULL g 0 0 TEX 0.1 0.1\n"),
@@ -41,7 +41,7 @@ TEST_F(SceneTest, WidgetsComeInTheOrderInWhichTheToolkitGoesOverThem) {
               "NULL Butt  g      0.5000   0.5000   0.6000   0.6000\n");
 }
 
-TEST_F(SceneTest, WidgetsOnTabsAreThereWithTheirTab) {
+TEST_F(SceneTest, WidgetsOnTabsAreListedWithTheirTab) {
     const std::string tree = Tree(
         "CONF gui.conf\nCADD TWin w NULL 0 0\nNTAB w 0 A\nNTAB w 1 B\n"
         "TADD 1 Butt b w 0 0 TEX 0.1 0.1\nTADD 0 Butt a w 0 0 TEX 0.2 0.1\n");
@@ -58,18 +58,18 @@ TEST_F(SceneTest, WidgetsOnTabsAreThereWithTheirTab) {
     EXPECT_NE(b, std::string::npos) << tree;
 }
 
-TEST_F(SceneTest, TheDropButtonIsAChildOfItsList) {
+TEST_F(SceneTest, DropButtonIsListedAsAChildOfItsList) {
     const std::string tree = Tree("CONF gui.conf\nCADD Combo c NULL 0.5 0.25\n");
     EXPECT_NE(tree.find("\n__cdropbox Butt  c      0.5000   0.2500 "), std::string::npos) << tree;
 }
 
-TEST_F(SceneTest, ASliderHasTheToolkitsBox) {
+TEST_F(SceneTest, SliderIsListedWithTheToolkitsBox) {
     EXPECT_EQ(Tree("CADD Slide s NULL 0.5 0.5 0.3 0\nCADD Slide t NULL -0.5 0.5 0 0.3\n"),
               "s Slide NULL   0.5000   0.4000   0.9000   0.6000\n"
               "t Slide NULL  -0.5500   0.4500  -0.3500   0.8500\n");
 }
 
-TEST_F(SceneTest, TheGamesOwnLayoutBuildsItsTree) {
+TEST_F(SceneTest, AllWidgetsOfTheGamesLayoutAreListed) {
     const auto layout = LayoutSource::Read("data/my.gui.debug");
     ASSERT_TRUE(layout);
     EXPECT_EQ(layout->Found().AsText(), "");

@@ -29,7 +29,7 @@ protected:
 
 // Outside
 
-TEST_F(ScreenCheckTest, AWidgetThatFillsTheScreenIsInside) {
+TEST_F(ScreenCheckTest, WidgetThatFillsTheScreenIsInside) {
     EXPECT_EQ(Found("CADD Butt a NULL -1.7333 -1.3 TEX 3.4667 2.6\nCADD Frame f NULL 0 0 0\n"), "");
 }
 
@@ -43,30 +43,30 @@ TEST_F(ScreenCheckTest, WidgetsOutsideTheScreenAreWarnings) {
               "edge\n");
 }
 
-TEST_F(ScreenCheckTest, AWidgetThatAsksForAnEdgeIsThere) {
+TEST_F(ScreenCheckTest, WidgetsThatAskForAnEdgeOfTheScreenAreInside) {
     EXPECT_EQ(FoundWithFont("CADD Label a NULL 100 -100 A\nCADD Label b NULL -100 100 B\n"), "");
 }
 
-TEST_F(ScreenCheckTest, AWindowMayGrowBeyondTheEdgeThatItAskedFor) {
+TEST_F(ScreenCheckTest, WindowThatGrowsBeyondTheEdgeOfTheScreenIsAWarning) {
     // The room for the title comes after the window was put at the edge.
     EXPECT_EQ(
         FoundWithFont("CADD Win w NULL -100 100 0 Top\nCADD Butt a w 0 0 TEX 0.3 0.3\n"),
         "test.gui:2:10: warning: 'w' is outside the screen, 16 pixels beyond its upper edge\n");
 }
 
-TEST_F(ScreenCheckTest, AChildOutsideItsWindowIsAWarning) {
+TEST_F(ScreenCheckTest, ChildOutsideItsWindowIsAWarning) {
     EXPECT_EQ(FoundWithFont("CADD Win w NULL -1 -1 0 Window\nCADD Butt a w -0.1 0 TEX 0.3 0.3\n"),
               "test.gui:3:11: warning: 'a' runs out of 'w', 16 pixels beyond its left edge\n");
 }
 
-TEST_F(ScreenCheckTest, AKnobAtTheStartOfItsTrackCounts) {
+TEST_F(ScreenCheckTest, SliderWhoseKnobCanLeaveTheScreenIsAWarning) {
     EXPECT_EQ(
         Found("CADD Slide a NULL -1.7333 0.5 1 0\n"),
         "test.gui:1:12: warning: 'a' is outside the screen, 12 pixels beyond its left edge\n");
     EXPECT_EQ(Found("CADD Slide a NULL -1.68 0.5 1 0\n"), "");
 }
 
-TEST_F(ScreenCheckTest, TheKnobOfAVerticalTrackHangsToTheLeft) {
+TEST_F(ScreenCheckTest, KnobOfAVerticalSliderReachesToTheLeft) {
     EXPECT_EQ(
         Found("CADD Slide a NULL -1.7 0.5 0 0.3\n"),
         "test.gui:1:12: warning: 'a' is outside the screen, 15 pixels beyond its left edge\n");
@@ -83,32 +83,32 @@ TEST_F(ScreenCheckTest, SiblingsThatOverlapAreAWarning) {
               "pixels down\n");
 }
 
-TEST_F(ScreenCheckTest, TouchingIsNotOverlapping) {
+TEST_F(ScreenCheckTest, SiblingsThatTouchDoNotOverlap) {
     EXPECT_EQ(Found("CADD Butt a NULL 1 1 TEX 0.1 0.1\nCADD Butt b NULL 1.1 1 TEX 0.1 0.1\n"
                     "CADD Butt c NULL 1 1.099 TEX 0.2 0.1\n"),
               "");
 }
 
-TEST_F(ScreenCheckTest, APictureMayLieBehindWhatComesLater) {
+TEST_F(ScreenCheckTest, ImageButtonMayBeTheBackgroundOfALaterWidget) {
     EXPECT_EQ(FoundWithFont("CADD Butt desk NULL -1.7333 -1.3 TEX 3.4666 2.6\n"
                             "CADD Butt plate NULL 0.5 1 TEX 1 0.2\n"
                             "CADD Label a NULL 0.6 1.05 A\n"),
               "");
 }
 
-TEST_F(ScreenCheckTest, APictureOverWhatCameEarlierIsAWarning) {
+TEST_F(ScreenCheckTest, ImageButtonOverAnEarlierWidgetIsAWarning) {
     EXPECT_EQ(FoundWithFont("CADD Label a NULL 0.6 1.05 A\nCADD Butt plate NULL 0.5 1 TEX 1 0.2\n"),
               "test.gui:3:11: warning: 'plate' overlaps 'a' of line 2 by " + LetterWidth()
                   + " across and 15 pixels down\n");
 }
 
-TEST_F(ScreenCheckTest, ALabelThatIsLargerThanItsBackgroundIsAWarning) {
+TEST_F(ScreenCheckTest, LabelThatIsLargerThanItsBackgroundIsAWarning) {
     EXPECT_THAT(FoundWithFont("CADD Butt plate NULL 0.5 1 TEX 0.05 0.2\n"
                               "CADD Label a NULL 0.5 1.05 Far too wide\n"),
                 HasSubstr("test.gui:3:12: warning: 'a' overlaps 'plate' of line 2 by 12 pixels"));
 }
 
-TEST_F(ScreenCheckTest, WidgetsOfDifferentWindowsAreNoSiblings) {
+TEST_F(ScreenCheckTest, WidgetsOfDifferentWindowsMayOverlap) {
     EXPECT_EQ(Found("CADD Frame f NULL -1 0.5 0\nCADD Butt a f 0 0 TEX 0.1 0.1\n"
                     "CADD Frame g NULL 1 0.5 0\nCADD Butt b g 0 0 TEX 0.1 0.1\n"),
               "");
@@ -123,20 +123,20 @@ TEST_F(ScreenCheckTest, WidgetsOfDifferentTabsDoNotOverlap) {
                 HasSubstr("'b' overlaps 'a' of line 5"));
 }
 
-TEST_F(ScreenCheckTest, APressThatReachesASliderBesideAButtonIsAWarning) {
+TEST_F(ScreenCheckTest, SliderSoNearToAButtonThatOneClickReachesBothIsAWarning) {
     const std::string button = "CADD Butt a NULL 1 1 TEX 0.2 0.1\n";
     EXPECT_EQ(Found(button + "CADD Slide b NULL 0.6 0.94 0.5 0\n"),
               "test.gui:2:12: warning: a press on 'b' or on 'a' of line 1 moves both\n");
     EXPECT_EQ(Found(button + "CADD Slide b NULL 0.6 0.89 0.5 0\n"), "");
 }
 
-TEST_F(ScreenCheckTest, ASliderMayReachALabel) {
+TEST_F(ScreenCheckTest, SliderMayBeNearToALabel) {
     EXPECT_EQ(FoundWithFont("CADD Label a NULL 1 1 A\nCADD Slide b NULL 0.6 0.94 0.5 0\n"), "");
 }
 
 // Texts
 
-TEST_F(ScreenCheckTest, ATextOfAnotherFontThanItsWidgetWasMadeForIsAWarning) {
+TEST_F(ScreenCheckTest, TextInAFontThatWasLoadedAfterItsWidgetWasMadeIsAWarning) {
     // What is made before a font could be loaded has no room for letters.
     folder.Write("none.conf", "none.ttf\nx\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n1\n");
     const std::string found = Found(
@@ -153,7 +153,7 @@ TEST_F(ScreenCheckTest, ATextOfAnotherFontThanItsWidgetWasMadeForIsAWarning) {
     EXPECT_THAT(found, HasSubstr(" pixels wider than the widget has room for\n"));
 }
 
-TEST_F(ScreenCheckTest, ATitleThatTheCutCornerPushesOutIsAWarning) {
+TEST_F(ScreenCheckTest, TitleThatIsTooWideBesideACutCornerIsAWarning) {
     std::string theme = Theme("0 0 0", "0.8 0.8 0.8");
     theme.replace(theme.find("0 corner"), 1, "0.5");
     folder.Write("cut.theme", theme);
@@ -162,12 +162,12 @@ TEST_F(ScreenCheckTest, ATitleThatTheCutCornerPushesOutIsAWarning) {
                 HasSubstr("test.gui:3:10: warning: the text of 'w' is "));
 }
 
-TEST_F(ScreenCheckTest, ASampleTextWiderThanItsWidgetIsAWarning) {
+TEST_F(ScreenCheckTest, SampleTextThatIsTooWideIsAWarning) {
     EXPECT_THAT(Found("CONF gui.conf\nCADD Label a NULL 1 1 A\n", false, {{"a", "Aaaaaaaaaaaa"}}),
                 HasSubstr("test.gui:2:12: warning: the text of 'a' is "));
 }
 
-TEST_F(ScreenCheckTest, LinesThatTheToolkitBreaksMayHangOverIntoTheOpen) {
+TEST_F(ScreenCheckTest, BrokenLinesMayBeWiderThanTheLabelButNotThanItsWindow) {
     const std::string layout =
         "CONF gui.conf\nCADD Win w NULL -1 -1 0 Window\nCADD Label a w 0 0 AAAAAAAAAA\\n\\n\\n\n";
     const SampleTexts text = {{"a", "AAAAAAA AAAAAA AAAAAA AAAAAAA"}};
@@ -176,14 +176,14 @@ TEST_F(ScreenCheckTest, LinesThatTheToolkitBreaksMayHangOverIntoTheOpen) {
                 HasSubstr("test.gui:3:12: warning: 'a' runs out of 'w'"));
 }
 
-TEST_F(ScreenCheckTest, ASampleTextOfMoreLinesThanItsWidgetIsAWarning) {
+TEST_F(ScreenCheckTest, SampleTextWithTooManyLinesIsAWarning) {
     EXPECT_EQ(Found("CONF gui.conf\nCADD Label a NULL 1 1 A\\nB\n", false, {{"a", "A\nB\nC"}}),
               "test.gui:2:12: warning: the text of 'a' takes 3 lines; the widget has room for 2\n");
 }
 
 // What clicks fall through
 
-TEST_F(ScreenCheckTest, ButtonsAndSlidersBelowAListAreWarnings) {
+TEST_F(ScreenCheckTest, ButtonsAndSlidersUnderAnOpenListAreWarnings) {
     EXPECT_EQ(FoundWithFont("CADD Combo list NULL 0.9 1\nTEXT list A\nTEXT list B\nTEXT list C\n"
                             "CADD Butt a NULL 0.9 0.85 Go\nCADD Slide b NULL 1 0.75 0.3 0\n"
                             "CADD Butt c NULL 0.9 0.55 Go\nCADD Label d NULL 0.9 0.93 D\n"),
@@ -193,19 +193,19 @@ TEST_F(ScreenCheckTest, ButtonsAndSlidersBelowAListAreWarnings) {
               "reaches it too\n");
 }
 
-TEST_F(ScreenCheckTest, AListThatTheProgramFillsIsTakenForTwelveItems) {
+TEST_F(ScreenCheckTest, ListWithoutItemsIsCheckedWithTwelve) {
     EXPECT_THAT(FoundWithFont("CADD Combo list NULL 0.9 1\nCADD Butt a NULL 0.9 -0.1 Go\n"),
                 HasSubstr("'a' lies below the list of 'list'"));
     EXPECT_EQ(FoundWithFont("CADD Combo list NULL 0.9 1\nCADD Butt a NULL 0.9 -0.3 Go\n"), "");
 }
 
-TEST_F(ScreenCheckTest, AListThatLeavesTheScreenIsAWarning) {
+TEST_F(ScreenCheckTest, ListThatOpensBeyondTheScreenIsAWarning) {
     EXPECT_EQ(FoundWithFont("CADD Combo list NULL 0.9 -0.3\n"),
               "test.gui:2:12: warning: the open list of 'list' reaches 46 pixels beyond the "
               "screen's lower edge\n");
 }
 
-TEST_F(ScreenCheckTest, WhatIsOnAnotherTabThanAListIsNotBelowIt) {
+TEST_F(ScreenCheckTest, ButtonOnAnotherTabThanTheListIsNotUnderIt) {
     const std::string layout =
         "CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nNTAB w 1 B\n"
         "TADD 0 Combo list w 0 0.8\nTEXT list A\n";
@@ -214,7 +214,7 @@ TEST_F(ScreenCheckTest, WhatIsOnAnotherTabThanAListIsNotBelowIt) {
                 HasSubstr("'a' lies below the list of 'list'"));
 }
 
-TEST_F(ScreenCheckTest, ButtonsAndSlidersAtTheCentreAreWarnings) {
+TEST_F(ScreenCheckTest, ButtonsAndSlidersUnderAMessageBoxAreWarnings) {
     EXPECT_EQ(FoundWithFont("CADD Butt a NULL 0 0 Go\nCADD Slide b NULL -0.3 -0.1 0.2 0\n"
                             "CADD Label c NULL -0.2 0 C\nCADD Butt d NULL 0 0.6 Go\n"),
               "test.gui:2:11: warning: 'a' lies at the centre of the screen: a click on a message "
@@ -223,7 +223,7 @@ TEST_F(ScreenCheckTest, ButtonsAndSlidersAtTheCentreAreWarnings) {
               "box reaches it too\n");
 }
 
-TEST_F(ScreenCheckTest, ABackgroundAtTheCentreIsNothingToPress) {
+TEST_F(ScreenCheckTest, ImageButtonUnderAnotherWidgetMayBeAtTheCentre) {
     EXPECT_EQ(FoundWithFont("CADD Butt desk NULL -1 -1 TEX 2 2\nCADD Label a NULL 0 0 A\n"), "");
     EXPECT_THAT(FoundWithFont("CADD Butt desk NULL -1 -1 TEX 2 2\n"),
                 HasSubstr("'desk' lies at the centre of the screen"));
