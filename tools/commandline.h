@@ -10,9 +10,10 @@
 #include <string>
 #include <string_view>
 
-/// Reads a tool's arguments. Bad ones are one line on standard error that begins with `program`.
-/// @return the status to end with: that of the help, which was shown, or `badStatus`; nothing when
-///     the tool can go on
+/// Reads a tool's arguments. Wrong arguments are one line on standard error that begins with
+/// `program`.
+/// @return the status to end with, after the help was shown or, `badStatus`, after an error;
+///     nothing if the tool can go on
 [[nodiscard]] inline std::optional<int> ParseCommandLine(CLI::App& app, std::string_view program,
                                                          int badStatus, int argc, char** argv) {
     try {

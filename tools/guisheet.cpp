@@ -12,8 +12,8 @@
 
 namespace {
 
-// Pixels. Widgets draw a picture at 12 to 23 pixels, for which the mipmaps of 12 and of 24 are
-// at hand. Cells and margins are whole texels in the mipmaps down to an eighth.
+// Sizes in pixels. Widgets draw a picture 12 to 23 pixels wide, so that its mipmaps of 12 and 24
+// pixels are used. Cells and margins are whole pixels in all mipmaps down to an eighth of the size.
 constexpr int kSheet = 256;
 constexpr int kCell = 48;
 constexpr int kMargin = 8;
@@ -29,19 +29,19 @@ struct Colour {
 };
 
 constexpr Colour kTransparent{1.0f, 0.0f};
-constexpr float kLeastAlpha = 0.5f / 255.0f;  // less is 0 in a file
+constexpr float kMinAlpha = 0.5f / 255.0f;  // less is 0 in a file
 
 /// `top` laid over `bottom`; white where both are transparent, so that filtering never darkens
 /// an edge.
 Colour Over(Colour top, Colour bottom) {
     const float alpha = top.alpha + bottom.alpha * (1.0f - top.alpha);
-    if (alpha < kLeastAlpha)
+    if (alpha < kMinAlpha)
         return kTransparent;
     const float rest = bottom.alpha * (1.0f - top.alpha);
     return {(top.grey * top.alpha + bottom.grey * rest) / alpha, alpha};
 }
 
-constexpr Colour kOutline{0.05f, 0.9f};  // tells a light shape from a light panel
+constexpr Colour kOutline{0.05f, 0.9f};  // a light shape must be seen on a light panel
 constexpr Colour kHollow{0.05f, 0.6f};
 constexpr float kOutlineWidth = 2.75f;
 constexpr float kRimWidth = 4.5f;
@@ -62,7 +62,7 @@ Colour Raised(Point p, float distance, float darkest) {
     return Painted(distance, Lit(p, darkest), outline);
 }
 
-/// A rim around a dark hollow that lets the panel shine through.
+/// A rim around a dark hollow, through which the panel can be seen.
 Colour Rimmed(Point p, float distance) {
     const Colour outline = Painted(distance - kOutlineWidth, kOutline, kTransparent);
     const float inner = distance + kRimWidth;
@@ -95,7 +95,7 @@ Colour Tick(Point p) {
     return Raised(p, distance, 0.9f);
 }
 
-/// Sliders draw it half transparent, so it is bright and its lines are black.
+/// It is bright with black lines, because sliders draw it half transparent.
 Colour Knob(Point p) {
     constexpr Colour kBlack{0.0f, 1.0f};
     const Colour edge = Painted(shape::Disc(p, kCentre, 23.5f), kBlack, kTransparent);

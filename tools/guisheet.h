@@ -31,6 +31,6 @@ inline constexpr std::array<SheetPicture, 5> kSheetPictures{{
     {"sliderRect", 0, 1},
 }};
 
-/// Draws the sheet: light shapes, which widgets colour, on transparent white. The first row is
-/// the bottom one, so that pictures stand upright in a quad whose t grows upwards.
+/// Draws the sheet: light shapes, which themes colour, on transparent white. The first row is the
+/// bottom one, as in OpenGL.
 TextureData DrawGuiSheet();

@@ -17,7 +17,7 @@
 namespace {
 
 constexpr std::uint8_t kRunLengthTrueColour = 10;
-constexpr std::uint8_t kEightAlphaBits = 8;  // and, as with none, the first row at the bottom
+constexpr std::uint8_t kEightAlphaBits = 8;  // the first row is the bottom one, as with 0
 constexpr std::uint8_t kOpaque = 255;
 constexpr std::uint8_t kRunBit = 0x80;
 constexpr std::size_t kLongestPacket = 128;
@@ -36,7 +36,7 @@ std::uint8_t High(int value) {
     return static_cast<std::uint8_t>(value >> 8);
 }
 
-/// How many pixels at the front are equal.
+/// How many pixels at the start are equal.
 std::size_t RunLength(std::span<const Pixel> pixels) {
     const auto other = std::find_if(pixels.begin(), pixels.end(),
                                     [&](const Pixel& pixel) { return pixel != pixels.front(); });

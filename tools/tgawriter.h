@@ -9,10 +9,9 @@
 
 class TextureData;
 
-/// The image as a run-length-encoded TGA file (type 10), rows in the array's order: of 24 bits when
-/// it is opaque, else of 32.
-/// Neither side may exceed 65535.
+/// The image as a run-length-encoded TGA file (type 10), with 24 bits per pixel if it is opaque and
+/// 32 otherwise. The rows keep their order. Neither side may exceed 65535.
 std::vector<std::uint8_t> EncodeTGA(const TextureData& image);
 
-/// Writes EncodeTGA's bytes. On failure one line on standard error.
+/// Writes what EncodeTGA returns. A failure is one line on standard error.
 [[nodiscard]] bool WriteTGA(const TextureData& image, const std::string& path);

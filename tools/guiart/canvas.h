@@ -10,8 +10,7 @@
 #include "quarn2/vector.h"
 #include "tools/guiart/shapes.h"
 
-/// An image to paint on. Its first row is the bottom one, so that pictures stand upright in a quad
-/// whose t grows upwards.
+/// An image to paint on. Its first row is the bottom one, as in OpenGL.
 class Canvas {
 public:
     /// Transparent black.
@@ -36,8 +35,7 @@ public:
         }
     }
 
-    /// Lays a colour over what is inside of a shape: `distance` gives a point's distance to its
-    /// edge, negative inside.
+    /// Paints a shape: `distance` gives a point's distance to its edge, negative inside.
     template <typename Distance>
     void Paint(const Vector& colour, Distance distance) {
         ForEach([&](Point p, float* pixel) {
@@ -48,7 +46,8 @@ public:
     /// Lays a picture of the same size over this one.
     void Lay(const Canvas& top) { image.Blend(kOneLessOtherAlpha, kOtherAlpha, top.image); }
 
-    /// Red, green and blue in steps of 1 / `levels`: run lengths need pixels that are equal.
+    /// Rounds red, green and blue to steps of 1 / `levels`: pixels that are equal make the file
+    /// smaller.
     void Quantise(int levels);
     void MakeOpaque();
 

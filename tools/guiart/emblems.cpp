@@ -24,7 +24,7 @@ float Union(std::initializer_list<float> distances) {
     return std::min(distances);
 }
 
-/// A ground of wax red that is a little lighter above.
+/// A background of the red of sealing wax, a little lighter at the top.
 Canvas Tile() {
     Canvas tile(kSmall, kSmall, kWax);
     tile.ForEach([](Point p, float* pixel) {
@@ -35,14 +35,14 @@ Canvas Tile() {
     return tile;
 }
 
-/// Paints a charge with a thin dark edge, which keeps it apart from the ground.
+/// Paints a figure with a thin dark edge, so that it stands out from the background.
 template <typename Distance>
 void Charge(Canvas& canvas, const Vector& colour, Distance distance) {
     canvas.Paint(kDarkWax, [&](Point p) { return distance(p) - 1.0f; });
     canvas.Paint(colour, distance);
 }
 
-/// The shield of a knight: straight above, and round to a point below.
+/// A knight's shield: straight at the top, with round sides that meet in a point below.
 float Shield(Point p, Point top, float halfWidth, float height) {
     // two discs whose common part is the lower half
     const float straight = height * 0.4f;
@@ -51,7 +51,7 @@ float Shield(Point p, Point top, float halfWidth, float height) {
     const float middle = top.y - straight;
     const float left = shape::Disc(p, {top.x + halfWidth - radius, middle}, radius);
     const float right = shape::Disc(p, {top.x - halfWidth + radius, middle}, radius);
-    // they share a strip with the box, so that there is no seam inside
+    // they overlap the box above, so that there is no seam between
     const float lower = std::max({left, right, p.y - (middle + straight / 2.0f)});
     const float upper = shape::RoundedBox(p, {top.x, top.y - straight / 2.0f},
                                           {halfWidth, straight / 2.0f + 0.5f}, 0.0f);
@@ -279,7 +279,7 @@ TextureData DrawSeal() {
     constexpr int kSide = 64;
     constexpr Point kCentre{32.0f, 32.0f};
     Canvas seal(kSide, kSide, Vector(0.955f, 0.955f, 0.947f, 1.0f));
-    // Wax runs as it likes.
+    // The edge of the wax is irregular.
     const auto wax = [&](Point p) {
         const float angle = std::atan2(p.y - kCentre.y, p.x - kCentre.x);
         return shape::Disc(
@@ -293,7 +293,8 @@ TextureData DrawSeal() {
     seal.Lay(shadow);
     seal.MakeOpaque();
     seal.Paint(kDarkWax, wax);
-    // Lit from the upper left: the rim rises, and falls to the pressed middle.
+    // The light comes from the upper left: the outer side of the rim is lit from there, and its
+    // inner side from the other.
     seal.ForEach([&](Point p, float* pixel) {
         const float distance = wax(p);
         if (distance > -0.5f)

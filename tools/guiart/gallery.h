@@ -7,9 +7,9 @@
 
 #include "quarn2/texturedata.h"
 
-/// One picture that the game's data holds.
+/// A picture file of the game's data.
 struct GalleryPicture {
-    const char* file;  ///< below the folder of the data
+    const char* file;  ///< path in the folder of the data
     TextureData (*draw)();
 };
 

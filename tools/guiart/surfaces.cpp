@@ -14,8 +14,8 @@ namespace {
 constexpr float kScreenWidth = 800.0f;
 constexpr float kScreenHeight = 600.0f;
 
-/// What Blur takes for transparent is left out of its colours.
-constexpr float kLeastAlpha = 0.004f;
+/// Blur leaves the colours of pixels with less alpha out.
+constexpr float kMinAlpha = 0.004f;
 
 const Vector kWhite(1.0f, 1.0f, 1.0f, 1.0f);
 
@@ -41,7 +41,7 @@ TextureData DrawDeskBelow(std::span<const SheetPlace> places) {
 
     Canvas desk(kSide, kSide, Vector(0.0f, 0.0f, 0.0f, 1.0f));
     desk.ForEach([&](Point p, float* pixel) {
-        // Along a board the noise is stretched: one row in eight, and a little of the next.
+        // Wood has long fibres: along a board, eight pixels show one value of the noise.
         const int along = static_cast<int>(p.x) / 8;
         const int across = static_cast<int>(p.y);
         const float fibre = ValueAt(grain, along, across);
@@ -76,7 +76,7 @@ TextureData DrawDeskBelow(std::span<const SheetPlace> places) {
     shadows.Image().Translate(1, -2, Vector(0.0f, 0.0f, 0.0f, 0.0f));
     desk.Lay(shadows);
     desk.Quantise(kLevels);
-    // Nobody sees what the sheets cover.
+    // The sheets cover this, and plain black makes the file smaller.
     for (const SheetPlace& place : places)
         desk.Paint(Vector(0.0f, 0.0f, 0.0f, 1.0f), toTexels(place, -2.0f));
     desk.MakeOpaque();
@@ -107,12 +107,12 @@ TextureData DrawParchment() {
         pixel[1] = light;
         pixel[2] = light - 0.008f + 0.01f * cloud;
     });
-    // Handling has browned the edges.
+    // The edges are brown from use.
     Canvas edges(kSide, kSide, Vector(0.62f, 0.44f, 0.24f, 0.0f));
     edges.ForEach([&](Point p, float* pixel) {
         const float inside = -shape::RoundedBox(p, {kMiddle, kMiddle}, {kMiddle, kMiddle}, 10.0f)
                              + 5.0f * ValueAt(clouds, static_cast<int>(p.y), static_cast<int>(p.x));
-        pixel[3] = inside < 4.0f ? 0.55f : kLeastAlpha;
+        pixel[3] = inside < 4.0f ? 0.55f : kMinAlpha;
     });
     edges.Image().Blur(7);
     parchment.Lay(edges);
@@ -134,7 +134,7 @@ TextureData DrawNewsprint() {
         const float fibre = ValueAt(pulp, static_cast<int>(p.x) / 4, static_cast<int>(p.y));
         std::fill_n(pixel, 3, 0.975f + 0.025f * fibre);
     });
-    // A pale crown, for days with little news: stories are printed over it.
+    // A pale crown. Stories are printed over it, so it shows on days with little news.
     newsprint.Paint(Vector(0.35f, 0.32f, 0.27f, 0.13f), [](Point p) {
         const Point at{std::fabs(p.x - kSide / 2.0f), p.y - 125.0f};
         const float spikes = shape::Polygon(at, {{-1.0f, 0.0f},

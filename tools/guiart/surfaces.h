@@ -13,7 +13,7 @@ struct SheetPlace {
     int left, top, right, bottom;
 };
 
-/// What casts a shadow, in the game's layout and in that of the large text.
+/// The sheets that cast a shadow, in the game's layout and in the one with large text.
 inline constexpr SheetPlace kSheetPlaces[] = {
     {"bar", 8, 6, 792, 34},
     {"peoplesheet", 8, 42, 308, 344},
@@ -30,14 +30,14 @@ inline constexpr SheetPlace kLargeSheetPlaces[] = {
     {"weeksheet", 528, 520, 792, 592},
 };
 
-/// Dark boards with the sheets' shadows, for the whole screen.
+/// A desk of dark boards for the whole screen, with the shadows of the sheets.
 TextureData DrawDesk();
 TextureData DrawLargeDesk();
 
-/// Near white, so that themes colour it: mottled, and darker towards the edges.
+/// Nearly white, so that themes can colour it: mottled, and darker towards the edges.
 TextureData DrawParchment();
 
-/// Paler and plainer, with a rule below the newspaper's title.
+/// Paler and plainer than parchment, with a line below the newspaper's title.
 TextureData DrawNewsprint();
 
 /// A strip of red cloth between two seams.
