@@ -4,15 +4,15 @@
 // Shows a layout as the game would draw it, and checks and formats it.
 
 #include <SDL.h>
-#include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
-#include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -21,17 +21,20 @@
 #include "quarn2/memory.h"
 #include "quarn2/sdlinput.h"
 #include "tools/commandline.h"
-#include "tools/guiview/exitguard.h"
 #include "tools/guiview/layoutcheck.h"
 #include "tools/guiview/layoutformat.h"
 #include "tools/guiview/liveview.h"
 #include "tools/guiview/pictureshot.h"
-#include "tools/guiview/rewrite.h"
-#include "tools/guiview/status.h"
+#include "tools/guiview/scene.h"
 
 namespace {
 
 using namespace guiview;
+
+// The exit status.
+constexpr int kClean = 0;
+constexpr int kFindings = 1;
+constexpr int kUnusable = 2;
 
 struct Options {
     std::string layout;
@@ -88,10 +91,6 @@ int Fail(const std::string& message) {
     return kUnusable;
 }
 
-int FailToRead(const Options& options) {
-    return Fail(options.layout + ": cannot be read");
-}
-
 /// Takes TAG=TEXT apart, with a layout's way to write line ends.
 bool ReadTexts(const Options& options, SampleTexts& texts) {
     for (const std::string& given : options.texts) {
@@ -113,10 +112,34 @@ int Print(const Findings& findings, bool json) {
     return findings.List().empty() ? kClean : kFindings;
 }
 
+/// Replaces a file's content at once: a program that reads it meanwhile sees the old or the new
+/// one. A link stays a link, and the file keeps its permissions.
+/// @return false when it cannot be written; then it is as it was
+bool RewriteFile(const std::string& path, const std::string& content) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::path target = fs::canonical(path, error);
+    if (error)
+        return false;
+    fs::path draft = target;
+    draft += ".guiview";
+    std::ofstream file(draft, std::ios::binary | std::ios::trunc);
+    file << content;
+    file.close();
+    if (file)
+        fs::permissions(draft, fs::status(target).permissions(), error);
+    if (file && !error)
+        fs::rename(draft, target, error);
+    if (file && !error)
+        return true;
+    fs::remove(draft, error);
+    return false;
+}
+
 int Format(const Options& options) {
     const auto content = ReadTextFile(options.layout);
     if (!content)
-        return FailToRead(options);
+        return Fail(options.layout + ": cannot be read");
     if (options.check)
         return Print(CheckFormat(options.layout, *content), options.json);
     const std::string formatted = FormatLayout(*content);
@@ -125,20 +148,8 @@ int Format(const Options& options) {
     return kClean;
 }
 
-/// Whether all those have a widget for whom there is a text; says which has not.
-bool KnowsTags(const LayoutSource& layout, const SampleTexts& texts) {
-    for (const auto& [tag, text] : texts) {
-        if (std::ranges::find(layout.Declared().widgets, tag, &Declared::tag)
-            != layout.Declared().widgets.end())
-            continue;
-        Fail("--text: no widget has the tag '" + tag + "'");
-        return false;
-    }
-    return true;
-}
-
 int Check(const Options& options, const LayoutSource& layout, const SampleTexts& texts) {
-    return Print(CheckLayout(layout, options.game, texts), options.json);
+    return Print(CheckLayout(layout, options.game, texts).findings, options.json);
 }
 
 /// Prints the errors among what was found. @return whether there are any
@@ -162,15 +173,14 @@ int PrintTree(const LayoutSource& layout, const SampleTexts& texts) {
 }
 
 int TakePicture(const Options& options, const LayoutSource& layout, SampleTexts texts) {
-    if (ReportErrors(CheckLayout(layout, false, texts)))
+    if (ReportErrors(CheckLayout(layout, false, texts).findings))
         return kFindings;
     const Pose pose{std::move(texts), options.game, options.clicked, options.hovered,
                     options.pressed};
     return guiview::TakePicture(layout, pose, options.crop, options.picture) ? kClean : kUnusable;
 }
 
-/// @return whether there is a status; none asks for a new start
-std::optional<int> ShowLive(const Options& options, SampleTexts texts) {
+int Show(const Options& options, SampleTexts texts) {
     if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
         return Fail("there is no display: --png, --tree and --check need none");
     const Pointer<Kernel> kernel = new Kernel;
@@ -180,29 +190,17 @@ std::optional<int> ShowLive(const Options& options, SampleTexts texts) {
         new LiveView(kernel, {options.layout, std::move(texts), options.game});
     kernel->MainLoop();
     SDL_Quit();
-    if (view->StartAnew())
-        return std::nullopt;
     return view->Opened() ? kClean : kUnusable;
 }
 
-int Show(const Options& options, const SampleTexts& texts, char** arguments) {
-    if (const auto status = ShowLive(options, texts))
-        return *status;
-    // The toolkit keeps what it was given for as long as a process lives.
-    execv("/proc/self/exe", arguments);
-    return Fail("cannot start anew");
-}
-
-int Run(const Options& options, char** arguments) {
+int Run(const Options& options) {
     SampleTexts texts;
     if (!ReadTexts(options, texts))
         return Fail("--text takes TAG=TEXT");
     if (options.format)
         return Format(options);
-    const auto layout = LayoutSource::Read(options.layout);
+    const auto layout = LayoutSource::Read(options.layout, texts);
     if (!layout)
-        return FailToRead(options);
-    if (!KnowsTags(*layout, texts))
         return kUnusable;
     if (options.check)
         return Check(options, *layout, texts);
@@ -210,7 +208,15 @@ int Run(const Options& options, char** arguments) {
         return PrintTree(*layout, texts);
     if (!options.picture.empty())
         return TakePicture(options, *layout, texts);
-    return Show(options, texts, arguments);
+    return Show(options, texts);
+}
+
+/// A failed assertion of the system ends the process with status 0, which would mean that the
+/// layout is clean.
+bool finished = false;
+void EndUnusable() {
+    if (!finished)
+        std::_Exit(kUnusable);
 }
 
 }  // namespace
@@ -222,8 +228,10 @@ int main(int argc, char** argv) {
         Declare(app, options);
         if (const auto status = ParseCommandLine(app, "guiview", kUnusable, argc, argv))
             return *status;
-        const ExitGuard guard;
-        return Run(options, argv);
+        std::atexit(EndUnusable);
+        const int status = Run(options);
+        finished = true;
+        return status;
     } catch (const std::exception& error) {
         return Fail(error.what());
     }

@@ -451,7 +451,7 @@ class GuiviewLive(Folder):
         self.strike("Escape", lambda: self.process.poll() is not None, "the end")
         self.assertEqual(self.process.returncode, CLEAN)
 
-    def test_starts_anew_when_the_layout_changes(self):
+    def test_shows_the_layout_again_when_it_changes(self):
         self.start(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.layout.write_text(self.MOVED)
@@ -466,7 +466,7 @@ class GuiviewLive(Folder):
         os.replace(self.folder / "a.gui~", self.layout)
         self.wait_for_pixel(342, 156, GREY)
 
-    def test_starts_anew_when_a_theme_changes(self):
+    def test_shows_the_layout_again_when_a_theme_changes(self):
         self.start("THEM b.theme NULL\n" + self.PLATE)
         self.wait(lambda: "broken" in self.said(), "the missing theme")
         self.write("b.theme", THEME.format(fill="1 0 0"))
@@ -474,7 +474,7 @@ class GuiviewLive(Folder):
         self.write("b.theme", THEME.format(fill="0 1 0"))
         self.wait_for_pixel(573, 156, (0, 255, 0))
 
-    def test_starts_anew_when_a_picture_changes(self):
+    def test_shows_the_layout_again_when_a_picture_changes(self):
         def paint(colour):
             subprocess.run(["convert", "-size", "8x8", f"xc:{colour}", "-compress", "RLE",
                             "TGA:" + str(self.folder / "p.tga")], check=True)
@@ -486,15 +486,15 @@ class GuiviewLive(Folder):
         paint("lime")
         self.wait_for_pixel(573, 156, (0, 255, 0))
 
-    def test_starts_anew_when_the_configuration_or_its_font_changes(self):
+    def test_shows_the_layout_again_when_the_configuration_or_its_font_changes(self):
         self.start("CONF gui.conf\n" + self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.write("gui.conf", CONFIGURATION + "// later\n")
-        self.wait(lambda: self.said().count("shown") == 2, "a new start")
+        self.wait(lambda: self.said().count("shown") == 2, "the layout again")
         shutil.copy(ROOT / "data/font.ttf", self.folder)
-        self.wait(lambda: self.said().count("shown") == 3, "another new start")
+        self.wait(lambda: self.said().count("shown") == 3, "the layout once more")
 
-    def test_keeps_the_last_good_picture_of_a_broken_layout(self):
+    def test_keeps_the_last_good_layout_while_the_file_has_errors(self):
         self.start(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.layout.write_text(self.MOVED + "CADD Label b none 0 0 B\n")
@@ -505,7 +505,24 @@ class GuiviewLive(Folder):
         self.layout.write_text(self.MOVED)
         self.wait_for_pixel(342, 156, GREY)
 
-    def test_keeps_the_last_good_picture_when_the_layout_is_gone(self):
+    def test_answers_keys_while_the_file_has_errors(self):
+        self.start(self.PLATE)
+        self.wait_for_pixel(573, 156, GREY)
+        self.layout.write_text(self.MOVED + "CADD Label b none 0 0 B\n")
+        self.wait(lambda: "a.gui: broken, not shown\n" in self.said(), "a word about it")
+        self.move(573, 156)
+        named = "a  Butt    0.5000   0.5000   1.0000   0.7500  default\n"
+        self.strike("i", lambda: named in self.said(), "the widget that is shown")
+
+    def test_the_window_stays_open_when_the_layout_changes(self):
+        self.start(self.PLATE)
+        self.wait_for_pixel(573, 156, GREY)
+        windows = {window.id for window in self.root.query_tree().children}
+        self.layout.write_text(self.MOVED)
+        self.wait_for_pixel(342, 156, GREY)
+        self.assertEqual({window.id for window in self.root.query_tree().children}, windows)
+
+    def test_keeps_the_last_good_layout_when_the_file_is_deleted(self):
         self.start(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.layout.unlink()
@@ -518,7 +535,7 @@ class GuiviewLive(Folder):
         self.layout.write_text(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
 
-    def test_o_outlines_the_widgets_also_after_a_new_start(self):
+    def test_o_outlines_the_widgets_also_after_the_layout_changed(self):
         self.start(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.xdotool("mousemove", 100, 100)

@@ -10,7 +10,7 @@
 #include <numeric>
 
 #include "glwidget/glwindow.h"
-#include "tools/guiview/headless.h"
+#include "tools/guiview/layoutsource.h"
 #include "tools/guiview/screencheck.h"
 
 namespace guiview {

@@ -4,83 +4,41 @@
 #include "tools/guiview/filewatch.h"
 
 #include <system_error>
-
-#include "tools/guiview/valuefile.h"
+#include <utility>
 
 namespace guiview {
 
-namespace {
-
 namespace fs = std::filesystem;
 
-/// The word of a theme's or configuration's line that names another file; empty when there is
-/// none.
-std::string NamedIn(const std::string& path, std::span<const ValueRule> rules,
-                    std::string_view line) {
-    const auto content = ReadTextFile(path);
-    if (!content)
-        return {};
-    Findings ignored;
-    const ValueFile file(path, *content, rules, ignored);
-    const Word* const word = file.Find(line);
-    return word == nullptr || *word == kNone ? std::string() : word->text;
-}
-
-}  // namespace
-
-std::vector<std::string> FilesOf(const std::string& layout) {
-    const std::string folder = FolderOf(layout);
-    std::vector<std::string> files{layout};
-    const auto add = [&](const std::string& name, std::span<const ValueRule> rules,
-                         std::string_view line) {
-        files.push_back(folder + name);
-        const std::string named = NamedIn(folder + name, rules, line);
-        if (!named.empty())
-            files.push_back(folder + named);
-    };
-    for (const char* theme :
-         {"default.theme", "messagebox.theme", "tabwin_button.theme", "combo_button.theme"})
-        add(theme, ThemeRules(), kPictureLine);
-    Findings ignored;
-    const LayoutFile file =
-        ParseLayout(layout, ReadTextFile(layout).value_or(std::string()), ignored);
-    for (const Statement& statement : file.statements) {
-        if (const Word* const theme = statement.Find("theme")) {
-            add(theme->text, ThemeRules(), kPictureLine);
-        } else if (const Word* const configuration = statement.Find("file")) {
-            add(configuration->text, ConfigurationRules(), kFontLine);
-        }
+void FileWatch::Watch(const std::set<std::string>& files, fs::file_time_type start) {
+    States states;
+    for (const std::string& file : files) {
+        const auto before = known.find(file);
+        State state = before != known.end() ? before->second : Look(file);
+        if (before == known.end() && state.written >= start)
+            state = {};
+        states.emplace(file, state);
     }
-    return files;
+    known = last = std::move(states);
 }
-
-FileWatch::FileWatch(const std::string& layoutPath)
-    : layout(layoutPath), files(FilesOf(layout)), known(Look(files)), last(known) {}
 
 bool FileWatch::Changed() {
-    Stamps now = Look(files);
-    if (now == known)
-        return false;
+    States now;
+    for (const auto& [file, state] : known)
+        now.emplace(file, Look(file));
     const bool quiet = now == last;
-    last = std::move(now);
-    if (!quiet)
+    last = now;
+    if (!quiet || now == known)
         return false;
-    files = FilesOf(layout);
-    known = Look(files);
-    last = known;
+    known = std::move(now);
     return true;
 }
 
-auto FileWatch::Look(const std::vector<std::string>& files) -> Stamps {
-    Stamps stamps;
-    for (const std::string& file : files) {
-        std::error_code error;
-        const auto written = fs::last_write_time(file, error);
-        const auto size = error ? std::uintmax_t{0} : fs::file_size(file, error);
-        if (!error)
-            stamps.emplace(file, Stamp{written, size});
-    }
-    return stamps;
+FileWatch::State FileWatch::Look(const std::string& file) {
+    std::error_code error;
+    const auto written = fs::last_write_time(file, error);
+    const auto size = error ? std::uintmax_t{0} : fs::file_size(file, error);
+    return error ? State{} : State{written, size};
 }
 
 }  // namespace guiview

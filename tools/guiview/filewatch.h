@@ -3,44 +3,38 @@
 
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <string>
-#include <vector>
-
-#include "tools/guiview/layoutcheck.h"
 
 namespace guiview {
 
-/// The files that decide how a layout looks, whether they are there or not: the layout itself,
-/// its configurations with their fonts, and its themes and those of the toolkit with their
-/// pictures.
-std::vector<std::string> FilesOf(const std::string& layout);
-
-/// Notices when the files of a layout change.
+/// Notices when a file changes, appears or disappears.
 class FileWatch {
 public:
-    /// Looks at the files as they are now.
-    explicit FileWatch(const std::string& layoutPath);
+    /// Watches these files instead of the ones before. A file that was watched already keeps the
+    /// state that is known of it; of another one, what was written since `start` is a change.
+    void Watch(const std::set<std::string>& files, std::filesystem::file_time_type start);
 
-    /// Whether a file is not what it was, and whoever writes it seems to have finished: nothing
-    /// changed since the last question. Then the files as they are now become the known ones.
+    /// Whether a file is not as it is known, and nothing has changed since the last call: the
+    /// program that writes it has finished. The files are then known as they are now.
     bool Changed();
 
 private:
-    struct Stamp {
+    struct State {
         std::filesystem::file_time_type written;
-        std::uintmax_t size;
-        bool operator==(const Stamp&) const = default;
+        std::uintmax_t size = 0;
+        bool operator==(const State&) const = default;
     };
-    using Stamps = std::map<std::string, Stamp>;
+    /// By path; a file that does not exist has the state of an empty one.
+    using States = std::map<std::string, State>;
 
-    static Stamps Look(const std::vector<std::string>& files);
+    static State Look(const std::string& file);
 
-    std::string layout;
-    std::vector<std::string> files;
-    Stamps known;
-    Stamps last;
+    States known;
+    States last;
 };
 
 }  // namespace guiview

@@ -212,10 +212,7 @@ SampleTexts LongestGameTexts() {
 }
 
 void FillGameTexts() {
-    SampleTexts texts = LongestGameTexts();
-    std::erase_if(
-        texts, [](const auto& entry) { return GLWidget::GetByTag(entry.first, false) == nullptr; });
-    FillTexts(texts);
+    FillTexts(LongestGameTexts());
 }
 
 }  // namespace guiview

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "tools/guiview/finding.h"
-#include "tools/guiview/headless.h"
+#include "tools/guiview/layoutsource.h"
 #include "tools/guiview/scene.h"
 
 namespace guiview {

@@ -3,14 +3,13 @@
 
 #include "tools/guiview/layoutcheck.h"
 
-#include <algorithm>
-#include <set>
-#include <sstream>
 #include <utility>
 
+#include "glwidget/glwidget.h"
 #include "tools/guiview/contrastcheck.h"
 #include "tools/guiview/gamecheck.h"
 #include "tools/guiview/resourcecheck.h"
+#include "tools/guiview/scene.h"
 #include "tools/guiview/screencheck.h"
 
 namespace guiview {
@@ -30,47 +29,26 @@ Box MeasureMessageBox() {
 
 }  // namespace
 
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, path.rfind('/') + 1);
-}
-
-std::optional<LayoutSource> LayoutSource::Read(const std::string& path) {
-    const auto content = ReadTextFile(path);
-    if (!content)
-        return std::nullopt;
-    return LayoutSource(path, *content);
-}
-
-LayoutSource::LayoutSource(const std::string& path, const std::string& content)
-    : folder(FolderOf(path)),
-      file(ParseLayout(path, content, findings)),
-      declarations(FollowOrder(file, findings)) {}
-
-void LayoutSource::Build() const {
-    const ErrorStreamCapture silence;
-    std::istringstream buildable(declarations.buildable);
-    GLWidget::StartGUI(buildable, file.path);
-}
-
-Findings CheckLayout(const LayoutSource& layout, bool forGame, const SampleTexts& texts) {
+Checked CheckLayout(const LayoutSource& layout, bool forGame, const SampleTexts& texts) {
     const std::string& path = layout.File().path;
     Findings findings = layout.Found();
     const BuiltLayout built(layout);
-    ResourceCheck(layout.File(), layout.Declared(), layout.Folder(), findings).Run(forGame);
+    ResourceCheck resources(layout.File(), layout.Declared(), layout.Folder(), findings);
+    resources.Run(forGame);
     if (forGame) {
         CheckGameTags(layout.Declared(), path, findings);
         FillGameTexts();
     }
     FillTexts(texts);
     const Box messageBox = MeasureMessageBox();
-    std::set<std::string> settled;
+    std::set<std::string> finalTexts;
     for (const auto& [tag, text] : texts)
-        settled.insert(tag);
+        finalTexts.insert(tag);
     for (const Declared& widget : layout.Declared().widgets) {
         if (forGame)
-            settled.insert(widget.tag);
+            finalTexts.insert(widget.tag);
     }
-    const Scene scene(layout.Declared(), std::move(settled));
+    const Scene scene(layout.Declared(), std::move(finalTexts));
     const auto answers = [&](const Node& node) { return !forGame || GameAnswers(node); };
     ScreenCheck(scene, path, answers, messageBox, findings).Run();
     ContrastCheck contrast(scene, path, findings);
@@ -80,7 +58,7 @@ Findings CheckLayout(const LayoutSource& layout, bool forGame, const SampleTexts
                               layout.Folder() + "messagebox.theme", {});
     }
     findings.Sort(path);
-    return findings;
+    return {std::move(findings), resources.Files()};
 }
 
 }  // namespace guiview

@@ -3,22 +3,21 @@
 
 #include "tools/guiview/liveview.h"
 
+#include <GL/gl.h>
 #include <SDL.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
+#include <filesystem>
 #include <iostream>
-#include <nlohmann/json.hpp>
-#include <vector>
+#include <utility>
 
 #include "glwidget/glwidget.h"
-#include "tools/guiview/childprocess.h"
+#include "glwidget/toolkit.h"
+#include "quarn2/texture.h"
+#include "quarn2/texturedata.h"
 #include "tools/guiview/gamecheck.h"
 #include "tools/guiview/overlay.h"
 #include "tools/guiview/pictureshot.h"
-#include "tools/guiview/scene.h"
-#include "tools/guiview/status.h"
 
 namespace guiview {
 
@@ -27,45 +26,53 @@ namespace {
 constexpr std::uint32_t kChannels = 0x17e;  // 1 to 6 and 8, as the game
 constexpr std::uint32_t kPriority = 500;
 constexpr std::size_t kEscape = 27;
-constexpr char kOutlineKey = 'o';
-constexpr char kInspectKey = 'i';
-/// The environment variable that holds the keys of what is switched on.
-constexpr const char* kSwitchedOn = "GUIVIEW_KEYS";
+constexpr std::size_t kOutlineKey = 'o';
+constexpr std::size_t kInspectKey = 'i';
 constexpr std::uint32_t kLookEveryMs = 150;
-/// Nothing here is in a hurry: the processor may rest between two frames.
+/// The processor may rest between two frames: nothing here is in a hurry.
 constexpr std::uint32_t kRestMs = 15;
 
-/// The type of a text box holds whatever letters are struck.
+/// Whether a text box takes the letters that are typed.
 bool IsTyping(const Scene& scene) {
     return std::ranges::any_of(scene.Nodes(), [](const Node* node) {
         return node->IsKind(Kind::Text) && node->widget->HasFocus();
     });
 }
 
+/// Reads the picture again although a texture of that name is known: the file may have changed.
+bool LoadChangedImage(Texture& image, const std::string& file) {
+    TextureData data;
+    return data.Load(file) && image.Load(data, TextureDetails(file, 0));
+}
+
+/// Deletes all textures and display lists: everything that the last layout left in the window.
+void ClearOpenGL() {
+    GLuint texture = 0;
+    glGenTextures(1, &texture);
+    for (; texture > 0; --texture)
+        glDeleteTextures(1, &texture);
+    glDeleteLists(1, static_cast<GLsizei>(glGenLists(1)));
+}
+
 }  // namespace
 
 LiveView::LiveView(const Pointer<Kernel>& theKernel, Options theOptions)
-    : EventCatcher(nullptr),
-      kernel(theKernel),
-      options(std::move(theOptions)),
-      watch(options.layout) {
-    if (const char* const before = std::getenv(kSwitchedOn)) {
-        outlines = std::strchr(before, kOutlineKey) != nullptr;
-        inspecting = std::strchr(before, kInspectKey) != nullptr;
-    }
+    : EventCatcher(theKernel), options(std::move(theOptions)) {
     kernel->AddChild(Pointer<EventCatcher>(this), kChannels, kPriority);
+    watch.Watch({options.layout}, {});
 }
 
 bool LiveView::GotEvent(Event event) {
     switch (event.type) {
     case LoadGraphicsResourcesEvent:
-        Open();
+        opened = true;
+        SDL_WM_SetCaption(("guiview: " + options.layout).c_str(), nullptr);
+        Toolkit::Get().readViewport(GLWidget::viewport);
+        Load();
         return true;
     case UpdateEvent:
-        if (Update(event.time))
-            return true;
-        kernel->SendEvent(Pointer<EventCatcher>(this), Event(QuitEvent));
-        return false;
+        Update(event.time);
+        return true;
     case RenderEvent:
         Render();
         return true;
@@ -83,15 +90,27 @@ bool LiveView::GotEvent(Event event) {
     }
 }
 
-void LiveView::Open() {
-    opened = true;
-    SDL_WM_SetCaption(("guiview: " + options.layout).c_str(), nullptr);
-    Toolkit::Get().readViewport(GLWidget::viewport);
-    if (!CheckFiles(Report::Always))
-        return;  // nothing to show yet; the next change may bring it
-    shown = LayoutSource::Read(options.layout);
-    if (!shown)
+void LiveView::Load() {
+    const auto start = std::filesystem::file_time_type::clock::now();
+    auto layout = LayoutSource::Read(options.layout, options.texts);
+    if (!layout)
         return;
+    const Checked checked = CheckLayout(*layout, options.forGame, options.texts);
+    watch.Watch(checked.files, start);
+    const bool broken = checked.findings.HasErrors();
+    std::cout << checked.findings.AsText() << options.layout
+              << (broken ? ": broken, not shown" : ": shown") << std::endl;
+    if (broken)
+        return;
+    shown = std::move(layout);
+    Build();
+}
+
+void LiveView::Build() {
+    Toolkit::Get().Reset();
+    ClearOpenGL();
+    Toolkit::Get().loadImage = LoadChangedImage;
+    Toolkit::Get().readViewport(GLWidget::viewport);
     const FolderVisit visit(shown->Folder());
     shown->Build();
     if (options.forGame)
@@ -99,28 +118,17 @@ void LiveView::Open() {
     FillTexts(options.texts);
 }
 
-bool LiveView::Update(std::uint32_t milliseconds) {
+void LiveView::Update(std::uint32_t milliseconds) {
     GLWidget::UpdateWidgets(static_cast<int>(milliseconds));
     sinceLook += milliseconds;
     if (sinceLook >= kLookEveryMs) {
         sinceLook = 0;
-        startAnew = watch.Changed() && CheckFiles(Report::WhenBroken);
-        if (startAnew)
-            RememberKeys();
+        if (watch.Changed())
+            Load();
     }
     if (inspecting)
         PrintWidgetUnderMouse();
     SDL_Delay(kRestMs);
-    return !startAnew;
-}
-
-void LiveView::RememberKeys() const {
-    std::string keys;
-    if (outlines)
-        keys += kOutlineKey;
-    if (inspecting)
-        keys += kInspectKey;
-    setenv(kSwitchedOn, keys.c_str(), 1);
 }
 
 void LiveView::Render() {
@@ -170,31 +178,6 @@ void LiveView::PrintWidgetUnderMouse() {
     if (described != inspected && !described.empty())
         std::cout << described << std::endl;
     inspected = described;
-}
-
-bool LiveView::CheckFiles(Report report) const {
-    std::vector<std::string> arguments{"/proc/self/exe", "--check", "--json"};
-    if (options.forGame)
-        arguments.emplace_back("--game");
-    for (const auto& [tag, text] : options.texts)
-        arguments.push_back(std::string("--text=").append(tag).append("=").append(text));
-    arguments.push_back(options.layout);
-    ChildProcess check(arguments, false);
-    const auto list = nlohmann::json::parse(check.ReadAll(), nullptr, false);
-    const auto status = check.Wait();
-    if (!status || *status == kUnusable || !list.is_array())
-        return false;
-    const bool broken = std::ranges::any_of(
-        list, [](const auto& finding) { return finding.value("severity", "") == "error"; });
-    if (report == Report::Always || broken) {
-        for (const auto& finding : list) {
-            std::cout << finding.value("file", "") << ':' << finding.value("line", 1) << ':'
-                      << finding.value("column", 1) << ": " << finding.value("severity", "") << ": "
-                      << finding.value("message", "") << '\n';
-        }
-        std::cout << options.layout << (broken ? ": broken, not shown" : ": shown") << std::endl;
-    }
-    return !broken;
 }
 
 }  // namespace guiview

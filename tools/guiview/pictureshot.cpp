@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "glwidget/glwidget.h"
+#include "glwidget/toolkit.h"
 #include "tools/guiview/gamecheck.h"
 #include "tools/guiview/scene.h"
 
@@ -159,7 +160,7 @@ void Press(bool down) {
     Settle();
 }
 
-bool Strike(const LayoutSource& layout, const Pose& pose) {
+bool TakePose(const LayoutSource& layout, const Pose& pose) {
     if (pose.longestGameTexts)
         FillGameTexts();
     FillTexts(pose.texts);
@@ -197,7 +198,7 @@ bool TakePicture(const LayoutSource& layout, const Pose& pose, bool crop, const 
     {
         const FolderVisit visit(layout.Folder());
         layout.Build();
-        if (!Strike(layout, pose))
+        if (!TakePose(layout, pose))
             return false;
     }
     DrawScreen();

@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/guiview/headless.h"
-#include "tools/guiview/layoutcheck.h"
+#include "tools/guiview/layoutsource.h"
 
 namespace guiview {
 

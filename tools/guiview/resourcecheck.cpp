@@ -8,7 +8,7 @@
 #include "glwidget/theme.h"
 #include "quarn2/font.h"
 #include "quarn2/texturedata.h"
-#include "tools/guiview/headless.h"
+#include "tools/guiview/layoutsource.h"
 
 namespace guiview {
 
@@ -51,6 +51,11 @@ void ResourceCheck::Run(bool withMessageBox) {
         CheckTheme("messagebox.theme", {}, "the message box's theme");
 }
 
+bool ResourceCheck::IsNew(const std::string& name) {
+    files.insert(folder + name);
+    return known.insert(name).second;
+}
+
 void ResourceCheck::CheckDefaultTheme() {
     if (const auto content = ReadTextFile(kDefaultThemeFile)) {
         CheckTheme(kDefaultThemeFile, *content);
@@ -67,7 +72,7 @@ void ResourceCheck::CheckDefaultTheme() {
 }
 
 void ResourceCheck::CheckTheme(const std::string& name, Place where, const std::string& needs) {
-    if (!known.insert(name).second)
+    if (!IsNew(name))
         return;
     if (const auto content = ReadTextFile(name)) {
         CheckTheme(name, *content);
@@ -86,7 +91,7 @@ void ResourceCheck::CheckTheme(const std::string& name, const std::string& conte
 }
 
 void ResourceCheck::CheckConfiguration(const Word& name) {
-    if (!known.insert(name.text).second)
+    if (!IsNew(name.text))
         return;
     const auto content = ReadTextFile(name.text);
     if (!content) {
@@ -99,6 +104,7 @@ void ResourceCheck::CheckConfiguration(const Word& name) {
     const Word* const font = configuration.Find(kFontLine);
     if (font == nullptr)
         return;
+    files.insert(folder + font->text);
     const ErrorStreamCapture said;
     FontRender measure;
     if (!measure.Measure(font->text)) {
@@ -108,6 +114,7 @@ void ResourceCheck::CheckConfiguration(const Word& name) {
 }
 
 void ResourceCheck::CheckPicture(const std::string& picture, const std::string& file, Place where) {
+    files.insert(folder + picture);
     const ErrorStreamCapture said;
     TextureData data;
     if (!data.Load(picture)) {

@@ -22,13 +22,19 @@ public:
         : layout(layoutFile),
           declared(declarations),
           folder(std::move(reportFolder)),
-          findings(list) {}
+          findings(list),
+          files{layoutFile.path, folder + "default.theme", folder + "messagebox.theme"} {}
 
     /// @param withMessageBox  its theme, which the toolkit reads when the program shows one, is
     ///     looked at too
     void Run(bool withMessageBox);
 
+    /// The files that decide how the layout looks, whether they exist or not.
+    const std::set<std::string>& Files() const { return files; }
+
 private:
+    /// Whether a file is looked at for the first time.
+    bool IsNew(const std::string& name);
     void CheckDefaultTheme();
     /// @param needs  what is said when the file cannot be read, before its name
     void CheckTheme(const std::string& name, Place where, const std::string& needs);
@@ -40,7 +46,8 @@ private:
     const Declarations& declared;
     std::string folder;
     Findings& findings;
-    std::set<std::string> known;  // files that were looked at
+    std::set<std::string> known;  // themes and configurations that were looked at
+    std::set<std::string> files;
 };
 
 }  // namespace guiview

@@ -92,8 +92,8 @@ std::string_view Node::KindWord() const {
     return declared != nullptr ? declared->statement->kind->word : "Butt";
 }
 
-Scene::Scene(const Declarations& declarations, std::set<std::string> settled)
-    : declared(declarations), settledLabels(std::move(settled)) {
+Scene::Scene(const Declarations& declarations, std::set<std::string> withFinalText)
+    : declared(declarations), labelsWithFinalText(std::move(withFinalText)) {
     for (GLWidget* widget : GLWidget::widgets)
         Add(widget, nullptr, std::nullopt, Vector(0.0f, 0.0f));
 }
@@ -108,9 +108,9 @@ void Scene::Add(GLWidget* widget, const Node* parent, std::optional<int> tab,
     node.parent = parent;
     node.tab = tab;
     node.box = BoxOf(widget->Getbbox(), origin);
-    const bool settled =
-        entry != nullptr && entry->GetKind() == Kind::Label && settledLabels.contains(entry->tag);
-    node.drawn = settled ? LinesBox(node) : DrawnBox(node);
+    const bool hasFinalText = entry != nullptr && entry->GetKind() == Kind::Label
+                              && labelsWithFinalText.contains(entry->tag);
+    node.drawn = hasFinalText ? LinesBox(node) : DrawnBox(node);
     node.clicks = ClickBox(node);
     node.shown = parent == nullptr || parent->shown;
     if (parent != nullptr && tab)

@@ -41,9 +41,9 @@ struct Node {
 /// a container before its children, tab buttons before what is on the tabs.
 class Scene {
 public:
-    /// @param settled  labels that show no other texts than now, so that their lines are what can
-    ///     be seen of them; of others it is all the room that they keep
-    explicit Scene(const Declarations& declarations, std::set<std::string> settled = {});
+    /// @param withFinalText  labels that will show no other text than now, so that their lines are
+    ///     what can be seen of them; of other labels it is all the room that they keep
+    explicit Scene(const Declarations& declarations, std::set<std::string> withFinalText = {});
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 
@@ -61,7 +61,7 @@ private:
     void AddTabs(const Node& window, const Vector& origin, const Vector& inner);
 
     const Declarations& declared;
-    std::set<std::string> settledLabels;
+    std::set<std::string> labelsWithFinalText;
     std::vector<std::unique_ptr<Node>> owned;
     std::vector<const Node*> order;
 };

@@ -99,7 +99,7 @@ TEST_F(GameCheckTest, ButtonThatTheGameDoesNotReadMayBeAtTheCentre) {
 }
 
 TEST_F(GameCheckTest, LongestTextsAreTheSameEachTime) {
-    const HeadlessToolkit toolkit;
+    Toolkit::Get().ResetWithoutWindow();
     ASSERT_TRUE(GLWidget::font.Measure("data/font.ttf"));
     EXPECT_EQ(LongestGameTexts(), LongestGameTexts());
 }

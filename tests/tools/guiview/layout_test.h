@@ -43,7 +43,7 @@ protected:
     Findings Check(const std::string& layout, bool forGame = false,
                    const SampleTexts& texts = {}) const {
         folder.Write("test.gui", layout);
-        return CheckLayout(*LayoutSource::Read(Path()), forGame, texts);
+        return CheckLayout(*LayoutSource::Read(Path()), forGame, texts).findings;
     }
 
     /// What is printed, with the paths from the folder on.
