@@ -11,9 +11,9 @@ ONDISPLAY = Path(__file__).resolve().with_name("ondisplay")
 
 
 class VirtualDisplay:
-    """A virtual display. It ends when it is closed, and when the process that started it ends in
-    whatever way, because its keeper then reads the end of its input. The server's messages go to
-    the file `log`."""
+    """A virtual display. It ends when it is closed. It also ends when the process that started it is
+    killed, because `keeper` ends at the end of its input. The display's messages go to the file
+    `log`."""
 
     def __init__(self, size=(1280, 1024), log=None):
         options = ["--size", "{}x{}".format(*size), *(["--log", log] if log else [])]

@@ -47,7 +47,7 @@ class Launcher(unittest.TestCase):
         self.environment = {"HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.runtime),
                             "PATH": f"{self.folder / 'commands'}:/usr/bin:/bin",
                             "DISPLAY": ":12345"}
-        # No real message window may open, whatever is installed.
+        # No real message window may open, even if one of these commands is installed.
         for name in ("zenity", "kdialog", "xmessage"):
             self.write_command(name, f'echo "{name}: $*" >>"{self.folder}/windows"')
         self.game_is('echo "in $PWD"')
@@ -136,13 +136,13 @@ class Launcher(unittest.TestCase):
             (folder / file).write_text(text)
 
     def test_files_of_a_set_replace_those_of_the_data(self):
-        self.write_set(self.data, "quiet", {"desk.theme": "of the set\n", "more": "besides\n"})
+        self.write_set(self.data, "quiet", {"desk.theme": "of the set\n", "more": "only in the set\n"})
         self.game_is("cat desk.theme more; cmp button.theme "
                      f"'{self.data}/button.theme' && cmp font.ttf '{self.data}/font.ttf'; "
                      "find . -type f")
         result = self.run_launcher("--set", "quiet")
         self.assertEqual((result.returncode, result.stdout, result.stderr),
-                         (0, "of the set\nbesides\n", ""))
+                         (0, "of the set\nonly in the set\n", ""))
         self.assertNotEqual((self.data / "desk.theme").read_text(), "of the set\n")
 
     def test_set_of_the_player_can_be_used_with_the_system_data(self):
