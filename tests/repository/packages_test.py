@@ -15,10 +15,11 @@ BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 
 # The commands that scripts and tests call, by the section whose packages must contain them.
 COMMANDS = {
-    "play": ["g++", "cmake", "ninja", "pkg-config"],
+    "play": ["g++", "cmake", "ninja"],
     "picture": ["Xvfb", "import"],
-    "check": ["clang-format", "clang-tidy", "run-clang-tidy", "shellcheck", "xdotool", "python3",
-              "pytest-3", "doxygen", "gnuplot", "dot", "reuse", "codespell", "parallel"],
+    "check": ["pkg-config", "clang-format", "clang-tidy", "run-clang-tidy", "shellcheck", "xdotool",
+              "python3", "pytest-3", "doxygen", "gnuplot", "dot", "reuse", "codespell",
+              "parallel"],
     "package": ["dpkg-shlibdeps", "strip", "readelf", "git", "lintian", "desktop-file-validate",
                 "appstreamcli", "man", "rsvg-convert"],
     "fuzz": ["clang++"],
