@@ -34,7 +34,20 @@ Combobox::Combobox(const std::string& tag, GLWidget* owner, const Vector& where,
     size = Vector(6.0f * theme->border + button.z, 6.0f * theme->border + button.w);
 }
 
-Combobox::~Combobox() = default;
+Combobox::~Combobox() {
+    // While the button is destroyed, Forget asks for it.
+    dropButton.reset();
+}
+
+void Combobox::Forget(const GLWidget* gone) {
+    GLWidget::Forget(gone);
+    if (dropButton.get() == gone)
+        static_cast<void>(dropButton.release());
+}
+
+Vector Combobox::ButtonBox() const {
+    return dropButton ? dropButton->Getbbox() : Vector(0.0f, 0.0f, 0.0f, 0.0f);
+}
 
 bool Combobox::AddText(std::string_view newText) {
     TraceFrame frame("AddText", "Combobox");
@@ -45,7 +58,7 @@ bool Combobox::AddText(std::string_view newText) {
     measuredWith = fontLoads;
     for (; measured < texts.size(); ++measured) {
         const float width = MeasureText(*theme, texts[measured]) + 2.0f * theme->fontSize.x;
-        size.x = std::max(size.x, 6.0f * theme->border + width + dropButton->Getbbox().z);
+        size.x = std::max(size.x, 6.0f * theme->border + width + ButtonBox().z);
     }
     return true;
 }
@@ -60,14 +73,15 @@ bool Combobox::SetCurrentText(std::int32_t index) {
 bool Combobox::MouseMove(float x, float y) {
     TraceFrame frame("MouseMove", "Combobox");
     mouse = Vector(x, y);
-    dropButton->MouseMove(x - position.x, y - position.y);
+    container::MoveMouse(children, x - position.x, y - position.y);
     return true;
 }
 
 bool Combobox::MouseClick(bool left, bool middle, bool right) {
     TraceFrame frame("MouseClick", "Combobox");
+    const Dispatch dispatch;
     container::Click(children, left, middle, right);
-    const bool held = dropButton->Clicked() || (left && MouseInBox());
+    const bool held = (dropButton && dropButton->Clicked()) || (left && MouseInBox());
     if (!edgeLatch && held && !buttons.left) {
         edgeLatch = true;
         open = !open;
@@ -128,8 +142,10 @@ void Combobox::Render() {
 
 void Combobox::DrawBox() const {
     DrawPanel(0.0f, size.y);
-    dropButton->Render();
-    DrawArrow();
+    if (dropButton) {
+        dropButton->Render();
+        DrawArrow();
+    }
     if (current < 0 || current >= ItemCount())
         return;
     // While the list is open its first row reaches half a glyph up into the box.
@@ -190,7 +206,7 @@ void Combobox::DrawMark() const {
 }
 
 float Combobox::ItemLeft() const {
-    return dropButton->Getbbox().z + 3.0f * theme->border + theme->fontSize.x;
+    return ButtonBox().z + 3.0f * theme->border + theme->fontSize.x;
 }
 
 void Combobox::DrawItem(const std::string& item, float y) const {

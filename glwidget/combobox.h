@@ -30,6 +30,9 @@ public:
     /// Chooses the item of this index; an index outside the list changes nothing.
     bool SetCurrentText(std::int32_t index);
 
+protected:
+    void Forget(const GLWidget* gone) override;
+
 private:
     std::int32_t ItemCount() const { return static_cast<std::int32_t>(texts.size()); }
     float ListHeight() const;
@@ -48,10 +51,13 @@ private:
     /// Prints an item with its middle `y` above the box's lower edge.
     void DrawItem(const std::string& item, float y) const;
 
+    /// All zero without a button.
+    Vector ButtonBox() const;
+
     bool open = false;
-    bool edgeLatch = false;     // the press that toggled the list is not over yet
-    std::int32_t hovered = -1;  // row under the mouse while open
-    OwnedButton dropButton;
+    bool edgeLatch = false;          // the press that toggled the list is not over yet
+    std::int32_t hovered = -1;       // row under the mouse while open
+    OwnedButton dropButton;          // null once an application has destroyed it
     std::size_t measured = 0;        // texts that the box has made room for
     std::uint32_t measuredWith = 0;  // the font, as `fontLoads` counts it
 };

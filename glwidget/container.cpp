@@ -23,39 +23,35 @@ void RenderChild(GLWidget& child) {
 
 }  // namespace
 
-void Click(Children children, bool left, bool middle, bool right) {
+void Click(const Children& children, bool left, bool middle, bool right) {
+    const GLWidget::Dispatch dispatch;
     GLWidget* clicked = nullptr;
-    std::size_t place = 0;
-    for (std::size_t i = 0; i < children.size(); ++i) {
-        const bool wasClicked = children[i]->MouseClick(left, middle, right);
-        if (wasClicked && children[i]->Unique()) {
-            clicked = children[i];
-            place = i;
-        }
-    }
-    if (clicked == nullptr)
+    GLWidget::ForEach(children, [&](GLWidget& child) {
+        const bool wasClicked = child.MouseClick(left, middle, right);
+        if (wasClicked && child.Unique() && !child.IsDestroyed())
+            clicked = &child;
+    });
+    if (clicked == nullptr || clicked->IsDestroyed())
         return;
-    for (std::size_t i = 0; i < children.size(); ++i) {
-        if (i != place)
-            children[i]->SetFocussed(clicked);
-    }
+    GLWidget::ForEach(children, [&](GLWidget& child) {
+        if (&child != clicked)
+            child.SetFocussed(clicked);
+    });
 }
 
-void MoveMouse(Children children, float x, float y) {
-    for (GLWidget* child : children)
-        child->MouseMove(x, y);
+void MoveMouse(const Children& children, float x, float y) {
+    GLWidget::ForEach(children, [&](GLWidget& child) { child.MouseMove(x, y); });
 }
 
-void PassFocussed(Children children, GLWidget* other) {
-    for (GLWidget* child : children)
-        child->SetFocussed(other);
+void PassFocussed(const Children& children, GLWidget* other) {
+    GLWidget::ForEach(children, [&](GLWidget& child) { child.SetFocussed(other); });
 }
 
-bool AnyHasFocus(Children children) {
+bool AnyHasFocus(const Children& children) {
     return std::ranges::any_of(children, &GLWidget::HasFocus);
 }
 
-void Render(Children children) {
+void Render(const Children& children) {
     for (GLWidget* child : children) {
         if (child->GetDepth() > kLayerDepth)
             RenderChild(*child);

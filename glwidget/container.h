@@ -4,7 +4,7 @@
 #pragma once
 
 #include <memory>
-#include <span>
+#include <vector>
 
 #include "quarn2/vector.h"
 
@@ -16,25 +16,25 @@ class Theme;
 namespace container {
 
 /// In the order of every traversal; not owned.
-using Children = std::span<GLWidget* const>;
+using Children = std::vector<GLWidget*>;
 
 /// Hands a click to every child in order. When a unique child was clicked, the last such one,
 /// every other child is told, whatever its sort: containers among them tell theirs, so that a
 /// group of options reaches into nested containers.
-void Click(Children children, bool left, bool middle, bool right);
+void Click(const Children& children, bool left, bool middle, bool right);
 
 /// Hands a mouse position, in the children's coordinates, to every child in order.
-void MoveMouse(Children children, float x, float y);
+void MoveMouse(const Children& children, float x, float y);
 
 /// Tells every child that `other` became the active one.
-void PassFocussed(Children children, GLWidget* other);
+void PassFocussed(const Children& children, GLWidget* other);
 
 /// Whether one of the children has the focus.
-bool AnyHasFocus(Children children);
+bool AnyHasFocus(const Children& children);
 
 /// Draws the children around the model-view origin in two layers, so that what is opened over
 /// its neighbours lies on top: depth above -0.5 first, below -0.5 last.
-void Render(Children children);
+void Render(const Children& children);
 
 /// Fills an outline around the model-view origin, then draws its edges. Blending is on from
 /// the edges on: what is filled before anything of the picture blends is opaque.

@@ -24,6 +24,28 @@ constexpr float kEdgeThreshold = 90.0f;
 /// Not destroyed, for it is handed out by reference.
 const std::string& kNoText = *new std::string;
 
+/// As GLWidget::ForEach, for the top level.
+template <typename Handle>
+void ForEachAtTop(Handle handle) {
+    const GLWidget::Dispatch dispatch;
+    std::size_t left = GLWidget::widgets.size();
+    for (GLWidget* widget : GLWidget::widgets) {
+        if (left-- == 0)
+            return;
+        if (!widget->IsDestroyed())
+            handle(*widget);
+    }
+}
+
+/// The youngest widget of that name which is not destroyed, or null.
+GLWidget* YoungestNamed(const std::string& name) {
+    const std::list<GLWidget*>& living = Toolkit::Get().living;
+    const auto youngest = std::find_if(living.rbegin(), living.rend(), [&](GLWidget* widget) {
+        return widget->GetName() == name && !widget->IsDestroyed();
+    });
+    return youngest != living.rend() ? *youngest : nullptr;
+}
+
 }  // namespace
 
 GLWidget::TagMap& GLWidget::tags = Toolkit::Get().tags;
@@ -104,8 +126,7 @@ bool GLWidget::MouseMove(const Vector& screen) {
 
 bool GLWidget::TextKeyPress(const KeyFlags& keys) {
     TraceFrame frame("TextKeyPress", "GLWidget");
-    for (GLWidget* child : children)
-        child->TextKeyPress(keys);
+    ForEach(children, [&](GLWidget& child) { child.TextKeyPress(keys); });
     return true;
 }
 
@@ -113,8 +134,7 @@ bool GLWidget::MouseMove(float x, float y) {
     TraceFrame frame("MouseMove", "GLWidget");
     mouse = Vector(x, y);
     focus = Within();
-    for (GLWidget* child : children)
-        child->MouseMove(x, y);
+    ForEach(children, [&](GLWidget& child) { child.MouseMove(x, y); });
     return true;
 }
 
@@ -132,8 +152,7 @@ bool GLWidget::Update(int milliseconds) {
         highlight = highlight > kFaded ? highlight - step : 0.0f;
     }
     flash = flash > kFaded ? flash - step : 0.0f;
-    for (GLWidget* child : children)
-        child->Update(milliseconds);
+    ForEach(children, [&](GLWidget& child) { child.Update(milliseconds); });
     return true;
 }
 
@@ -154,15 +173,19 @@ std::string GLWidget::GetType() {
 bool GLWidget::AddChild(GLWidget* a) {
     TraceFrame frame("AddChild", "GLWidget");
     Assert("glwidget/glwidget", 763, "a != 0", a != nullptr);
+    if (a->Holds(this)) {
+        std::cerr << "widget " << name << " cannot hold " << a->name << ", which holds it\n";
+        return false;
+    }
     children.push_back(a);
-    const auto first = std::find_if(children.begin(), children.end(),
-                                    [](GLWidget* child) { return child->Unique(); });
+    const auto inGroup = [](GLWidget* child) { return child->Unique() && !child->destroyed; };
+    const auto first = std::find_if(children.begin(), children.end(), inGroup);
     if (first == children.end())
         return true;
     // kept: every addition sets the group back to its first member
     (*first)->Enable();
     for (auto other = first + 1; other != children.end(); ++other) {
-        if ((*other)->Unique())
+        if (inGroup(*other))
             (*other)->SetFocussed(*first);
     }
     return true;
@@ -210,6 +233,12 @@ bool GLWidget::Within() {
     return mouse.x >= box.x && mouse.x <= box.z && mouse.y >= box.y && mouse.y <= box.w;
 }
 
+bool GLWidget::Holds(const GLWidget* widget) const {
+    return widget == this || std::ranges::any_of(children, [&](const GLWidget* child) {
+               return child->Holds(widget);
+           });
+}
+
 bool GLWidget::Enable() {
     active = true;
     flash = 0.0f;
@@ -245,29 +274,25 @@ const std::string& GLWidget::GetCurrentText() const {
 
 bool GLWidget::MouseMoveWidgets(const Vector& screen) {
     TraceFrame frame("MouseMoveWidgets", "GLWidget");
-    for (GLWidget* widget : widgets)
-        widget->MouseMove(screen);
+    ForEachAtTop([&](GLWidget& widget) { widget.MouseMove(screen); });
     return true;
 }
 
 bool GLWidget::MouseClickWidgets(bool left, bool middle, bool right) {
     TraceFrame frame("MouseClickWidgets", "GLWidget");
-    for (GLWidget* widget : widgets)
-        widget->MouseClick(left, middle, right);
+    ForEachAtTop([&](GLWidget& widget) { widget.MouseClick(left, middle, right); });
     return true;
 }
 
 bool GLWidget::TextKeyPressWidgets(const KeyFlags& keys) {
     TraceFrame frame("TextKeyPressWidgets", "GLWidget");
-    for (GLWidget* widget : widgets)
-        widget->TextKeyPress(keys);
+    ForEachAtTop([&](GLWidget& widget) { widget.TextKeyPress(keys); });
     return true;
 }
 
 bool GLWidget::UpdateWidgets(int milliseconds) {
     TraceFrame frame("UpdateWidgets", "GLWidget");
-    for (GLWidget* widget : widgets)
-        widget->Update(milliseconds);
+    ForEachAtTop([&](GLWidget& widget) { widget.Update(milliseconds); });
     Toolkit::Get().parts.completeMessageBox();
     return true;
 }
@@ -331,21 +356,46 @@ Theme* GLWidget::ThemeNamed(std::string_view themeName, const std::string& file)
 }
 
 void GLWidget::Destroy(GLWidget* widget) {
-    if (widget == nullptr)
+    if (widget == nullptr || widget->destroyed)
         return;
+    widget->destroyed = true;
+    widget->focus = false;
     const auto entry = tags.find(widget->name);
     if (entry != tags.end() && entry->second == widget)
-        entry->second = nullptr;
+        entry->second = YoungestNamed(widget->name);
+    if (Toolkit::Get().dispatches > 0) {
+        Toolkit::Get().destroyed.push_back(widget);
+    } else {
+        UnlinkAndDelete(widget);
+    }
+}
+
+void GLWidget::UnlinkAndDelete(GLWidget* widget) {
     widgets.remove(widget);
-    Forget(widget);
+    for (GLWidget* other : Toolkit::Get().living)
+        other->Forget(widget);
     delete widget;
 }
 
 void GLWidget::Forget(const GLWidget* gone) {
-    for (GLWidget* widget : Toolkit::Get().living) {
-        std::erase(widget->children, gone);
-        if (widget->parent == gone)
-            widget->parent = nullptr;
+    std::erase(children, gone);
+    if (parent == gone)
+        parent = nullptr;
+}
+
+GLWidget::Dispatch::Dispatch() {
+    ++Toolkit::Get().dispatches;
+}
+
+GLWidget::Dispatch::~Dispatch() {
+    Toolkit& toolkit = Toolkit::Get();
+    if (--toolkit.dispatches > 0)
+        return;
+    // One at a time: deleting a widget destroys the parts that it owns.
+    while (!toolkit.destroyed.empty()) {
+        GLWidget* const widget = toolkit.destroyed.back();
+        toolkit.destroyed.pop_back();
+        UnlinkAndDelete(widget);
     }
 }
 

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 #include <list>
@@ -17,6 +19,16 @@
 #include "quarn2/vector.h"
 
 /// Base of every GUI element, and the toolkit's shared state and dispatch.
+///
+/// Who owns what: widgets are made with new and stay until Destroy or Toolkit::Reset deletes
+/// them. A widget does not own its children, its parent or its theme; only a tab window owns its
+/// tabs' buttons and a combobox its drop button. Destroying a widget leaves its children without
+/// a parent.
+///
+/// An overridden MouseClick, MouseMove, TextKeyPress or Update may make, add and destroy widgets,
+/// its own and those above it too. A widget that is added gets the next event, not this one. A
+/// widget that is destroyed gets no more of this event and has lost its tag; it is taken out of
+/// the tree and deleted when the event is over. Render and the constructors change no tree.
 ///
 /// GUI space: y grows upwards; the screen spans -A*S..A*S by -S..S, where S is `guiScale` and A
 /// the viewport's width divided by its height. A widget's position is the lower-left corner of
@@ -33,7 +45,8 @@ public:
     virtual ~GLWidget();
     /// Renames a tab; does nothing where there are none.
     virtual void SetTabText(int index, std::string_view newText);
-    /// Replaces the shown text.
+    /// Replaces the shown text. A text box edits a copy of its own: the next key that the user
+    /// presses while it is edited brings back what the user wrote.
     virtual void SetText(std::string_view newText);
     /// Appends an item to a list.
     virtual bool AddText(std::string_view newText);
@@ -58,6 +71,7 @@ public:
     /// The class's name.
     virtual std::string GetType();
     /// Takes a child, which is not owned. A group of unique children goes back to its first one.
+    /// @return false, with a line on standard error, for a child that holds this widget
     virtual bool AddChild(GLWidget* child);
     /// The box that clicks and layouts go by, in the parent's coordinates.
     virtual Vector Getbbox();
@@ -73,6 +87,8 @@ public:
     virtual bool AddToTab(int index, GLWidget* widget);
     /// Whether the mouse is over this widget.
     virtual bool Within();
+    /// Whether `widget` is this one or lies below it, be it shown or not.
+    virtual bool Holds(const GLWidget* widget) const;
 
     GLWidget(const GLWidget&) = delete;
     GLWidget& operator=(const GLWidget&) = delete;
@@ -122,9 +138,11 @@ public:
     /// standard error and fails an assertion.
     static GLWidget* GetByTag(std::string_view tag, bool complain = true);
 
-    /// Shows a message box unless one is open, and returns at once; a later UpdateWidgets
-    /// leaves the answer in `msgboxResult`.
-    /// @param buttons  1 OK; 3 OK, Cancel; 12 Yes, No; 14 Yes, No, Cancel
+    /// Shows a message box and returns at once; a later UpdateWidgets closes it and leaves the
+    /// answer in `msgboxResult`. The other widgets get their events meanwhile. While a box is
+    /// open, a further message is dropped.
+    /// @param buttons  1 OK; 3 OK, Cancel; 12 Yes, No; 14 Yes, No, Cancel. Any other set has no
+    ///     buttons: that box never closes.
     static bool MessageBox(const std::string& message, int buttons);
 
     /// Reads the toolkit configuration: font, sheet rectangles, fade rate. A value that is
@@ -136,7 +154,7 @@ public:
     static bool StartGUI(const std::string& path);
     /// @param path  as which the file is reported
     static bool StartGUI(std::istream& file, const std::string& path);
-    /// Frees nothing: what the toolkit made stays until the process ends. @return true
+    /// Frees nothing; Toolkit::Reset does. @return true
     static bool Quit();
 
     /// Registers a new theme of the built-in values, without a texture, under `themeName`. An
@@ -145,9 +163,34 @@ public:
     /// The theme of that name; on first use it is made and read from `file`.
     static Theme* ThemeNamed(std::string_view themeName, const std::string& file);
 
-    /// Deletes a widget, which its parent and the top level then no longer hold, and, unless
-    /// another took it over, clears its tag. Its children stay.
+    /// Deletes a widget, or does so after the event that is under way. No widget holds it or
+    /// has it as parent any more. Its tag goes to the youngest of the other widgets of that
+    /// name, or leads to none. Null is allowed.
     static void Destroy(GLWidget* widget);
+    bool IsDestroyed() const { return destroyed; }
+
+    /// Stands for an event on its way through a widget's children. What is destroyed meanwhile
+    /// is deleted with the last of these objects, so that every operation of a widget may still
+    /// use its fields.
+    class Dispatch {
+    public:
+        Dispatch();
+        ~Dispatch();
+        Dispatch(const Dispatch&) = delete;
+        Dispatch& operator=(const Dispatch&) = delete;
+    };
+
+    /// Calls `handle` with every widget of a list, which may change meanwhile: those that are
+    /// added are left out, and so are those that are destroyed.
+    template <typename Handle>
+    static void ForEach(const std::vector<GLWidget*>& list, Handle handle) {
+        const Dispatch dispatch;
+        const std::size_t count = list.size();
+        for (std::size_t i = 0; i < std::min(count, list.size()); ++i) {
+            if (!list[i]->destroyed)
+                handle(*list[i]);
+        }
+    }
 
     // Shared by all widgets: fields of the one Toolkit, which says what they mean.
     using TagMap = Toolkit::TagMap;
@@ -202,9 +245,12 @@ protected:
     bool dragging = false;
     std::vector<GLWidget*> children;  // not owned; the order of every traversal
 
-private:
-    /// Takes `gone` out of every living widget's children and parent link.
-    static void Forget(const GLWidget* gone);
+    /// Drops every link to `gone`, which is about to be deleted.
+    virtual void Forget(const GLWidget* gone);
 
+private:
+    static void UnlinkAndDelete(GLWidget* widget);
+
+    bool destroyed = false;                      ///< will be deleted when the event is over
     std::list<GLWidget*>::iterator livingPlace;  ///< in Toolkit::living
 };

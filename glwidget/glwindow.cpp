@@ -29,6 +29,7 @@ GLWindow::GLWindow(const std::string& tag, GLWidget* owner, const Vector& where,
 
 bool GLWindow::MouseClick(bool left, bool middle, bool right) {
     TraceFrame frame("MouseClick", "GLWindow");
+    const Dispatch dispatch;
     container::Click(children, left, middle, right);
     if (container::AnyHasFocus(children))
         return false;
@@ -38,6 +39,7 @@ bool GLWindow::MouseClick(bool left, bool middle, bool right) {
 
 bool GLWindow::MouseMove(float x, float y) {
     TraceFrame frame("MouseMove", "GLWindow");
+    const Dispatch dispatch;
     mouse = Vector(x, y);
     if (dragging)
         DragBy(mouse - grab);
@@ -64,7 +66,8 @@ void GLWindow::DragBy(const Vector& delta) {
 
 bool GLWindow::AddChild(GLWidget* child) {
     TraceFrame frame("AddChild", "GLWindow");
-    GLWidget::AddChild(child);
+    if (!GLWidget::AddChild(child))
+        return false;
     size.x = std::max(size.x, TitleWidth());
     return true;
 }

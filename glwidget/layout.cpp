@@ -38,6 +38,8 @@ std::string ReplaceEscapes(const std::string& text) {
 }
 
 void RegisterDefaultTheme() {
+    const auto known = GLWidget::themes.find(kDefaultTheme);
+    const Theme* const previous = known != GLWidget::themes.end() ? known->second : nullptr;
     Theme* const theme = GLWidget::NewTheme(kDefaultTheme);
     std::ifstream file(kDefaultThemeFile);
     if (file) {
@@ -45,7 +47,7 @@ void RegisterDefaultTheme() {
     } else {
         Theme::BuiltIn(*theme);
     }
-    if (GLWidget::currentTheme == nullptr)
+    if (GLWidget::currentTheme == nullptr || GLWidget::currentTheme == previous)
         GLWidget::currentTheme = theme;
 }
 

@@ -105,5 +105,6 @@ void CompleteMessageBox() {
     for (const std::string_view tag : {std::string_view("__msgbox"), kOk.tag, kCancel.tag, kYes.tag,
                                        kNo.tag, std::string_view("__msgbox_msg")}) {
         GLWidget::Destroy(GLWidget::GetByTag(tag, false));
+        GLWidget::tags.find(tag)->second = nullptr;
     }
 }

@@ -27,6 +27,7 @@ Slider::Slider(const std::string& tag, GLWidget* owner, const Vector& where, The
 
 bool Slider::MouseClick(bool left, bool middle, bool right) {
     TraceFrame frame("MouseClick", "Slider");
+    const Dispatch dispatch;
     container::Click(children, left, middle, right);
     if (container::AnyHasFocus(children))
         return false;
@@ -42,6 +43,7 @@ bool Slider::MouseClick(bool left, bool middle, bool right) {
 
 bool Slider::MouseMove(float x, float y) {
     TraceFrame frame("MouseMove", "Slider");
+    const Dispatch dispatch;
     mouse = Vector(x, y);
     const bool hasPrevious = previous.x > kNowhere.x && previous.y > kNowhere.y;
     if (dragging && Within() && hasPrevious) {

@@ -25,7 +25,11 @@ TabWindow::TabWindow(const std::string& tag, GLWidget* owner, const Vector& wher
     TraceFrame frame("TabWindow", "TabWindow");
 }
 
-TabWindow::~TabWindow() = default;
+TabWindow::~TabWindow() {
+    // While a button is destroyed, Forget goes over the list, which must then be whole.
+    for (Tab& tab : tabs)
+        tab.button.reset();
+}
 
 void TabWindow::SetTabText(int index, std::string_view newText) {
     TraceFrame frame("SetTabText", "TabWindow");
@@ -39,6 +43,7 @@ void TabWindow::SetTabText(int index, std::string_view newText) {
 
 bool TabWindow::MouseClick(bool left, bool middle, bool right) {
     TraceFrame frame("MouseClick", "TabWindow");
+    const Dispatch dispatch;
     GLWindow::MouseClick(left, middle, right);
     for (const Tab& tab : tabs) {
         if (tab.button)
@@ -55,6 +60,7 @@ bool TabWindow::MouseClick(bool left, bool middle, bool right) {
 
 bool TabWindow::MouseMove(float x, float y) {
     TraceFrame frame("MouseMove", "TabWindow");
+    const Dispatch dispatch;
     for (const Tab& tab : tabs) {
         if (tab.button)
             tab.button->MouseMove(x, y);
@@ -64,6 +70,7 @@ bool TabWindow::MouseMove(float x, float y) {
 
 bool TabWindow::Update(int milliseconds) {
     TraceFrame frame("Update", "TabWindow");
+    const Dispatch dispatch;
     GLWindow::Update(milliseconds);
     for (const Tab& tab : tabs) {
         if (tab.button)
@@ -113,13 +120,30 @@ bool TabWindow::AddToTab(int index, GLWidget* widget) {
     TraceFrame frame("AddToTab", "TabWindow");
     if (!EnsureTab(index))
         return false;
+    if (!AddChild(widget))
+        return false;
     Tab& tab = tabs[static_cast<std::size_t>(index)];
     if (tab.name.empty())
         tab.name = kUnnamed;
     tab.widgets.push_back(widget);
-    AddChild(widget);
     FitButtons();
     return true;
+}
+
+bool TabWindow::Holds(const GLWidget* widget) const {
+    return GLWindow::Holds(widget) || std::ranges::any_of(tabs, [&](const Tab& tab) {
+               return std::ranges::any_of(
+                   tab.widgets, [&](const GLWidget* child) { return child->Holds(widget); });
+           });
+}
+
+void TabWindow::Forget(const GLWidget* gone) {
+    GLWindow::Forget(gone);
+    for (Tab& tab : tabs) {
+        std::erase(tab.widgets, gone);
+        if (tab.button.get() == gone)
+            static_cast<void>(tab.button.release());
+    }
 }
 
 bool TabWindow::EnsureTab(int index) {

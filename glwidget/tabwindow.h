@@ -48,6 +48,11 @@ public:
     };
     const std::vector<Tab>& GetTabs() const { return tabs; }
 
+    bool Holds(const GLWidget* widget) const override;
+
+protected:
+    void Forget(const GLWidget* gone) override;
+
 private:
     /// Extends the list to hold the index. @return whether a tab may have it
     bool EnsureTab(int index);

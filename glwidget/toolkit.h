@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "quarn2/font.h"
 #include "quarn2/vector.h"
@@ -34,9 +35,11 @@ struct Toolkit {
     /// measured but not drawn, and every picture counts as loaded.
     void ResetWithoutWindow();
 
-    TagMap tags;                   ///< every named widget, not owned
-    std::list<GLWidget*> widgets;  ///< top level, in order of creation; not owned
-    std::list<GLWidget*> living;   ///< all widgets that exist, in order of creation
+    TagMap tags;                       ///< every named widget, not owned
+    std::list<GLWidget*> widgets;      ///< top level, in order of creation; not owned
+    std::list<GLWidget*> living;       ///< all widgets that exist, in order of creation
+    std::vector<GLWidget*> destroyed;  ///< by handlers of the event that is under way
+    int dispatches = 0;                ///< nested operations that hand an event to children
 
     ThemeMap themes;                                ///< every named theme, not owned
     std::list<std::shared_ptr<Theme>> ownedThemes;  ///< also those that lost their name

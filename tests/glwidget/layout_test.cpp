@@ -120,6 +120,22 @@ TEST_F(LayoutTest, DefaultThemeServesUntilAnotherIsNamed) {
     EXPECT_EQ(Find("second")->*&PlainWidget::theme, GLWidget::themes["other.theme"]);
 }
 
+TEST_F(LayoutTest, SecondLayoutUsesTheDefaultThemeThatItRegistered) {
+    Build("CADD Frame first NULL 0 0 0\n");
+    Theme* const earlier = GLWidget::themes["default"];
+    Build("CADD Frame second NULL 0 0 0\n");
+    EXPECT_NE(GLWidget::themes["default"], earlier);
+    EXPECT_EQ(Find("first")->*&PlainWidget::theme, earlier);
+    EXPECT_EQ(Find("second")->*&PlainWidget::theme, GLWidget::themes["default"]);
+}
+
+TEST_F(LayoutTest, SecondLayoutKeepsTheThemeThatTheFirstNamed) {
+    directory.Write("other.theme", kPlainTheme);
+    Build("THEM other.theme NULL\n");
+    Build("CADD Frame second NULL 0 0 0\n");
+    EXPECT_EQ(Find("second")->*&PlainWidget::theme, GLWidget::themes["other.theme"]);
+}
+
 TEST_F(LayoutTest, ThemeIsReadOncePerName) {
     directory.Write("other.theme", kPlainTheme);
     const std::string report =

@@ -234,6 +234,15 @@ TEST_F(MessageBoxTest, NextBoxRegistersALabelAndAFrameOfItsOwn) {
     EXPECT_NE(Find("__msgbox_frm"), frame);
 }
 
+TEST_F(MessageBoxTest, TagsOfAClosedBoxGoBackToNoOtherWidget) {
+    PlainWidget earlier("__msgbox_ok", nullptr, Vector(0.0f, 0.0f), theme);
+    Show("message", 1);
+    Click("__msgbox_ok");
+    GLWidget::UpdateWidgets(16);
+    EXPECT_EQ(GLWidget::msgboxResult, 1u);
+    EXPECT_EQ(Find("__msgbox_ok"), nullptr);
+}
+
 TEST_F(MessageBoxTest, UnknownSetHasNoButtonsAndCannotBeClosed) {
     Show("message", 5);
     ASSERT_NE(Find("__msgbox_frm"), nullptr);
