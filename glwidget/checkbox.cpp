@@ -8,13 +8,6 @@
 #include "glwidget/drawing.h"
 #include "quarn2/trace.h"
 
-namespace {
-
-/// At or below this a flash has faded out.
-constexpr float kFaded = 0.0001f;
-
-}  // namespace
-
 Checkbox::Checkbox(const std::string& boxName, GLWidget* boxParent, const Vector& corner,
                    Theme* boxTheme, const std::string& label)
     : GLWidget(boxName, boxParent, corner, boxTheme) {

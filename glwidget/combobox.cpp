@@ -31,7 +31,7 @@ Combobox::Combobox(const std::string& tag, GLWidget* owner, const Vector& where,
         new Button("__" + name + "dropbox", this, Vector(0.0f, 0.0f), buttonTheme, kButtonCaption));
     children.push_back(dropButton.get());
     const Vector button = dropButton->Getbbox();
-    size = Vector(6.0f * theme->border + button.z, 6.0f * theme->border + button.w);
+    size = Vector(2.0f * theme->Margin() + button.z, 2.0f * theme->Margin() + button.w);
 }
 
 Combobox::~Combobox() {
@@ -58,7 +58,7 @@ bool Combobox::AddText(std::string_view newText) {
     measuredWith = fontLoads;
     for (; measured < texts.size(); ++measured) {
         const float width = MeasureText(*theme, texts[measured]) + 2.0f * theme->fontSize.x;
-        size.x = std::max(size.x, 6.0f * theme->border + width + ButtonBox().z);
+        size.x = std::max(size.x, 2.0f * theme->Margin() + width + ButtonBox().z);
     }
     return true;
 }
@@ -206,7 +206,7 @@ void Combobox::DrawMark() const {
 }
 
 float Combobox::ItemLeft() const {
-    return ButtonBox().z + 3.0f * theme->border + theme->fontSize.x;
+    return ButtonBox().z + theme->Margin() + theme->fontSize.x;
 }
 
 void Combobox::DrawItem(const std::string& item, float y) const {

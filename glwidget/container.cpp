@@ -75,10 +75,6 @@ void DrawPanel(const Theme& theme, float brightness, float width, float height, 
     SetPolygonMode(PolygonMode::Fill);
 }
 
-float InnerMargin(const Theme& theme) {
-    return 3.0f * theme.border;
-}
-
 Vector ValidArea(const Vector& position, const Vector& size, const Theme& theme) {
     // kept: every margin is a fraction of the width, the vertical ones too
     const float margin = 0.01f * size.x;

@@ -40,9 +40,6 @@ void Render(const Children& children);
 /// the edges on: what is filled before anything of the picture blends is opaque.
 void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut);
 
-/// The margin between a container's corner and its inner origin.
-float InnerMargin(const Theme& theme);
-
 /// The area that a window's children may be dragged in, from the window's box.
 Vector ValidArea(const Vector& position, const Vector& size, const Theme& theme);
 

@@ -32,7 +32,7 @@ bool Frame::MouseMove(float x, float y) {
 }
 
 Vector Frame::InnerOrigin() const {
-    const float margin = bordered ? container::InnerMargin(*theme) : 0.0f;
+    const float margin = bordered ? theme->Margin() : 0.0f;
     return {position.x + margin, position.y + margin};
 }
 

@@ -15,9 +15,6 @@
 
 namespace {
 
-/// At or below this a highlight or a flash has faded out.
-constexpr float kFaded = 0.0001f;
-
 /// A position beyond this, far outside the screen, asks for the screen's edge on that side.
 constexpr float kEdgeThreshold = 90.0f;
 
@@ -104,7 +101,7 @@ bool GLWidget::Centre(GLWidget* child, bool inX, bool inY) {
     Assert("glwidget/glwidget", 679, "child != 0", child != nullptr);
     const Vector outer = Getbbox();
     const Vector inner = child->Getbbox();
-    const float margins = 6.0f * theme->border;
+    const float margins = 2.0f * theme->Margin();
     const float title = 2.0f * theme->fontSize.y;
     const float dx = (outer.z - outer.x - margins) / 2.0f - (inner.z - inner.x) / 2.0f;
     const float dy = (outer.w - outer.y - title - margins) / 2.0f - (inner.w - inner.y) / 2.0f;
@@ -203,20 +200,20 @@ bool GLWidget::Solidify() {
     TraceFrame frame("Solidify", "GLWidget");
     for (GLWidget* child : children)
         child->Solidify();
-    const float margin = theme->border;
+    const float margin = theme->Margin();
     for (GLWidget* child : children) {
         const Vector box = child->Getbbox();
-        size.x = std::max(size.x, box.z + 6.0f * margin);
-        size.y = std::max(size.y, box.w + 6.0f * margin);
+        size.x = std::max(size.x, box.z + 2.0f * margin);
+        size.y = std::max(size.y, box.w + 2.0f * margin);
     }
     if (position.x > kEdgeThreshold)
-        position.x = HalfWidth() - size.x - 3.0f * margin;
+        position.x = HalfWidth() - size.x - margin;
     if (position.x < -kEdgeThreshold)
-        position.x = -HalfWidth() + 3.0f * margin;
+        position.x = -HalfWidth() + margin;
     if (position.y > kEdgeThreshold)
-        position.y = guiScale - size.y - 3.0f * margin;
+        position.y = guiScale - size.y - margin;
     if (position.y < -kEdgeThreshold)
-        position.y = -guiScale + 3.0f * margin;
+        position.y = -guiScale + margin;
     return true;
 }
 

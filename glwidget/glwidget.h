@@ -216,6 +216,9 @@ public:
     static float HalfWidth();
 
 protected:
+    /// At or below this a highlight or a flash has faded out.
+    static constexpr float kFaded = 0.0001f;
+
     /// The mouse's buttons.
     struct Buttons {
         bool left = false;

@@ -45,7 +45,7 @@ bool GLWindow::MouseMove(float x, float y) {
         DragBy(mouse - grab);
     // Also while a move is refused: the window jumps by what was missed once it may move again.
     grab = mouse;
-    const float margin = container::InnerMargin(*theme);
+    const float margin = theme->Margin();
     container::MoveMouse(children, x - position.x - margin, y - position.y - margin);
     if (!container::AnyHasFocus(children))
         focus = Within() || dragging;
@@ -53,7 +53,7 @@ bool GLWindow::MouseMove(float x, float y) {
 }
 
 Vector GLWindow::InnerOrigin() const {
-    const float margin = container::InnerMargin(*theme);
+    const float margin = theme->Margin();
     return {position.x + margin, position.y + margin};
 }
 
@@ -87,7 +87,7 @@ bool GLWindow::Solidify() {
     size.x = std::max(size.x, TitleWidth());
     // kept: the title's room comes after the anchoring, so that a window anchored to the top
     // can end up beyond it
-    const float extra = 6.0f * theme->border + 2.0f * theme->fontSize.y;
+    const float extra = 2.0f * theme->Margin() + 2.0f * theme->fontSize.y;
     for (GLWidget* child : children)
         size.y = std::max(size.y, child->Getbbox().w + extra);
     return true;

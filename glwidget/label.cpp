@@ -11,12 +11,6 @@
 #include "quarn2/strings.h"
 #include "quarn2/trace.h"
 
-namespace {
-
-constexpr float kLineStep = 1.3f;  // glyph heights
-
-}  // namespace
-
 Label::Label(const std::string& labelName, GLWidget* labelParent, const Vector& corner,
              Theme* labelTheme, const std::string& newText)
     : GLWidget(labelName, labelParent, corner, labelTheme) {
@@ -24,7 +18,7 @@ Label::Label(const std::string& labelName, GLWidget* labelParent, const Vector& 
     text = newText;
     const std::uint32_t lines = substr_count(text, "\n") + 1;
     size = Vector(MeasureText(*theme, text) + theme->fontSize.x,
-                  static_cast<float>(lines) * theme->fontSize.y * kLineStep);
+                  static_cast<float>(lines) * theme->fontSize.y * FontRender::kLineStep);
     std::cerr << "label - " << lines << " - " << size.y << '\n' << text << '\n';
 }
 
@@ -64,7 +58,7 @@ void Label::Render() {
     const std::string& lines = Wrapped();
     SetColour(theme->textColour);
     Translate(position.x + theme->fontSize.x / 2.0f,
-              position.y + static_cast<float>(breaks) * theme->fontSize.y * kLineStep
+              position.y + static_cast<float>(breaks) * theme->fontSize.y * FontRender::kLineStep
                   + theme->fontSize.y / 4.0f);
     PrintText(*theme, lines);
 }

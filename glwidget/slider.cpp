@@ -5,6 +5,8 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
+
 #include "glwidget/container.h"
 #include "glwidget/drawing.h"
 #include "quarn2/trace.h"
@@ -77,9 +79,44 @@ Vector Slider::Getbbox() {
 
 bool Slider::Within() {
     TraceFrame frame("Within", "Slider");
+    const Vector box = GrabBox();
+    return box.x <= mouse.x && mouse.x <= box.z && box.y <= mouse.y && mouse.y <= box.w;
+}
+
+Vector Slider::GrabBox() const {
     const float half = theme->boxSize / 2.0f;
-    return position.x - half <= mouse.x && mouse.x <= position.x + size.x + half
-           && position.y - half <= mouse.y && mouse.y <= position.y + size.y + half;
+    return {position.x - half, position.y - half, position.x + size.x + half,
+            position.y + size.y + half};
+}
+
+Vector Slider::DrawnBox() const {
+    const Vector track = Track();
+    const Vector first = KnobBox(0.0f);
+    const Vector last = KnobBox(1.0f);
+    return {std::min(track.x, first.x), std::min(track.y, first.y), std::max(track.z, last.z),
+            std::max(track.w, last.w)};
+}
+
+Vector Slider::Track() const {
+    const float half = theme->boxSize / 2.0f;
+    if (IsVertical())
+        return {position.x + half, position.y, position.x + half, position.y + extent.y};
+    return {position.x, position.y + half, position.x + extent.x, position.y + half};
+}
+
+Vector Slider::KnobCorner(float atLevel) const {
+    const float half = theme->boxSize / 2.0f;
+    if (IsVertical())
+        return {position.x, position.y + atLevel * extent.y - half};
+    return {position.x + atLevel * extent.x - half, position.y};
+}
+
+Vector Slider::KnobBox(float atLevel) const {
+    const float side = theme->boxSize;
+    const Vector corner = KnobCorner(atLevel);
+    // kept: the turned picture stands to the left of a vertical track
+    const float left = IsVertical() ? corner.x - side : corner.x;
+    return {left, corner.y, left + side, corner.y + side};
 }
 
 void Slider::Render() {
@@ -95,28 +132,20 @@ void Slider::Render() {
 }
 
 void Slider::DrawTrack() const {
-    const float half = theme->boxSize / 2.0f;
+    const Vector track = Track();
     glLineWidth(theme->lineWidth);
     glBegin(GL_LINES);
-    if (IsVertical()) {
-        glVertex2f(position.x + half, position.y);
-        glVertex2f(position.x + half, position.y + extent.y);
-    } else {
-        glVertex2f(position.x, position.y + half);
-        glVertex2f(position.x + extent.x, position.y + half);
-    }
+    glVertex2f(track.x, track.y);
+    glVertex2f(track.z, track.w);
     glEnd();
 }
 
 void Slider::DrawKnob() const {
-    const float side = theme->boxSize;
     theme->image.Bind();
     SetTexturing(true);
-    if (IsVertical()) {
-        Translate(position.x, position.y + level * extent.y - side / 2.0f);
+    const Vector corner = KnobCorner(level);
+    Translate(corner.x, corner.y);
+    if (IsVertical())
         glRotatef(90.0f, 0.0f, 0.0f, 1.0f);
-    } else {
-        Translate(position.x + level * extent.x - side / 2.0f, position.y);
-    }
-    DrawSheetQuad(Vector(0.0f, 0.0f), side, sliderRect);
+    DrawSheetQuad(Vector(0.0f, 0.0f), theme->boxSize, sliderRect);
 }

@@ -11,7 +11,7 @@
 /// dragging keeps it strictly between 0 and 1. The application polls it.
 class Slider : public GLWidget {
 public:
-    /// @param position  start of the track; a knob's half below it lies the widget's corner
+    /// @param position  start of the track; the widget's own position is half a knob below it
     /// @param extent  the track: (length, 0) is horizontal, (0, length) vertical. With both
     ///     set it is horizontal.
     Slider(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
@@ -25,11 +25,24 @@ public:
     /// Half a knob to either side of the track and a whole one beyond its far end.
     Vector Getbbox() override;
     void SetFocussed(GLWidget*) override {}
-    /// Over the widget's box grown by half a knob on every side.
+    /// Over GrabBox.
     bool Within() override;
+
+    // Boxes in the parent's coordinates, as Getbbox gives them; each is another one.
+    /// Where the mouse can take hold of the slider: its position and size and half a knob around
+    /// them.
+    Vector GrabBox() const;
+    /// All that the slider ever draws: the track, and the knob at both of its ends.
+    Vector DrawnBox() const;
 
 private:
     bool IsVertical() const { return extent.x == 0.0f; }
+    /// The track's line from its start (x, y) to its end (z, w).
+    Vector Track() const;
+    /// Where the picture of the knob begins at a level: the lower left corner of the knob, but on
+    /// a vertical track, where the picture is turned to the left, the lower right one.
+    Vector KnobCorner(float atLevel) const;
+    Vector KnobBox(float atLevel) const;
     float LevelAfterMove() const;
     void DrawTrack() const;
     void DrawKnob() const;

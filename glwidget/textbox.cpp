@@ -32,9 +32,6 @@ constexpr std::size_t kLastCharacter = 125;  // kept: 126 is never taken
 /// A line that comes nearer than this to the box's width is broken.
 constexpr char kBreakMargin[] = "ww";
 
-/// From one line to the next, in glyph heights; the same as the font's own step.
-constexpr float kLineStep = 1.3f;
-
 /// Width of the frame while the box is edited, in lines.
 constexpr float kEditedFrame = 2.0f;
 
@@ -84,7 +81,7 @@ Textbox::Textbox(const std::string& tag, GLWidget* owner, const Vector& where, T
     rows = Limited(name, "rows", wantedRows, kMostRows);
     const std::string widest(static_cast<std::size_t>(columns), 'w');
     size = Vector(MeasureText(*theme, widest) + theme->fontSize.x,
-                  theme->fontSize.y * kLineStep * static_cast<float>(rows));
+                  theme->fontSize.y * FontRender::kLineStep * static_cast<float>(rows));
     std::cerr << "dim: " << size << '\n';
 }
 
@@ -236,7 +233,7 @@ void Textbox::DrawBox() const {
 }
 
 void Textbox::DrawContent() const {
-    const float step = kLineStep * theme->fontSize.y;
+    const float step = FontRender::kLineStep * theme->fontSize.y;
     const float margin = theme->fontSize.x / 2.0f;
     const float caret = LineWidth(LineBeforeCaret());
     // While a line is edited that the box is too narrow for, the caret stays in sight.

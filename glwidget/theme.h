@@ -32,6 +32,9 @@ public:
     bool fade = true;                     ///< the highlight fades; off, it is always full
     Texture image;
 
+    /// Between the edge of a container, or of the screen, and what it holds.
+    float Margin() const { return 3.0f * border; }
+
     /// Fills `theme` from a theme file, reporting every value on standard error. A value that
     /// is missing or malformed leaves the field as it was.
     static void Read(Theme& theme, const std::string& path);

@@ -36,7 +36,6 @@ constexpr FT_F26Dot6 kCharacterSize = 4096;  // 64 points, in 64ths
 constexpr FT_UInt kDotsPerInch = 96;
 constexpr float kPixelsPerUnit = 64.0f;
 constexpr std::int32_t kGlyphFlags = 38;  // clamped both ways, mipmapped
-constexpr float kLineStep = -1.3f;        // glyph heights
 constexpr std::size_t kPrintBytes = 8192;
 constexpr std::size_t kStackBytes = 8192;  // above these, Length takes memory from the heap
 
@@ -306,7 +305,7 @@ bool FontRender::Print(const char* format, ...) {
         const std::string_view line = lines.Take();
         glPushMatrix();
         glLoadIdentity();
-        glTranslatef(0.0f, static_cast<float>(index) * kLineStep * sizeY, 0.0f);
+        glTranslatef(0.0f, -static_cast<float>(index) * kLineStep * sizeY, 0.0f);
         modelView.ApplyModelView();
         glScalef(sizeX, sizeY, 0.0f);
         glCallLists(static_cast<GLsizei>(line.size()), GL_UNSIGNED_BYTE, line.data());

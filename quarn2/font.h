@@ -27,7 +27,7 @@ public:
     float Length(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
     /// Draws the printf-style text, at most 8191 characters, at the current model-view position
-    /// in the current colour. Lines go downwards by 1.3 times the vertical size, in the
+    /// in the current colour. Lines go downwards by kLineStep times the vertical size, in the
     /// coordinates into which the model-view matrix leads.
     /// @return true
     bool Print(const char* format, ...) __attribute__((format(printf, 2, 3)));
@@ -37,6 +37,8 @@ public:
         return code >= 0 && code < kGlyphCount ? advances[code] : 0.0f;
     }
 
+    /// From one line to the next, as a multiple of the vertical size.
+    static constexpr float kLineStep = 1.3f;
     /// Codes that have a glyph, from 0.
     static constexpr int kGlyphCount = 128;
 

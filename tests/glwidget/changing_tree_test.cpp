@@ -16,7 +16,7 @@
 #include "glwidget/textbox.h"
 #include "tests/glwidget/opened.h"
 #include "tests/glwidget/widget_test.h"
-#include "tests/support/temp_directory.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -350,7 +350,7 @@ TEST_F(ChangingTreeTest, GroupIsSetBackToItsFirstMemberThatIsNotDestroyed) {
 }
 
 TEST_F(ChangingTreeTest, MessageBoxMayBeShownByAHandler) {
-    const TempDirectory directory;
+    const WorkingFolder folder;
     auto* const handler = Make<Handler>("handler", nullptr);
     handler->onClick = [] { GLWidget::MessageBox("Message", 3); };
     testing::internal::CaptureStderr();

@@ -79,6 +79,36 @@ TEST_F(SliderTest, MouseIsOverItHalfAKnobToEverySide) {
     EXPECT_FALSE(over(0.5f, -0.101f));
 }
 
+TEST_F(SliderTest, MouseIsOverItInsideTheBoxThatItCanBeGrabbedBy) {
+    for (Opened<Slider>* each : {&slider, &upright}) {
+        const Vector box = each->GrabBox();
+        EXPECT_FLOAT_EQ(box.x, each->position.x - 0.05f);
+        EXPECT_FLOAT_EQ(box.y, each->position.y - 0.05f);
+        EXPECT_FLOAT_EQ(box.z, each->position.x + each->size.x + 0.05f);
+        EXPECT_FLOAT_EQ(box.w, each->position.y + each->size.y + 0.05f);
+        each->MouseMove(box.x, box.y);
+        EXPECT_TRUE(each->HasFocus());
+        each->MouseMove(box.z, box.w);
+        EXPECT_TRUE(each->HasFocus());
+    }
+}
+
+TEST_F(SliderTest, DrawnBoxHoldsTheKnobAtBothEndsOfAHorizontalTrack) {
+    const Vector box = slider.DrawnBox();
+    EXPECT_FLOAT_EQ(box.x, -0.05f);
+    EXPECT_FLOAT_EQ(box.y, -0.05f);
+    EXPECT_FLOAT_EQ(box.z, 1.05f);
+    EXPECT_FLOAT_EQ(box.w, 0.05f);
+}
+
+TEST_F(SliderTest, DrawnBoxHoldsAVerticalTrackAndTheKnobOnItsLeft) {
+    const Vector box = upright.DrawnBox();
+    EXPECT_FLOAT_EQ(box.x, -0.1f);
+    EXPECT_FLOAT_EQ(box.y, -0.1f);
+    EXPECT_FLOAT_EQ(box.z, 0.05f);
+    EXPECT_FLOAT_EQ(box.w, 1.0f);
+}
+
 TEST_F(SliderTest, DragMovesTheLevelByItsShareOfTheTrack) {
     PressAt(slider, 0.5f, 0.0f);
     DragBy(0.3f, 0.0f);
