@@ -17,20 +17,20 @@ constexpr float kCornerFactor = 3.0f;
 
 }  // namespace
 
-Button::Button(const std::string& buttonName, GLWidget* buttonParent, const Vector& place,
-               Theme* buttonTheme, const std::string& caption)
-    : GLWidget(buttonName, buttonParent, place, buttonTheme) {
+Button::Button(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+               const std::string& caption)
+    : GLWidget(name, parent, position, theme) {
     TraceFrame frame("Button", "Button");
     text = caption;
-    size =
-        Vector(MeasureText(*theme, text) + theme->fontSize.x, kHeightInGlyphs * theme->fontSize.y);
+    const Vector& glyph = GetTheme().fontSize;
+    size = Vector(MeasureText(GetTheme(), text) + glyph.x, kHeightInGlyphs * glyph.y);
 }
 
-Button::Button(const std::string& buttonName, GLWidget* buttonParent, const Vector& place,
-               Theme* buttonTheme, const Vector& buttonSize)
-    : GLWidget(buttonName, buttonParent, place, buttonTheme), image(theme->image) {
+Button::Button(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+               const Vector& size)
+    : GLWidget(name, parent, position, theme), image(GetTheme().image) {
     TraceFrame frame("Button", "Button");
-    size = buttonSize;
+    this->size = size;
 }
 
 bool Button::MouseClick(bool left, bool middle, bool right) {

@@ -8,16 +8,18 @@
 #include "glwidget/drawing.h"
 #include "quarn2/trace.h"
 
-Checkbox::Checkbox(const std::string& boxName, GLWidget* boxParent, const Vector& corner,
-                   Theme* boxTheme, const std::string& label)
-    : GLWidget(boxName, boxParent, corner, boxTheme) {
+Checkbox::Checkbox(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+                   const std::string& caption)
+    : GLWidget(name, parent, position, theme) {
     TraceFrame frame("Checkbox", "Checkbox");
-    text = label;
+    text = caption;
+    const float side = GetTheme().boxSize;
+    const Vector& glyph = GetTheme().fontSize;
     if (text.empty()) {
-        size = Vector(theme->boxSize, theme->boxSize);
+        size = Vector(side, side);
     } else {
-        size = Vector(MeasureText(*theme, text + " ") + theme->boxSize + theme->fontSize.x,
-                      std::max(theme->boxSize, 2.0f * theme->fontSize.y));
+        size = Vector(MeasureText(GetTheme(), text + " ") + side + glyph.x,
+                      std::max(side, 2.0f * glyph.y));
     }
 }
 
@@ -58,8 +60,8 @@ void Checkbox::Draw(const Vector& box, const Vector& mark) {
         DrawSheetQuad(position, side, mark);
     }
 
-    caption.assign(1, ' ').append(text);
+    drawnText.assign(1, ' ').append(text);
     SetColour(theme->textColour);
     Translate(position.x + side, position.y + side / 4.0f);
-    PrintText(*theme, caption);
+    PrintText(*theme, drawnText);
 }

@@ -27,5 +27,5 @@ protected:
     void Draw(const Vector& box, const Vector& mark);
 
 private:
-    std::string caption;  // the text as it is drawn, after a blank
+    std::string drawnText;  // after a blank
 };

@@ -23,15 +23,16 @@ constexpr float kArrowShare = 0.25f;
 
 }  // namespace
 
-Combobox::Combobox(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look)
-    : GLWidget(tag, owner, where, look) {
+Combobox::Combobox(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme)
+    : GLWidget(name, parent, position, theme) {
     TraceFrame frame("Combobox", "Combobox");
     Theme* const buttonTheme = ThemeNamed(kButtonTheme, kButtonTheme);
     dropButton.reset(
         new Button("__" + name + "dropbox", this, Vector(0.0f, 0.0f), buttonTheme, kButtonCaption));
     children.push_back(dropButton.get());
+    const float margins = 2.0f * GetTheme().Margin();
     const Vector button = dropButton->Getbbox();
-    size = Vector(2.0f * theme->Margin() + button.z, 2.0f * theme->Margin() + button.w);
+    size = Vector(margins + button.z, margins + button.w);
 }
 
 Combobox::~Combobox() {

@@ -9,9 +9,9 @@
 #include "glwidget/drawing.h"
 #include "quarn2/trace.h"
 
-Frame::Frame(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look,
-             bool hasBorder)
-    : GLWidget(tag, owner, where, look), bordered(hasBorder) {
+Frame::Frame(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+             bool bordered)
+    : GLWidget(name, parent, position, theme), bordered(bordered) {
     TraceFrame frame("Frame", "Frame");
     focus = false;
     highlight = 0.0f;

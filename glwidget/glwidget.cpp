@@ -62,17 +62,16 @@ Vector& GLWidget::checkRect = Toolkit::Get().checkRect;
 Vector& GLWidget::checkMarkRect = Toolkit::Get().checkMarkRect;
 Vector& GLWidget::sliderRect = Toolkit::Get().sliderRect;
 
-GLWidget::GLWidget(const std::string& widgetName, GLWidget* widgetParent,
-                   const Vector& widgetPosition, Theme* widgetTheme)
-    : parent(widgetParent),
-      position(widgetPosition),
-      theme(widgetTheme != nullptr ? widgetTheme : themes["default"]),
-      name(widgetName),
+GLWidget::GLWidget(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme)
+    : parent(parent),
+      position(position),
+      theme(theme != nullptr ? theme : themes["default"]),
+      name(name),
       livingPlace(Toolkit::Get().living.insert(Toolkit::Get().living.end(), this)) {
     TraceFrame frame("GLWidget", "GLWidget");
-    Assert("glwidget", __LINE__, "theme != NULL", theme != nullptr);
+    Assert("glwidget", __LINE__, "theme != NULL", this->theme != nullptr);
     tags[name] = this;
-    font.SetSize(theme->fontSize.x, theme->fontSize.y);
+    font.SetSize(GetTheme().fontSize.x, GetTheme().fontSize.y);
     // kept: any widget's construction clears the answer, which is read before widgets are made
     msgboxResult = 0;
     rendering = false;

@@ -19,9 +19,9 @@ bool Encloses(const Vector& outer, const Vector& inner) {
 
 }  // namespace
 
-GLWindow::GLWindow(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look,
-                   const std::string& title, bool canMove)
-    : GLWidget(tag, owner, where, look), movable(canMove) {
+GLWindow::GLWindow(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+                   const std::string& title, bool movable)
+    : GLWidget(name, parent, position, theme), movable(movable) {
     TraceFrame frame("GLWindow", "GLWindow");
     text = title;
     dragging = false;

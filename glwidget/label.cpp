@@ -11,14 +11,15 @@
 #include "quarn2/strings.h"
 #include "quarn2/trace.h"
 
-Label::Label(const std::string& labelName, GLWidget* labelParent, const Vector& corner,
-             Theme* labelTheme, const std::string& newText)
-    : GLWidget(labelName, labelParent, corner, labelTheme) {
+Label::Label(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+             const std::string& text)
+    : GLWidget(name, parent, position, theme) {
     TraceFrame frame("Label", "Label");
-    text = newText;
+    this->text = text;
+    const Vector& glyph = GetTheme().fontSize;
     const std::uint32_t lines = substr_count(text, "\n") + 1;
-    size = Vector(MeasureText(*theme, text) + theme->fontSize.x,
-                  static_cast<float>(lines) * theme->fontSize.y * FontRender::kLineStep);
+    size = Vector(MeasureText(GetTheme(), text) + glyph.x,
+                  static_cast<float>(lines) * glyph.y * FontRender::kLineStep);
     std::cerr << "label - " << lines << " - " << size.y << '\n' << text << '\n';
 }
 

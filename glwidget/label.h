@@ -15,7 +15,7 @@ class Label : public GLWidget {
 public:
     /// Sized for the text as it stands. Traces the number of lines, the height and the text.
     Label(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
-          const std::string& newText);
+          const std::string& text);
 
     /// Replaces every "%%" by "%". The size stays.
     void SetText(std::string_view newText) override;

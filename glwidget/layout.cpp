@@ -172,8 +172,8 @@ bool Layout::Fits(const Attachment& attachment) const {
     const std::string& tag = attachment.child->GetName();
     GLWidget& parent = *attachment.parent;
     const std::string parentIs = "'" + parent.GetName() + "' is a " + parent.GetType();
-    if (HasMoreAncestors(attachment.child, kMostAncestors)) {
-        Report("'" + tag + "' is nested deeper than " + std::to_string(kMostAncestors)
+    if (HasMoreAncestors(attachment.child, kMaxAncestors)) {
+        Report("'" + tag + "' is nested deeper than " + std::to_string(kMaxAncestors)
                + " containers and is left out");
         return false;
     }

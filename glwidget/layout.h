@@ -28,7 +28,7 @@ public:
 
     /// Containers that may stand around a widget. Drawing a child saves two matrices per
     /// container and three of its own; OpenGL promises room for 32.
-    static constexpr int kMostAncestors = 12;
+    static constexpr int kMaxAncestors = 12;
 
 private:
     struct Statement {

@@ -17,14 +17,15 @@ constexpr float kTrackOpacity = 0.5f;
 
 }  // namespace
 
-Slider::Slider(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look,
-               const Vector& track)
-    : GLWidget(tag, owner, where, look), extent(track) {
+Slider::Slider(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+               const Vector& extent)
+    : GLWidget(name, parent, position, theme), extent(extent) {
     TraceFrame frame("Slider", "Slider");
-    position.y -= theme->boxSize / 2.0f;
+    const float knob = GetTheme().boxSize;
+    this->position.y -= knob / 2.0f;
     level = 0.5f;
     dragging = false;
-    size = IsVertical() ? Vector(theme->boxSize, extent.y) : Vector(extent.x, theme->boxSize);
+    size = IsVertical() ? Vector(knob, extent.y) : Vector(extent.x, knob);
 }
 
 bool Slider::MouseClick(bool left, bool middle, bool right) {

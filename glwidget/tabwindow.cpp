@@ -20,8 +20,9 @@ constexpr char kUnnamed[] = "unnamed";
 
 }  // namespace
 
-TabWindow::TabWindow(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look)
-    : GLWindow(tag, owner, where, look, "", false) {
+TabWindow::TabWindow(const std::string& name, GLWidget* parent, const Vector& position,
+                     Theme* theme)
+    : GLWindow(name, parent, position, theme, "", false) {
     TraceFrame frame("TabWindow", "TabWindow");
 }
 
@@ -52,7 +53,7 @@ bool TabWindow::MouseClick(bool left, bool middle, bool right) {
     for (std::size_t i = 0; i < tabs.size(); ++i) {
         if (tabs[i].button && tabs[i].button->Clicked()) {
             children = tabs[i].widgets;
-            current = static_cast<std::uint32_t>(i);
+            shownTab = static_cast<std::uint32_t>(i);
         }
     }
     return true;
@@ -93,7 +94,7 @@ bool TabWindow::Solidify() {
     TraceFrame frame("Solidify", "TabWindow");
     GLWindow::Solidify();
     if (!tabs.empty())
-        children = tabs.front().widgets;  // kept: the first tab is shown, whatever `current` says
+        children = tabs.front().widgets;  // kept: the first tab's, even if shownTab is another
     const Vector row(position.x + size.y * theme->corner,
                      position.y + size.y - 1.75f * theme->fontSize.y);
     for (const Tab& tab : tabs) {
@@ -147,7 +148,7 @@ void TabWindow::Forget(const GLWidget* gone) {
 }
 
 bool TabWindow::EnsureTab(int index) {
-    if (index < 0 || index >= kMostTabs) {
+    if (index < 0 || index >= kMaxTabs) {
         std::cerr << "tabwindow " << name << " cannot have a tab " << index << '\n';
         return false;
     }
@@ -201,8 +202,8 @@ void TabWindow::DrawButtons() {
     const MatrixScope matrix;
     SetColour(theme->textColour);
     // The shown tab always looks as if the mouse were over it.
-    if (current < tabs.size() && tabs[current].button)
-        tabs[current].button->Focus();
+    if (shownTab < tabs.size() && tabs[shownTab].button)
+        tabs[shownTab].button->Focus();
     for (const Tab& tab : tabs) {
         if (tab.button)
             tab.button->Render();

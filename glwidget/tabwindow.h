@@ -38,7 +38,7 @@ public:
     bool AddToTab(int index, GLWidget* widget) override;
 
     /// Tabs that one window may have.
-    static constexpr int kMostTabs = 64;
+    static constexpr int kMaxTabs = 64;
 
     /// A tab and what it shows.
     struct Tab {
@@ -62,5 +62,5 @@ private:
     void DrawButtons();
 
     std::vector<Tab> tabs;
-    std::uint32_t current = 0;  // the shown tab; the base's own counts item texts
+    std::uint32_t shownTab = 0;
 };

@@ -72,16 +72,18 @@ private:
 
 }  // namespace
 
-Textbox::Textbox(const std::string& tag, GLWidget* owner, const Vector& where, Theme* look,
-                 std::int32_t wantedColumns, std::int32_t wantedRows)
-    : GLWidget(tag, owner, where, look) {
+Textbox::Textbox(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
+                 std::int32_t columns, std::int32_t rows)
+    : GLWidget(name, parent, position, theme) {
     TraceFrame frame("Textbox", "Textbox");
-    std::cerr << "textbox " << wantedColumns << ' ' << wantedRows << '\n';
-    const std::int32_t columns = Limited(name, "columns", wantedColumns, kMostColumns);
-    rows = Limited(name, "rows", wantedRows, kMostRows);
-    const std::string widest(static_cast<std::size_t>(columns), 'w');
-    size = Vector(MeasureText(*theme, widest) + theme->fontSize.x,
-                  theme->fontSize.y * FontRender::kLineStep * static_cast<float>(rows));
+    std::cerr << "textbox " << columns << ' ' << rows << '\n';
+    const std::int32_t columnsTaken = Limited(name, "columns", columns, kMaxColumns);
+    const std::int32_t rowsTaken = Limited(name, "rows", rows, kMaxRows);
+    const Vector& glyph = GetTheme().fontSize;
+    const std::string widest(static_cast<std::size_t>(columnsTaken), 'w');
+    this->rows = rowsTaken;
+    size = Vector(MeasureText(GetTheme(), widest) + glyph.x,
+                  glyph.y * FontRender::kLineStep * static_cast<float>(rowsTaken));
     std::cerr << "dim: " << size << '\n';
 }
 

@@ -30,8 +30,8 @@ public:
     std::string GetType() override { return "Textbox"; }
     void SetFocussed(GLWidget* other) override;
 
-    static constexpr std::int32_t kMostColumns = 1000;
-    static constexpr std::int32_t kMostRows = 1000;
+    static constexpr std::int32_t kMaxColumns = 1000;
+    static constexpr std::int32_t kMaxRows = 1000;
 
 private:
     void PutCaret(std::size_t place);

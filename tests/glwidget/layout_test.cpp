@@ -515,7 +515,7 @@ TEST_F(LayoutTest, WidgetThatNamesItselfAsParentGetsTheEarlierOne) {
 
 TEST_F(LayoutTest, NestingIsBounded) {
     std::string layout = "CADD Frame f0 NULL 0 0 0\n";
-    for (int i = 1; i <= Layout::kMostAncestors + 2; ++i) {
+    for (int i = 1; i <= Layout::kMaxAncestors + 2; ++i) {
         layout += "CADD Frame f" + std::to_string(i) + " f" + std::to_string(i - 1) + " 0 0 0\n";
     }
     const std::string report = Build(layout);

@@ -272,7 +272,7 @@ TEST_F(TabWindowTest, RenamingATabThatDoesNotExistDoesNothing) {
 }
 
 TEST_F(TabWindowTest, IndexesThatNoTabCanHaveAreOneLineAndNothingElse) {
-    for (const int index : {-1, TabWindow::kMostTabs, std::numeric_limits<int>::max()}) {
+    for (const int index : {-1, TabWindow::kMaxTabs, std::numeric_limits<int>::max()}) {
         testing::internal::CaptureStderr();
         EXPECT_FALSE(window.AddTab(index, "x"));
         EXPECT_EQ(testing::internal::GetCapturedStderr(),
@@ -286,8 +286,8 @@ TEST_F(TabWindowTest, IndexesThatNoTabCanHaveAreOneLineAndNothingElse) {
 }
 
 TEST_F(TabWindowTest, LastTabThatItMayHaveWorks) {
-    EXPECT_TRUE(window.AddTab(TabWindow::kMostTabs - 1, "last"));
-    const std::string tag = "__tabstab" + std::to_string(TabWindow::kMostTabs - 1) + "last";
+    EXPECT_TRUE(window.AddTab(TabWindow::kMaxTabs - 1, "last"));
+    const std::string tag = "__tabstab" + std::to_string(TabWindow::kMaxTabs - 1) + "last";
     ASSERT_NE(ButtonOf(tag), nullptr);
     window.Solidify();
     Press(tag);

@@ -103,9 +103,9 @@ private:
             usable = usable && owner != nullptr && owner->built && CheckOwner(statement, *owner);
         }
         const int ancestors = owner == nullptr ? 0 : owner->ancestors + 1;
-        if (ancestors > Layout::kMostAncestors) {
+        if (ancestors > Layout::kMaxAncestors) {
             Error(*tag, Quoted(tag->text) + " is nested deeper than "
-                            + std::to_string(Layout::kMostAncestors) + " containers");
+                            + std::to_string(Layout::kMaxAncestors) + " containers");
             usable = false;
         }
         usable = usable && statement.wellFormed && CheckValues(statement);
@@ -189,10 +189,10 @@ private:
         const std::optional<int> number = ParseWhole(tab.text);
         if (!number)
             return false;
-        if (*number >= 0 && *number < TabWindow::kMostTabs)
+        if (*number >= 0 && *number < TabWindow::kMaxTabs)
             return true;
         Error(tab, "there is no tab " + tab.text + ": tabs count from 0 to "
-                       + std::to_string(TabWindow::kMostTabs - 1));
+                       + std::to_string(TabWindow::kMaxTabs - 1));
         return false;
     }
 
@@ -205,8 +205,8 @@ private:
                    || (CheckPositive(*statement.Find("width"))
                        && CheckPositive(*statement.Find("height")));
         case Kind::Text:
-            return CheckCount(*statement.Find("columns"), Textbox::kMostColumns)
-                   && CheckCount(*statement.Find("rows"), Textbox::kMostRows);
+            return CheckCount(*statement.Find("columns"), Textbox::kMaxColumns)
+                   && CheckCount(*statement.Find("rows"), Textbox::kMaxRows);
         default:
             return true;
         }
