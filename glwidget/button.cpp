@@ -36,7 +36,7 @@ Button::Button(const std::string& name, GLWidget* parent, const Vector& position
 bool Button::MouseClick(bool left, bool middle, bool right) {
     TraceFrame frame("MouseClick", "Button");
     if (focus && !buttons.left) {
-        // kept: a press of another button over this one drops a click that nobody read yet
+        // kept: a press of another mouse button over this one drops a click that was not read yet
         active = left;
         clicked = left;
     } else {

@@ -22,10 +22,10 @@ public:
 protected:
     /// Remembers the buttons. @return whether the left one went down over the widget
     bool Pressed(bool left, bool middle, bool right);
-    /// @param box   the sheet's rectangle of the empty box
-    /// @param mark  and of what lies in it when it is active
+    /// @param box   the empty box's rectangle of the sheet
+    /// @param mark  the rectangle of the mark that is drawn over it when it is active
     void Draw(const Vector& box, const Vector& mark);
 
 private:
-    std::string drawnText;  // after a blank
+    std::string drawnText;  // the caption after a blank
 };

@@ -36,7 +36,7 @@ Combobox::Combobox(const std::string& name, GLWidget* parent, const Vector& posi
 }
 
 Combobox::~Combobox() {
-    // While the button is destroyed, Forget asks for it.
+    // Destroying the button calls Forget, which uses dropButton.
     dropButton.reset();
 }
 
@@ -53,7 +53,7 @@ Vector Combobox::ButtonBox() const {
 bool Combobox::AddText(std::string_view newText) {
     TraceFrame frame("AddText", "Combobox");
     GLWidget::AddText(newText);
-    // The box never shrinks, so texts that it has made room for need not be measured again.
+    // The box never shrinks, so texts for which it has room need not be measured again.
     if (measuredWith != fontLoads)
         measured = 0;
     measuredWith = fontLoads;
@@ -86,7 +86,7 @@ bool Combobox::MouseClick(bool left, bool middle, bool right) {
     if (!edgeLatch && held && !buttons.left) {
         edgeLatch = true;
         open = !open;
-        left = false;  // this press is used up: the list must not take it for one of its own
+        left = false;  // the list must not use this press again
     } else if (!held) {
         edgeLatch = false;
     }
@@ -101,8 +101,8 @@ void Combobox::UseList(bool left) {
         hovered = -1;
         return;
     }
-    // kept: rounded, so that the rows' borders lie at half rows and the lowest half row is one
-    // past the last item
+    // kept: rounded, so that each row begins half a row too high and the lowest half row has the
+    // index after the last item
     const float rowHeight = 2.0f * theme->fontSize.y;
     const auto row = static_cast<std::int32_t>(std::lround((position.y - mouse.y) / rowHeight));
     if (left == buttons.left) {

@@ -42,7 +42,7 @@ private:
     void DrawBox() const;
     void DrawArrow() const;
     void DrawList() const;
-    /// Takes the line between box and list away behind the first row's text.
+    /// Removes the line between box and list where the first row's text is.
     void ClearFirstRow() const;
     /// Draws the box's or the list's panel; `bottom` as in DrawItem.
     void DrawPanel(float bottom, float height) const;
@@ -55,9 +55,9 @@ private:
     Vector ButtonBox() const;
 
     bool open = false;
-    bool edgeLatch = false;          // the press that toggled the list is not over yet
+    bool edgeLatch = false;          // the press that opened or closed the list goes on
     std::int32_t hovered = -1;       // row under the mouse while open
     OwnedButton dropButton;          // null once an application has destroyed it
-    std::size_t measured = 0;        // texts that the box has made room for
+    std::size_t measured = 0;        // texts for which the box has room
     std::uint32_t measuredWith = 0;  // the font, as `fontLoads` counts it
 };

@@ -17,12 +17,12 @@ void ReadConfiguration(std::istream& file, Toolkit& toolkit) {
     static_cast<void>(reader.Word(word));
     reader.EndLine();
     std::cerr << "Loading " << word << '\n';
-    // A font that cannot be loaded was reported; the texts are then not to be seen.
+    // A font that cannot be loaded has been reported; the texts are then invisible.
     static_cast<void>(toolkit.loadFont(toolkit.font, word));
     ++toolkit.fontLoads;
     std::cerr << "Loaded.\n";
 
-    // One word is read for nothing.
+    // kept: the format has a word that nothing uses
     reader.SkipComments();
     static_cast<void>(reader.Word(word));
     reader.EndLine();

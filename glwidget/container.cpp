@@ -56,7 +56,7 @@ void Render(const Children& children) {
         if (child->GetDepth() > kLayerDepth)
             RenderChild(*child);
     }
-    // kept: a child exactly at the border between the layers is in neither
+    // kept: a child whose depth is exactly kLayerDepth is in neither layer
     for (GLWidget* child : children) {
         if (child->GetDepth() < kLayerDepth)
             RenderChild(*child);

@@ -12,15 +12,15 @@ class Button;
 class GLWidget;
 class Theme;
 
-/// What all widgets that hold others do alike.
+/// What all widgets that hold others have in common.
 namespace container {
 
-/// In the order of every traversal; not owned.
+/// In the order in which they get events; not owned.
 using Children = std::vector<GLWidget*>;
 
-/// Hands a click to every child in order. When a unique child was clicked, the last such one,
-/// every other child is told, whatever its sort: containers among them tell theirs, so that a
-/// group of options reaches into nested containers.
+/// Hands a click to every child in order. If unique children were clicked, all other children are
+/// told of the last of them, unique or not: containers among them tell their children, so that a
+/// group of options includes those in nested containers.
 void Click(const Children& children, bool left, bool middle, bool right);
 
 /// Hands a mouse position, in the children's coordinates, to every child in order.
@@ -32,21 +32,20 @@ void PassFocussed(const Children& children, GLWidget* other);
 /// Whether one of the children has the focus.
 bool AnyHasFocus(const Children& children);
 
-/// Draws the children around the model-view origin in two layers, so that what is opened over
-/// its neighbours lies on top: depth above -0.5 first, below -0.5 last.
+/// Draws the children around the model-view origin in two layers: depth above -0.5 first, then
+/// depth below -0.5, so that an open list covers its neighbours.
 void Render(const Children& children);
 
-/// Fills an outline around the model-view origin, then draws its edges. Blending is on from
-/// the edges on: what is filled before anything of the picture blends is opaque.
+/// Fills an outline around the model-view origin, then draws its edges. Blending is switched on
+/// between the two: the first panel of a picture is filled opaque.
 void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut);
 
-/// The area that a window's children may be dragged in, from the window's box.
+/// The area in which a window's children may be dragged.
 Vector ValidArea(const Vector& position, const Vector& size, const Theme& theme);
 
 }  // namespace container
 
-/// Deletes a widget whose owner is another widget and clears the registry entry that still
-/// leads to it.
+/// Deletes a widget that another widget owns, and clears its tag.
 struct UnregisterAndDelete {
     void operator()(GLWidget* widget) const;
 };

@@ -20,8 +20,8 @@ void AppendEscaped(std::string& result, const std::string& text) {
     }
 }
 
-/// The text as a format, valid until the next call. One buffer for all, which grows to the
-/// longest text with a "%" and is then never allocated again.
+/// The text as a format, valid until the next call. All calls use one buffer, so that drawing
+/// allocates nothing once the longest text with a "%" has been drawn.
 const char* AsFormat(const std::string& text) {
     if (text.find('%') == std::string::npos)
         return text.c_str();

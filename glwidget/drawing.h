@@ -10,7 +10,7 @@
 
 // What the widgets share in drawing and in measuring their texts.
 
-/// Saves the current matrix and brings it back on every way out.
+/// Saves the current matrix and restores it at the end of the scope.
 class MatrixScope {
 public:
     MatrixScope();
@@ -37,7 +37,7 @@ enum class PolygonMode { Fill, Line };
 void SetPolygonMode(PolygonMode mode);
 
 /// A box centred at the origin with the top left and the bottom right corner cut.
-/// @param cut  as a fraction of the height, in both directions: the cut stays square
+/// @param cut  as a fraction of the height, in both directions, so that the cut is square
 void DrawOutline(float width, float height, float cut);
 
 /// A square of the GUI sheet.
@@ -45,8 +45,8 @@ void DrawOutline(float width, float height, float cut);
 /// @param rect    texture coordinates (s1, t1, s2, t2)
 void DrawSheetQuad(const Vector& corner, float side, const Vector& rect);
 
-// A widget's own text is shown as it is: "%%" and a lone "%" both as "%", where the font reads
-// a format. Both set the shared font's size from the theme first, whoever used it last.
+// The font takes a printf format; these take a widget's text, in which "%%" and a single "%" are
+// both drawn as "%". Both set the size of the shared font from the theme first.
 
 /// Width of the widest line.
 float MeasureText(const Theme& theme, const std::string& text);

@@ -15,10 +15,10 @@
 
 namespace {
 
-/// A position beyond this, far outside the screen, asks for the screen's edge on that side.
+/// A position beyond this, far outside the screen, means the edge of the screen on that side.
 constexpr float kEdgeThreshold = 90.0f;
 
-/// Not destroyed, for it is handed out by reference.
+/// Never destroyed, because references to it are given out.
 const std::string& kNoText = *new std::string;
 
 /// As GLWidget::ForEach, for the top level.
@@ -34,13 +34,13 @@ void ForEachAtTop(Handle handle) {
     }
 }
 
-/// The youngest widget of that name which is not destroyed, or null.
-GLWidget* YoungestNamed(const std::string& name) {
+/// The newest widget of that name that is not destroyed, or null.
+GLWidget* NewestNamed(const std::string& name) {
     const std::list<GLWidget*>& living = Toolkit::Get().living;
-    const auto youngest = std::find_if(living.rbegin(), living.rend(), [&](GLWidget* widget) {
+    const auto newest = std::find_if(living.rbegin(), living.rend(), [&](GLWidget* widget) {
         return widget->GetName() == name && !widget->IsDestroyed();
     });
-    return youngest != living.rend() ? *youngest : nullptr;
+    return newest != living.rend() ? *newest : nullptr;
 }
 
 }  // namespace
@@ -136,7 +136,7 @@ bool GLWidget::MouseMove(float x, float y) {
 
 bool GLWidget::Update(int milliseconds) {
     TraceFrame frame("Update", "GLWidget");
-    // Unsigned, so that an age of 24 days wraps instead of overflowing.
+    // Unsigned, so that an age of 24 days wraps around instead of overflowing.
     age = static_cast<std::int32_t>(static_cast<std::uint32_t>(age)
                                     + static_cast<std::uint32_t>(milliseconds));
     const float step = static_cast<float>(milliseconds) * fadeRate;
@@ -358,7 +358,7 @@ void GLWidget::Destroy(GLWidget* widget) {
     widget->focus = false;
     const auto entry = tags.find(widget->name);
     if (entry != tags.end() && entry->second == widget)
-        entry->second = YoungestNamed(widget->name);
+        entry->second = NewestNamed(widget->name);
     if (Toolkit::Get().dispatches > 0) {
         Toolkit::Get().destroyed.push_back(widget);
     } else {
@@ -428,7 +428,7 @@ bool GLWidget::Quit() {
 }
 
 float GLWidget::HalfWidth() {
-    if (viewport[3] == 0)  // nothing has read it yet
+    if (viewport[3] == 0)  // it has not been read yet
         return guiScale;
     return static_cast<float>(viewport[2]) / static_cast<float>(viewport[3]) * guiScale;
 }

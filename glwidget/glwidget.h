@@ -20,15 +20,16 @@
 
 /// Base of every GUI element, and the toolkit's shared state and dispatch.
 ///
-/// Who owns what: widgets are made with new and stay until Destroy or Toolkit::Reset deletes
-/// them. A widget does not own its children, its parent or its theme; only a tab window owns its
-/// tabs' buttons and a combobox its drop button. Destroying a widget leaves its children without
-/// a parent.
+/// Ownership: a widget is made with new and lives until Destroy or Toolkit::Reset deletes it. It
+/// does not own its children, its parent or its theme. Only a tab window owns the buttons of its
+/// tabs, and a combobox its drop button. The children of a widget that is destroyed live on
+/// without a parent.
 ///
-/// An overridden MouseClick, MouseMove, TextKeyPress or Update may make, add and destroy widgets,
-/// its own and those above it too. A widget that is added gets the next event, not this one. A
-/// widget that is destroyed gets no more of this event and has lost its tag; it is taken out of
-/// the tree and deleted when the event is over. Render and the constructors change no tree.
+/// MouseClick, MouseMove, TextKeyPress and Update, as overridden by an application, may make, add
+/// and destroy widgets, including their own widget and those that hold it. A widget that is added
+/// gets the next event, not this one. A widget that is destroyed gets no more of this event and
+/// loses its tag at once; it leaves the tree and is deleted after the event. Render must not
+/// change the tree.
 ///
 /// GUI space: y grows upwards; the screen spans -A*S..A*S by -S..S, where S is `guiScale` and A
 /// the viewport's width divided by its height. A widget's position is the lower-left corner of
@@ -41,9 +42,9 @@ public:
     /// @param parent  not owned, may be null
     GLWidget(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme);
 
-    // The order of the virtual operations is the toolkit's own and is kept.
+    // kept: the order of the virtual operations
     virtual ~GLWidget();
-    /// Renames a tab; does nothing where there are none.
+    /// Renames a tab; does nothing if the widget has no tabs.
     virtual void SetTabText(int index, std::string_view newText);
     /// Replaces the shown text. A text box edits a copy of its own: the next key that the user
     /// presses while it is edited brings back what the user wrote.
@@ -60,24 +61,25 @@ public:
     virtual bool TextKeyPress(const KeyFlags& keys);
     /// The same in the parent's GUI units.
     virtual bool MouseMove(float x, float y);
-    /// Moves highlight and flash on by that time.
+    /// Lets highlight and flash grow or fade for that time.
     virtual bool Update(int milliseconds);
     /// Draws at the current model-view position and changes nothing. Needs RenderWidgets around it.
     virtual void Render() = 0;
     /// Moves the widget. @return its new position
     virtual Vector operator+=(const Vector& offset);
-    /// Whether at most one of a container's children of this sort is active.
+    /// Whether at most one of the unique children of a container is active.
     virtual bool Unique();
     /// The class's name.
     virtual std::string GetType();
-    /// Takes a child, which is not owned. A group of unique children goes back to its first one.
-    /// @return false, with a line on standard error, for a child that holds this widget
+    /// Adds a child, which is not owned. The first of the unique children becomes the active one.
+    /// @return false, with a line on standard error, if the child holds this widget
     virtual bool AddChild(GLWidget* child);
-    /// The box that clicks and layouts go by, in the parent's coordinates.
+    /// The box that layouts and most clicks use, in the parent's coordinates.
     virtual Vector Getbbox();
-    /// The area that children may use; all zero where there is none.
+    /// The area that children may use; all zero if there is none.
     virtual Vector GetValidArea();
-    /// Grows to hold the children and moves to the screen's edges as asked; once per tree.
+    /// Grows to hold the children, and moves to an edge of the screen if the position asks for
+    /// that. Called once per tree.
     virtual bool Solidify();
     /// Tells a unique widget that `other` became the active one.
     virtual void SetFocussed(GLWidget* other) = 0;
@@ -87,7 +89,7 @@ public:
     virtual bool AddToTab(int index, GLWidget* widget);
     /// Whether the mouse is over this widget.
     virtual bool Within();
-    /// Whether `widget` is this one or lies below it, be it shown or not.
+    /// Whether `widget` is this one or lies below it, even on a hidden tab.
     virtual bool Holds(const GLWidget* widget) const;
 
     GLWidget(const GLWidget&) = delete;
@@ -102,9 +104,9 @@ public:
     float GetDepth() const { return depth; }
 
     // What the application polls, once per frame.
-    /// Whether the widget was clicked since the last question.
+    /// Whether the widget was clicked since the last call.
     bool BeenClicked();
-    /// Whether the value was changed since the last question.
+    /// Whether the value was changed since the last call.
     bool BeenChanged();
     /// The active flag: for a button, held down after a press over it.
     bool Clicked() const { return active; }
@@ -124,7 +126,7 @@ public:
     const std::vector<std::string>& GetTexts() const { return texts; }
     const std::vector<GLWidget*>& GetChildren() const { return children; }
 
-    // The entry points of the application, once per event or frame. Each returns true.
+    // The application calls these once per event or frame. Each returns true.
     /// @param screen  window pixels from the top left
     static bool MouseMoveWidgets(const Vector& screen);
     static bool MouseClickWidgets(bool left, bool middle, bool right);
@@ -134,7 +136,7 @@ public:
     /// Draws all widgets into the current OpenGL context.
     static bool RenderWidgets();
 
-    /// The widget registered under `tag`, or null. With `complain`, an unknown tag is named on
+    /// The widget registered under `tag`, or null. With `complain`, an unknown tag is reported on
     /// standard error and fails an assertion.
     static GLWidget* GetByTag(std::string_view tag, bool complain = true);
 
@@ -152,26 +154,26 @@ public:
     static bool Init(std::istream& file);
     /// Builds the widgets of a layout file.
     static bool StartGUI(const std::string& path);
-    /// @param path  as which the file is reported
+    /// @param path  the name of the file in messages
     static bool StartGUI(std::istream& file, const std::string& path);
     /// Frees nothing; Toolkit::Reset does. @return true
     static bool Quit();
 
-    /// Registers a new theme of the built-in values, without a texture, under `themeName`. An
-    /// earlier one of that name stays alive for the widgets that draw with it.
+    /// Registers a new theme with the built-in values and without a texture. An earlier theme of
+    /// that name lives on for the widgets that draw with it.
     static Theme* NewTheme(std::string_view themeName);
     /// The theme of that name; on first use it is made and read from `file`.
     static Theme* ThemeNamed(std::string_view themeName, const std::string& file);
 
-    /// Deletes a widget, or does so after the event that is under way. No widget holds it or
-    /// has it as parent any more. Its tag goes to the youngest of the other widgets of that
-    /// name, or leads to none. Null is allowed.
+    /// Deletes a widget, at once or after the event that is under way. No other widget then has
+    /// it as child or parent. Its tag goes back to the newest of the other widgets of that name,
+    /// if there is one. Null is allowed.
     static void Destroy(GLWidget* widget);
     bool IsDestroyed() const { return destroyed; }
 
-    /// Stands for an event on its way through a widget's children. What is destroyed meanwhile
-    /// is deleted with the last of these objects, so that every operation of a widget may still
-    /// use its fields.
+    /// Exists while an event is handed to a widget's children. Widgets that are destroyed meanwhile
+    /// are deleted at the end of the outermost of these objects, so that the operations of a
+    /// widget can still use its fields.
     class Dispatch {
     public:
         Dispatch();
@@ -180,8 +182,8 @@ public:
         Dispatch& operator=(const Dispatch&) = delete;
     };
 
-    /// Calls `handle` with every widget of a list, which may change meanwhile: those that are
-    /// added are left out, and so are those that are destroyed.
+    /// Calls `handle` with every widget of a list, except those that are added or destroyed
+    /// meanwhile.
     template <typename Handle>
     static void ForEach(const std::vector<GLWidget*>& list, Handle handle) {
         const Dispatch dispatch;
@@ -240,20 +242,20 @@ protected:
     Vector mouse;              ///< in the parent's coordinates
     bool focus = false;
     bool active = false;   ///< held, ticked or chosen
-    bool clicked = false;  ///< until BeenClicked is asked
-    bool changed = false;  ///< until BeenChanged is asked
+    bool clicked = false;  ///< until BeenClicked is called
+    bool changed = false;  ///< until BeenChanged is called
     std::string text;
     Theme* theme;  // not owned
     std::string name;
     bool dragging = false;
-    std::vector<GLWidget*> children;  // not owned; the order of every traversal
+    std::vector<GLWidget*> children;  // not owned; in the order of events
 
-    /// Drops every link to `gone`, which is about to be deleted.
+    /// Removes every link to `gone`, which is about to be deleted.
     virtual void Forget(const GLWidget* gone);
 
 private:
     static void UnlinkAndDelete(GLWidget* widget);
 
-    bool destroyed = false;                      ///< will be deleted when the event is over
+    bool destroyed = false;                      ///< will be deleted after the event
     std::list<GLWidget*>::iterator livingPlace;  ///< in Toolkit::living
 };

@@ -43,7 +43,7 @@ bool GLWindow::MouseMove(float x, float y) {
     mouse = Vector(x, y);
     if (dragging)
         DragBy(mouse - grab);
-    // Also while a move is refused: the window jumps by what was missed once it may move again.
+    // Also while a move is refused: when the window may move again, it jumps by what was refused.
     grab = mouse;
     const float margin = theme->Margin();
     container::MoveMouse(children, x - position.x - margin, y - position.y - margin);
@@ -85,8 +85,8 @@ bool GLWindow::Solidify() {
     TraceFrame frame("Solidify", "GLWindow");
     GLWidget::Solidify();
     size.x = std::max(size.x, TitleWidth());
-    // kept: the title's room comes after the anchoring, so that a window anchored to the top
-    // can end up beyond it
+    // kept: room for the title is added after the window was moved to the screen's edge, so that
+    // a window at the top edge can reach beyond it
     const float extra = 2.0f * theme->Margin() + 2.0f * theme->fontSize.y;
     for (GLWidget* child : children)
         size.y = std::max(size.y, child->Getbbox().w + extra);

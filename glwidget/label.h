@@ -13,7 +13,7 @@
 /// costs a comparison; its breaks are found again only when something they depend on changed.
 class Label : public GLWidget {
 public:
-    /// Sized for the text as it stands. Traces the number of lines, the height and the text.
+    /// Sized for the given text. Writes lines, height and text on standard error.
     Label(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
           const std::string& text);
 
@@ -29,7 +29,7 @@ public:
     const std::string& Wrapped();
 
 private:
-    /// What the line breaks were found for.
+    /// What the line breaks depend on besides the text.
     struct Measure {
         float width = 0.0f;
         float glyphWidth = 0.0f;
@@ -38,8 +38,8 @@ private:
         bool operator==(const Measure&) const = default;
     };
 
-    std::string given;        // the last argument of SetText, of which `text` was made
-    bool givenKnown = false;  // the constructor's text is kept as it is
+    std::string given;        // the last argument of SetText, from which `text` was made
+    bool givenKnown = false;  // SetText has been called
 
     std::string wrapped;
     std::uint32_t breaks = 0;  // line ends in `wrapped`

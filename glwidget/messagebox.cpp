@@ -30,10 +30,9 @@ constexpr std::array kAnswers{kOk, kCancel, kYes, kNo};
 
 constexpr int kOkAlone = 1;
 constexpr float kMessageHeight = 0.2f;  ///< above the buttons
-constexpr float kButtonStep = 0.2f;     ///< kept: whatever the captions' widths
+constexpr float kButtonStep = 0.2f;     ///< kept: also for wide captions
 
-/// The buttons of a set, from left to right. An unknown set has none: such a box cannot be
-/// answered.
+/// The buttons of a set, from left to right. An unknown set has none.
 std::vector<Answer> AnswersOf(int buttons) {
     switch (buttons) {
     case 3:
@@ -101,7 +100,7 @@ void CompleteMessageBox() {
     }
     if (!answered)
         return;
-    // kept: the label is registered as "__msgbox_message", so it and the frame stay behind
+    // kept: the label's tag is "__msgbox_message", so label and frame are not destroyed
     for (const std::string_view tag : {std::string_view("__msgbox"), kOk.tag, kCancel.tag, kYes.tag,
                                        kNo.tag, std::string_view("__msgbox_msg")}) {
         GLWidget::Destroy(GLWidget::GetByTag(tag, false));

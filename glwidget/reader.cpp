@@ -30,15 +30,15 @@ std::string GuiReader::Rest() {
     std::string rest;
     if (!stream.good())
         return rest;
-    // Only what separates fields of one line: the line end stays, so that an empty field is
-    // the empty text and not the next line.
+    // Skips only what separates the fields of a line. The line end stays, so that an empty field
+    // is the empty text and not the next line.
     for (Traits::int_type next = stream.peek(); next == ' ' || next == '\t' || next == '\r';
          next = stream.peek())
         stream.get();
     for (Traits::int_type next = stream.peek();
          next != kEnd && next != '\n' && rest.size() < kFieldLimit; next = stream.peek())
         rest += Traits::to_char_type(stream.get());
-    // A zero byte ends a text for everybody who draws or measures it.
+    // A zero byte ends a text when it is drawn or measured.
     rest.resize(std::min(rest.size(), rest.find('\0')));
     if (!rest.empty() && rest.back() == '\r' && stream.peek() == '\n')
         rest.pop_back();

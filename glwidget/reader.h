@@ -9,8 +9,8 @@
 #include "quarn2/vector.h"
 
 /// Reads the toolkit's text files: layouts, themes and the configuration. Words and numbers
-/// are separated by white space, line ends included. A read that fails leaves its argument
-/// alone, and so do all that follow until EndLine.
+/// are separated by white space, line ends included. A read that fails does not change its
+/// argument, and neither do the reads after it until EndLine.
 class GuiReader {
 public:
     explicit GuiReader(std::istream& file) : stream(file) {}
@@ -18,7 +18,7 @@ public:
     /// @return false at the end of the file
     [[nodiscard]] bool Word(std::string& word);
 
-    /// A number, or a flag written as 0 or 1. @return whether it was one
+    /// Reads a number, or a flag written as 0 or 1. @return whether there was one
     template <typename T>
     bool Read(T& value) {
         T read{};
@@ -27,14 +27,14 @@ public:
         value = read;
         return true;
     }
-    /// Three numbers; the fourth component stays.
+    /// Reads three numbers; the fourth component stays.
     void ReadThree(Vector& value);
     void ReadFour(Vector& value);
 
-    /// What is left of the line, without the blanks before it; at most kFieldLimit characters.
+    /// The rest of the line, without the blanks before it; at most kFieldLimit characters.
     std::string Rest();
 
-    /// Forgets a failure and skips the rest of the line, which is a comment.
+    /// Clears a failure and skips the rest of the line, which is a comment.
     void EndLine();
 
     /// Skips lines that begin with "//".

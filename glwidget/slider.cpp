@@ -50,7 +50,7 @@ bool Slider::MouseMove(float x, float y) {
     mouse = Vector(x, y);
     const bool hasPrevious = previous.x > kNowhere.x && previous.y > kNowhere.y;
     if (dragging && Within() && hasPrevious) {
-        // A step that would reach or pass an end is dropped whole.
+        // kept: a step that would reach or pass an end is ignored, not shortened
         const float moved = LevelAfterMove();
         if (moved > 0.0f && moved < 1.0f)
             level = moved;

@@ -27,7 +27,7 @@ TabWindow::TabWindow(const std::string& name, GLWidget* parent, const Vector& po
 }
 
 TabWindow::~TabWindow() {
-    // While a button is destroyed, Forget goes over the list, which must then be whole.
+    // Destroying a button calls Forget, which uses the list: no tab may be deleted yet.
     for (Tab& tab : tabs)
         tab.button.reset();
 }

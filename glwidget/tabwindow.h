@@ -30,21 +30,21 @@ public:
     std::string GetType() override { return "TabWindow"; }
     /// Shows the first tab and lays the row of buttons along the top.
     bool Solidify() override;
-    /// Makes tab `index` an empty one of this title and rebuilds all buttons. An index that no
+    /// Makes tab `index` an empty one of this title and makes all buttons again. An index that no
     /// tab can have is one line on standard error.
     bool AddTab(int index, std::string_view title) override;
     /// Puts a widget on tab `index`, which need not have been added. An index that no tab can
-    /// have is one line on standard error, and the widget stays outside.
+    /// have is one line on standard error, and the widget is not added.
     bool AddToTab(int index, GLWidget* widget) override;
 
-    /// Tabs that one window may have.
+    /// How many tabs a window may have.
     static constexpr int kMaxTabs = 64;
 
     /// A tab and what it shows.
     struct Tab {
         std::string name;
         std::vector<GLWidget*> widgets;  // not owned
-        OwnedButton button;              // null while only AddToTab knows the tab
+        OwnedButton button;              // null if only AddToTab has made the tab
     };
     const std::vector<Tab>& GetTabs() const { return tabs; }
 
@@ -54,7 +54,7 @@ protected:
     void Forget(const GLWidget* gone) override;
 
 private:
-    /// Extends the list to hold the index. @return whether a tab may have it
+    /// Extends the list up to the index. @return whether a tab may have that index
     bool EnsureTab(int index);
     void RebuildButtons();
     /// Widens the window to its row of buttons.

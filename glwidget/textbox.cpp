@@ -16,7 +16,7 @@
 
 namespace {
 
-// Places in the key flags: key symbols of the input library.
+// Indexes of the key flags: SDL's key symbols.
 constexpr std::size_t kBackspaceKey = 8;
 constexpr std::size_t kReturnKey = 13;
 constexpr std::size_t kDeleteKey = 127;
@@ -27,15 +27,15 @@ constexpr std::size_t kLeftKey = 276;
 constexpr std::size_t kHomeKey = 278;
 constexpr std::size_t kEndKey = 279;
 constexpr std::size_t kFirstCharacter = 32;
-constexpr std::size_t kLastCharacter = 125;  // kept: 126 is never taken
+constexpr std::size_t kLastCharacter = 125;  // kept: 126 cannot be typed
 
-/// A line that comes nearer than this to the box's width is broken.
+/// A line is broken when less than the width of this is left in the box.
 constexpr char kBreakMargin[] = "ww";
 
-/// Width of the frame while the box is edited, in lines.
+/// Width of the frame while the box is edited, as a multiple of the theme's line width.
 constexpr float kEditedFrame = 2.0f;
 
-/// Further than any place of a line can be from another.
+/// Larger than any distance between two positions in a line.
 constexpr float kFarthest = 1000.0f;
 
 std::int32_t Limited(const std::string& box, const char* what, std::int32_t wanted,
@@ -48,7 +48,7 @@ std::int32_t Limited(const std::string& box, const char* what, std::int32_t want
     return allowed;
 }
 
-/// Lets nothing show but what lies in a box whose lower left corner is the model-view origin.
+/// Clips drawing to a box whose lower left corner is the model-view origin.
 class ClipScope {
 public:
     ClipScope(float width, float height) {
@@ -90,7 +90,7 @@ Textbox::Textbox(const std::string& name, GLWidget* parent, const Vector& positi
 bool Textbox::MouseClick(bool left, bool, bool) {
     TraceFrame frame("MouseClick", "Textbox");
     const bool over = Within();
-    // Sticky: a click elsewhere does not end the editing.
+    // kept: a click elsewhere does not end the editing
     if (over && left)
         focus = true;
     return over && focus;
@@ -112,7 +112,7 @@ bool Textbox::TextKeyPress(const KeyFlags& keys) {
     TraceFrame frame("TextKeyPress", "Textbox");
     if (!focus)
         return true;
-    // Several keys may go down in one update; they are served in this order.
+    // Several keys may be pressed in one update; they are handled in this order.
     if (keys[kBackspaceKey] && !before.empty())
         before.pop_back();
     if (keys[kDeleteKey] && !after.empty())
@@ -149,7 +149,7 @@ void Textbox::MoveUp() {
     if (lineStart == 0)
         return;
     const std::string_view above = std::string_view(before).substr(0, lineStart - 1);
-    const std::size_t aboveStart = above.rfind('\n') + 1;  // 0 where there is none
+    const std::size_t aboveStart = above.rfind('\n') + 1;  // 0 if there is no line break
     PutCaret(aboveStart + NearestPlace(above.substr(aboveStart), LineWidth(line)));
 }
 
@@ -168,7 +168,7 @@ std::size_t Textbox::NearestPlace(std::string_view line, float width) const {
     std::size_t place = 0;
     for (; place <= line.size(); ++place) {
         const float distance = std::fabs(LineWidth(line.substr(0, place)) - width);
-        // Widths only grow, so it gets no nearer after this.
+        // Widths only grow, so the positions after this one are not nearer.
         if (!(distance < nearest))
             break;
         nearest = distance;
@@ -190,7 +190,8 @@ void Textbox::Type(const KeyFlags& keys) {
 }
 
 std::string_view Textbox::LineBeforeCaret() const {
-    return std::string_view(before).substr(before.rfind('\n') + 1);  // all where there is none
+    return std::string_view(before).substr(before.rfind('\n')
+                                           + 1);  // all if there is no line break
 }
 
 std::int32_t Textbox::LineCount() const {
@@ -201,7 +202,7 @@ float Textbox::LineWidth(std::string_view line) const {
     float width = 0.0f;
     for (std::size_t i = 0; i < line.size(); ++i) {
         width += font.Advance(line[i]) * theme->fontSize.x;
-        if (line.substr(i, 2) == "%%")  // shown as one
+        if (line.substr(i, 2) == "%%")  // drawn as one
             ++i;
     }
     return width;
@@ -224,9 +225,9 @@ void Textbox::Render() {
 void Textbox::DrawBox() const {
     const MatrixScope matrix;
     Translate(size.x / 2.0f, size.y / 2.0f);
-    // The corners are cut as those of a box of one row, so that no text stands over them.
+    // The corners are cut as in a box of one row, so that no text stands over the cut.
     const float cut = theme->corner / static_cast<float>(std::max(rows, 1));
-    // The highlight follows the editing; the frame is at its full strength at once.
+    // The frame shows at once that the box is edited; the highlight would fade in slowly.
     if (focus)
         glLineWidth(kEditedFrame * theme->lineWidth);
     container::DrawPanel(*theme, focus ? theme->bright : Brightness(*theme, highlight), size.x,
@@ -238,7 +239,7 @@ void Textbox::DrawContent() const {
     const float step = FontRender::kLineStep * theme->fontSize.y;
     const float margin = theme->fontSize.x / 2.0f;
     const float caret = LineWidth(LineBeforeCaret());
-    // While a line is edited that the box is too narrow for, the caret stays in sight.
+    // If the edited line is wider than the box, it is moved so that the caret stays visible.
     const float beyond = focus ? std::max(0.0f, caret - (size.x - 2.0f * margin)) : 0.0f;
     Translate(margin - beyond, size.y - step + theme->fontSize.y / 4.0f);
     SetColour(theme->textColour);

@@ -14,8 +14,8 @@
 /// gives it, and only another unique widget of the same container takes it away.
 class Textbox : public GLWidget {
 public:
-    /// Columns or rows beyond the limits are one line on standard error and the nearest number
-    /// that can be had.
+    /// Columns or rows outside the limits become the nearest limit, with one line on standard
+    /// error.
     /// @param columns  width, in letters "w"
     /// @param rows     lines that the user can make
     Textbox(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,
@@ -40,10 +40,10 @@ private:
     void BreakLine();
     void Type(const KeyFlags& keys);
 
-    /// The caret's line as far as the caret.
+    /// The part of the caret's line that is left of the caret.
     std::string_view LineBeforeCaret() const;
     std::int32_t LineCount() const;
-    /// The place in a line whose distance from its start is nearest to `width`.
+    /// The index in a line whose distance from the line's start is nearest to `width`.
     std::size_t NearestPlace(std::string_view line, float width) const;
     float LineWidth(std::string_view line) const;
 

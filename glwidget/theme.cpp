@@ -15,7 +15,8 @@ namespace {
 
 constexpr const char* kNoTexture = "NULL";
 
-/// The lines of a theme file: each reads one group of values and reports what then holds.
+/// Reads the lines of a theme file. Each operation reads one group of values and writes the
+/// values that the theme then has on standard error.
 class ThemeReader {
 public:
     explicit ThemeReader(std::istream& file) : reader(file) {}
@@ -102,6 +103,6 @@ void Theme::BuiltIn(Theme& theme) {
 }
 
 void Theme::LoadImage() {
-    // A picture that cannot be loaded was reported; the theme does without.
+    // A picture that cannot be loaded has been reported; the theme then has none.
     static_cast<void>(Toolkit::Get().loadImage(image, textureName));
 }

@@ -16,7 +16,7 @@ public:
     Vector textColour{1.0f, 1.0f, 1.0f, 1.0f};
     Vector lineColour{1.0f, 0.71f, 0.16f, 1.0f};
     Vector fillColour{0.8f, 0.8f, 0.8f, 1.0f};
-    Vector fourthColour{0.3f, 0.3f, 0.3f, 1.0f};  ///< read and kept, drawn by nothing
+    Vector fourthColour{0.3f, 0.3f, 0.3f, 1.0f};  ///< read and kept, used by nothing
     float opacity = 1.0f;
     float sixthValue = 0.8f;  ///< read and kept, used by nothing
     float lineWidth = 2.0f;   ///< pixels
@@ -41,7 +41,7 @@ public:
     /// @param path  as which the file is reported
     static void Read(Theme& theme, std::istream& file, const std::string& path);
 
-    /// Gives `theme` the built-in values and loads their texture.
+    /// Sets `theme` to the built-in values and loads their texture.
     static void BuiltIn(Theme& theme);
 
 private:

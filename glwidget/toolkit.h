@@ -38,7 +38,7 @@ struct Toolkit {
     TagMap tags;                       ///< every named widget, not owned
     std::list<GLWidget*> widgets;      ///< top level, in order of creation; not owned
     std::list<GLWidget*> living;       ///< all widgets that exist, in order of creation
-    std::vector<GLWidget*> destroyed;  ///< by handlers of the event that is under way
+    std::vector<GLWidget*> destroyed;  ///< during the event that is under way
     int dispatches = 0;                ///< nested operations that hand an event to children
 
     ThemeMap themes;                                ///< every named theme, not owned
@@ -74,8 +74,8 @@ struct Toolkit {
     static bool LoadImageToDraw(Texture& image, const std::string& file);
     static bool LeaveImageOut(Texture& image, const std::string& file);
 
-    /// What the base widget asks of the widgets that are derived from it, which it cannot know.
-    /// composition.cpp sets them before main() begins.
+    /// What the base widget needs from sources that need the base widget themselves, and that it
+    /// therefore does not include. composition.cpp sets them before main() begins.
     struct Parts {
         bool (*showMessageBox)(const std::string& message, int buttons) = nullptr;
         void (*completeMessageBox)() = nullptr;

@@ -29,7 +29,8 @@ void GrowingText::Append(char character) {
 }
 
 void GrowingText::EndLine() {
-    // The font measures a finished line together with what a longer one left behind it.
+    // The font measures a finished line together with what an earlier, longer line has left in
+    // its buffer after the end of this one.
     earlier.resize(std::max(earlier.size(), line.size()));
     std::copy(line.begin(), line.end(), earlier.begin());
     float width = 0.0f;

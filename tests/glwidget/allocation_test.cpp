@@ -30,7 +30,7 @@ constexpr const char* kLayout =
     "TADD 0 Check left tabs 0 0 left\n"
     "TADD 1 Check right tabs 0 0 right\n";
 
-/// A toolkit with every kind of widget, the call trace on.
+/// Widgets of every kind, while the call trace is recorded.
 class AllocationTest : public WidgetTest {
 protected:
     AllocationTest() {
@@ -45,7 +45,7 @@ protected:
         trace::Frames().clear();
     }
 
-    /// One frame with the mouse at a place that wanders over the whole screen.
+    /// One frame; the mouse moves on and in time reaches every part of the screen.
     static void Frame(int number) {
         const int step = number * 37;
         GLWidget::MouseMoveWidgets(
@@ -64,7 +64,7 @@ TEST_F(AllocationTest, HundredFramesOfDispatchAndUpdateAllocateNothing) {
     EXPECT_EQ(AllocationCount() - before, 0u);
 }
 
-TEST_F(AllocationTest, AskingTheWidgetsAllocatesNothing) {
+TEST_F(AllocationTest, ReadingTheStateOfTheWidgetsAllocatesNothing) {
     const std::size_t before = AllocationCount();
     for (int number = 0; number < 100; ++number) {
         GLWidget::GetByTag("button")->BeenClicked();
@@ -84,7 +84,7 @@ TEST_F(AllocationTest, SettingTheSameTextAllocatesNothing) {
     EXPECT_EQ(AllocationCount() - before, 0u);
 }
 
-TEST_F(AllocationTest, SettingTextsOfALengthThatWasThereAllocatesNothing) {
+TEST_F(AllocationTest, SettingTextsNoLongerThanEarlierOnesAllocatesNothing) {
     GLWidget* const label = GLWidget::GetByTag("label");
     label->SetText("an ever changing text of many letters");
     const std::size_t before = AllocationCount();

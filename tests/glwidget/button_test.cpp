@@ -26,14 +26,14 @@ TEST_F(ButtonTest, SizeFollowsTheCaption) {
     EXPECT_EQ(button.GetText(), "press");
 }
 
-TEST_F(ButtonTest, PercentSignsOfACaptionAreMeasuredAsShown) {
+TEST_F(ButtonTest, PercentSignsOfACaptionAreMeasuredAsTheyAreDrawn) {
     const Button percent("p", nullptr, Vector(0.0f, 0.0f), theme, "50%");
     const Button pair("q", nullptr, Vector(0.0f, 0.0f), theme, "50%%");
     EXPECT_FLOAT_EQ(const_cast<Button&>(percent).Getbbox().z, 4.0f * 0.04f);
     EXPECT_FLOAT_EQ(const_cast<Button&>(pair).Getbbox().z, 4.0f * 0.04f);
 }
 
-TEST_F(ButtonTest, CaptionIsMeasuredInItsOwnThemesSizeWhoeverUsedTheFontLast) {
+TEST_F(ButtonTest, CaptionIsMeasuredAtTheFontSizeOfTheButtonsTheme) {
     Theme wide;
     wide.fontSize = Vector(0.5f, 0.5f);
     Button large("l", nullptr, Vector(0.0f, 0.0f), &wide, "ab");
@@ -50,7 +50,7 @@ TEST_F(ButtonTest, ImageButtonTakesItsSizeAndHasNoCaption) {
     EXPECT_EQ(image.GetText(), "");
 }
 
-TEST_F(ButtonTest, IsOneOfMany) {
+TEST_F(ButtonTest, NamesItsTypeAndIsNotUnique) {
     EXPECT_EQ(button.GetType(), "Button");
     EXPECT_FALSE(button.Unique());
 }
@@ -109,7 +109,7 @@ TEST_F(ButtonTest, FocusComesBackWithTheNextMove) {
     EXPECT_TRUE(button.HasFocus());
 }
 
-TEST_F(ButtonTest, OtherButtonsDropAClickThatNobodyReadYet) {
+TEST_F(ButtonTest, PressOfAnotherMouseButtonClearsAClickThatWasNotReadYet) {
     PointAt();
     button.MouseClick(true, false, false);
     button.MouseClick(false, false, false);
@@ -120,14 +120,14 @@ TEST_F(ButtonTest, OtherButtonsDropAClickThatNobodyReadYet) {
 
 using ButtonDeathTest = ButtonTest;
 
-TEST_F(ButtonDeathTest, RenderingOutsideTheRendererFailsTheAssertion) {
+TEST_F(ButtonDeathTest, RenderingOutsideRenderWidgetsFailsTheAssertion) {
     EXPECT_EXIT(button.Render(), testing::ExitedWithCode(0),
                 "Assert failed on glwidget/button:36 - \"rendering\"");
 }
 
 class DrawnButtonTest : public DrawnWidgetTest {
 protected:
-    // The fill and the lines, dimmed.
+    // Fill and lines at the brightness without the mouse.
     static constexpr Colour kFill{0, 0, 153};
     static constexpr Colour kLine{153, 0, 0};
 
@@ -156,13 +156,13 @@ TEST_F(DrawnButtonTest, UpperLeftAndLowerRightCornersAreCutByThreeCornersOfTheHe
     EXPECT_FALSE(AnythingIn(0.8f - cut / 3.0f, 0.0f, 0.8f, cut / 3.0f));
     EXPECT_EQ(At(0.8f * cut, 0.4f - 0.8f * cut), kFill);
     EXPECT_EQ(At(0.78f, 0.38f), kFill);
-    // The cut is as wide as high, whatever the width.
+    // The cut is as wide as it is high, also in a wide button.
     EXPECT_GT(Count(kLine, cut / 2.0f - 0.01f, 0.4f - cut / 2.0f - 0.01f, cut / 2.0f + 0.01f,
                     0.4f - cut / 2.0f + 0.01f),
               0);
 }
 
-TEST_F(DrawnButtonTest, LineWidthIsTheThemes) {
+TEST_F(DrawnButtonTest, OutlineHasTheLineWidthOfTheTheme) {
     theme->lineWidth = 1.0f;
     Draw(button);
     const int thin = Count(kLine, -0.1f, 0.1f, 0.1f, 0.2f);
@@ -225,7 +225,7 @@ TEST_F(DrawnButtonTest, ImageIsTheOneThatTheThemeHadAtConstruction) {
     EXPECT_EQ(At(0.4f, 0.2f), (Colour{0, 255, 0}));
 }
 
-TEST_F(DrawnButtonTest, LeavesTheModelViewAndThePolygonModeAsTheyWere) {
+TEST_F(DrawnButtonTest, DrawingRestoresModelViewMatrixAndPolygonMode) {
     button.active = true;
     Draw(button);
     EXPECT_EQ(ModelView(), kIdentity);

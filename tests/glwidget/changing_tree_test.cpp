@@ -175,7 +175,7 @@ TEST_F(ChangingTreeTest, WidgetAndTheButtonThatItOwnCanBeDestroyedInOneEvent) {
     EXPECT_EQ(Toolkit::Get().living.size(), 1u);
 }
 
-TEST_F(ChangingTreeTest, TagGoesBackToTheYoungestOtherWidgetOfTheName) {
+TEST_F(ChangingTreeTest, TagGoesBackToTheNewestOtherWidgetOfItsName) {
     auto* const oldest = Make<PlainWidget>("name", nullptr);
     auto* const older = Make<PlainWidget>("name", nullptr);
     auto* const newest = Make<PlainWidget>("name", nullptr);

@@ -48,7 +48,7 @@ TEST_F(CheckboxTest, StartsInactive) {
     EXPECT_FALSE(option.Clicked());
 }
 
-TEST_F(CheckboxTest, TypesAndUniqueness) {
+TEST_F(CheckboxTest, CheckboxIsNotUniqueAndOptionboxIs) {
     EXPECT_EQ(check.GetType(), "Checkbox");
     EXPECT_FALSE(check.Unique());
     EXPECT_EQ(option.GetType(), "Optionbox");
@@ -78,7 +78,7 @@ TEST_F(CheckboxTest, OnlyALeftPressOverTheBoxTicks) {
     EXPECT_TRUE(check.Clicked());
 }
 
-TEST_F(CheckboxTest, BeingToldOfAnotherChangesNothing) {
+TEST_F(CheckboxTest, SetFocussedChangesNothing) {
     Click(check);
     check.Update(1000);
     check.Update(1);
@@ -87,7 +87,7 @@ TEST_F(CheckboxTest, BeingToldOfAnotherChangesNothing) {
     EXPECT_EQ(check.flash, 0.0f);
 }
 
-TEST_F(CheckboxTest, OptionIsChosenByAClick) {
+TEST_F(CheckboxTest, ClickChoosesAnOption) {
     EXPECT_TRUE(Click(option));
     EXPECT_TRUE(option.Clicked());
     EXPECT_EQ(option.flash, 1.0f);
@@ -110,7 +110,7 @@ TEST_F(CheckboxTest, OptionStoresTheButtonsEvenWhenNothingHappens) {
     EXPECT_FALSE(option.Clicked());
 }
 
-TEST_F(CheckboxTest, OptionThatLosesFlashesOnlyIfItWasActive) {
+TEST_F(CheckboxTest, DeselectedOptionFlashesOnlyIfItWasActive) {
     option.SetFocussed(&check);
     EXPECT_EQ(option.flash, 0.0f);
     Click(option);
@@ -122,7 +122,7 @@ TEST_F(CheckboxTest, OptionThatLosesFlashesOnlyIfItWasActive) {
 
 using CheckboxDeathTest = CheckboxTest;
 
-TEST_F(CheckboxDeathTest, RenderingOutsideTheRendererFailsTheAssertion) {
+TEST_F(CheckboxDeathTest, RenderingOutsideRenderWidgetsFailsTheAssertion) {
     EXPECT_EXIT(check.Render(), testing::ExitedWithCode(0),
                 "Assert failed on glwidget/checkbox:6 - \"rendering\"");
     EXPECT_EXIT(option.Render(), testing::ExitedWithCode(0),
@@ -155,7 +155,7 @@ protected:
     }
 };
 
-TEST_F(DrawnCheckboxTest, EmptyBoxIsItsRectangleOfTheSheet) {
+TEST_F(DrawnCheckboxTest, EmptyBoxShowsItsRectangleOfTheSheet) {
     Opened<Checkbox> check("c", nullptr, Vector(0.0f, 0.0f), theme, "");
     Draw(check);
     EXPECT_EQ(At(0.01f, 0.01f), kBox);
@@ -183,7 +183,7 @@ TEST_F(DrawnCheckboxTest, TickFadesInAfterTicking) {
     check.active = true;
     check.flash = 0.75f;
     Draw(check);
-    // A quarter of the tick, coloured and weighted by it, over three quarters of the box.
+    // A quarter of the tick's colour, with an alpha of a quarter, over the box.
     EXPECT_EQ(At(0.2f, 0.2f), (Colour{115, 0, 16}));
     check.flash = 1.0f;
     Draw(check);
@@ -209,7 +209,7 @@ TEST_F(DrawnCheckboxTest, OptionUsesItsOwnRectangles) {
     EXPECT_EQ(At(0.2f, 0.2f), (Colour{255, 0, 255}));
 }
 
-TEST_F(DrawnCheckboxTest, CaptionStandsABlankBehindTheBoxAndAQuarterOfItAboveTheBottom) {
+TEST_F(DrawnCheckboxTest, CaptionStandsABlankRightOfTheBoxAndAQuarterOfTheBoxAboveItsBottom) {
     LoadFont();
     theme->fontSize = Vector(0.12f, 0.12f);
     Checkbox check("c", nullptr, Vector(0.0f, 0.0f), theme, "mmm");
@@ -220,7 +220,7 @@ TEST_F(DrawnCheckboxTest, CaptionStandsABlankBehindTheBoxAndAQuarterOfItAboveThe
     EXPECT_EQ(CountText(0.41f, 0.0f, 1.0f, 0.09f), 0);
 }
 
-TEST_F(DrawnCheckboxTest, LeavesTheModelViewAsItWas) {
+TEST_F(DrawnCheckboxTest, DrawingRestoresTheModelViewMatrix) {
     Checkbox check("c", nullptr, Vector(0.0f, 0.0f), theme, "tick");
     Draw(check);
     EXPECT_EQ(ModelView(), kIdentity);

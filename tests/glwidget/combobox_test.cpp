@@ -20,7 +20,7 @@ namespace {
 
 const Vector kOrigin(0.0f, 0.0f);
 
-/// The theme that every list's button is drawn with, there before the first list is.
+/// The theme of every list's button, registered before the first list is made.
 Theme* ButtonTheme() {
     return GLWidget::NewTheme("combo_button.theme");
 }
@@ -96,7 +96,7 @@ TEST_F(ComboboxTest, ButtonTakesItsThemeFromItsFileOnFirstUse) {
     EXPECT_FLOAT_EQ(GLWidget::GetByTag("__seconddropbox")->Getbbox().w, 1.5f * 0.25f);
 }
 
-TEST_F(ComboboxTest, NoTagOfTheButtonOutlivesTheList) {
+TEST_F(ComboboxTest, DeletingTheListClearsTheTagOfItsButton) {
     { const Combobox gone("gone", nullptr, kOrigin, theme); }
     EXPECT_EQ(GLWidget::GetByTag("__gonedropbox", false), nullptr);
 }
@@ -116,7 +116,7 @@ TEST_F(ComboboxTest, AllTextsAreMeasuredAgainInANewFont) {
     EXPECT_FLOAT_EQ(list.size.x, 0.03f + 0.08f + 42 * 0.04f);
 }
 
-TEST_F(ComboboxTest, PercentSignsAreMeasuredAsTheyShow) {
+TEST_F(ComboboxTest, PercentSignsAreMeasuredAsTheyAreDrawn) {
     Opened<Combobox> signs("signs", nullptr, kOrigin, theme);
     signs.AddText("%s%%20 %");
     EXPECT_FLOAT_EQ(signs.size.x, 0.03f + 0.08f + 9 * 0.04f);
@@ -139,7 +139,7 @@ TEST_F(ComboboxTest, IndexOutsideTheListChangesNothing) {
     }
 }
 
-TEST_F(ComboboxTest, MouseIsHandedToTheButtonFromTheBoxesCorner) {
+TEST_F(ComboboxTest, ButtonGetsTheMousePositionRelativeToTheBox) {
     list.position = Vector(0.5f, 0.25f);
     EXPECT_TRUE(list.MouseMove(0.53f, 0.28f));
     EXPECT_TRUE(list.children[0]->HasFocus());
@@ -205,7 +205,7 @@ TEST_F(ComboboxTest, EdgeOfTheBoxIsOutside) {
     Press();
     EXPECT_FALSE(IsOpen());
     Release();
-    MoveTo(0.0f, list.size.y - 0.01f);  // above the button, to which its edges belong
+    MoveTo(0.0f, list.size.y - 0.01f);  // above the button, whose edges count as inside it
     Press();
     EXPECT_FALSE(IsOpen());
     Release();
@@ -214,7 +214,7 @@ TEST_F(ComboboxTest, EdgeOfTheBoxIsOutside) {
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(ComboboxTest, ButtonDraggedInFromOutsideDoesNotOpen) {
+TEST_F(ComboboxTest, MouseButtonPressedOutsideDoesNotOpen) {
     MoveTo(0.2f, 0.5f);
     Press();
     MoveTo(0.2f, 0.05f);
@@ -262,11 +262,11 @@ TEST_F(ComboboxTest, ReleaseOverARowChoosesItToo) {
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(ComboboxTest, ButtonHeldFromTheTogglingPressOnChoosesTheRowItFirstMeets) {
+TEST_F(ComboboxTest, MouseButtonHeldSinceOpeningChoosesTheFirstRowItIsMovedOver) {
     MoveTo(0.2f, 0.05f);
     Press();
     MoveTo(0.2f, -0.1f);
-    Press();  // the toggling press was stored as up, so this looks like a press of its own
+    Press();  // the press that opened the list was stored as up, so this counts as a new one
     EXPECT_EQ(list.GetCurrentText(), "one");
     EXPECT_FALSE(IsOpen());
 }
@@ -295,7 +295,7 @@ TEST_F(ComboboxTest, RowsChangeAtTheirMiddles) {
     EXPECT_EQ(choose(-0.349f), "three");
 }
 
-TEST_F(ComboboxTest, LastHalfRowChoosesNothingAndIsReportedAsAChangeAllTheSame) {
+TEST_F(ComboboxTest, LastHalfRowChoosesNothingButReportsAChange) {
     Open();
     MoveTo(0.2f, -0.37f);
     Press();
@@ -338,7 +338,7 @@ TEST_F(ComboboxTest, ClosedListTakesNoClicks) {
     EXPECT_FALSE(list.BeenChanged());
 }
 
-TEST_F(ComboboxTest, GlyphsWithoutAHeightLeaveNoListToChooseFrom) {
+TEST_F(ComboboxTest, FontOfHeightZeroMakesAListWithoutRowsToChoose) {
     theme->fontSize.y = 0.0f;
     Open();
     MoveTo(0.2f, -0.01f);
@@ -379,7 +379,7 @@ protected:
         list.MouseMove(0.2f, y);
         list.MouseClick(false, false, false);
     }
-    /// Where the marked band shows, at the list's right border where no text is.
+    /// The height of the marked band, found at the list's right edge, where no text is.
     bool MarkedAt(float y) const { return At(right - 0.01f, y) == kBright; }
 
     Theme* buttonTheme = ButtonTheme();
@@ -473,7 +473,7 @@ TEST_F(DrawnComboboxTest, LastHalfRowIsNeverMarked) {
     EXPECT_FALSE(MarkedAt(-0.29f));
 }
 
-TEST_F(DrawnComboboxTest, RowIsNoLongerMarkedOnceTheMouseLeft) {
+TEST_F(DrawnComboboxTest, RowIsNotMarkedAfterTheMouseHasLeftIt) {
     Open();
     HoverAt(-0.1f);
     HoverAt(-0.5f);
@@ -481,14 +481,14 @@ TEST_F(DrawnComboboxTest, RowIsNoLongerMarkedOnceTheMouseLeft) {
     EXPECT_FALSE(MarkedAt(-0.1f));
 }
 
-TEST_F(DrawnComboboxTest, PercentSignInAnItemShowsAsItIs) {
+TEST_F(DrawnComboboxTest, PercentSignInAnItemIsDrawnAsItIs) {
     list.AddText("%n%s");
     list.SetCurrentText(3);
     Draw(list);
     EXPECT_GT(CountText(0.1f, 0.0f, right, 0.1f), 0);
 }
 
-TEST_F(DrawnComboboxTest, LeavesTheModelViewAsItWas) {
+TEST_F(DrawnComboboxTest, DrawingRestoresTheModelViewMatrix) {
     Open();
     Draw(list);
     EXPECT_EQ(ModelView(), kIdentity);

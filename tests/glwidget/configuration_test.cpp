@@ -57,17 +57,17 @@ TEST_F(ConfigurationTest, RectanglesAndFadeRateAreReadInOrder) {
     EXPECT_EQ(GLWidget::fadeRate, 0.125f);
 }
 
-TEST_F(ConfigurationTest, FontIsNamedBeforeAndAfterAndItsFailureIsNotOurs) {
+TEST_F(ConfigurationTest, FontThatCannotBeLoadedIsReportedAndReadingGoesOn) {
     EXPECT_EQ(Read("missing.ttf\n"), "Loading missing.ttf\nError loading the font\nLoaded.\n");
 }
 
-TEST_F(ConfigurationTest, WhatIsNotAFontIsReported) {
+TEST_F(ConfigurationTest, FileThatIsNotAFontIsReported) {
     directory.Write("text.ttf", "this is no font");
     EXPECT_EQ(Read("text.ttf\n"),
               "Loading text.ttf\nThe font file format is not recgonised\nLoaded.\n");
 }
 
-TEST_F(ConfigurationTest, FontMayBeLoadedByWhoeverOnlyMeasures) {
+TEST_F(ConfigurationTest, ProgramCanReplaceHowTheFontIsLoaded) {
     static std::string loaded;
     Toolkit::Get().loadFont = [](FontRender& font, const std::string& path) {
         loaded = path;
@@ -97,7 +97,7 @@ TEST_F(ConfigurationTest, MissingValuesStayAsTheyWere) {
     EXPECT_EQ(GLWidget::fadeRate, 0.005f);
 }
 
-TEST_F(ConfigurationTest, MissingFileIsAnEmptyOne) {
+TEST_F(ConfigurationTest, MissingFileIsReadAsAnEmptyOne) {
     testing::internal::CaptureStderr();
     EXPECT_TRUE(GLWidget::Init("nowhere"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),

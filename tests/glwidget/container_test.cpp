@@ -31,14 +31,14 @@ TEST_F(ContainerTest, EveryChildGetsTheClick) {
     EXPECT_EQ(third.clicks, 1);
 }
 
-TEST_F(ContainerTest, ClickOnAnOrdinaryChildIsToldToNobody) {
+TEST_F(ContainerTest, ClickOnAChildThatIsNotUniqueIsNotToldToTheOthers) {
     container::Click(children, true, false, false);
     EXPECT_TRUE(first.told.empty());
     EXPECT_TRUE(second.told.empty());
     EXPECT_TRUE(third.told.empty());
 }
 
-TEST_F(ContainerTest, ClickOnAUniqueChildIsToldToAllOthersWhateverTheirSort) {
+TEST_F(ContainerTest, ClickOnAUniqueChildIsToldToAllOthersUniqueOrNot) {
     second.unique = true;
     container::Click(children, true, false, false);
     EXPECT_EQ(first.told, std::vector<GLWidget*>{&second});
@@ -55,7 +55,7 @@ TEST_F(ContainerTest, LastOfTwoClickedUniqueChildrenCounts) {
     EXPECT_EQ(third.told, std::vector<GLWidget*>{&second});
 }
 
-TEST_F(ContainerTest, MouseAndFocusNewsReachEveryChild) {
+TEST_F(ContainerTest, EveryChildGetsMousePositionsAndSetFocussed) {
     container::MoveMouse(children, 0.25f, 0.5f);
     container::PassFocussed(children, &second);
     for (const PlainWidget* child : {&first, &second, &third}) {
@@ -72,14 +72,14 @@ TEST_F(ContainerTest, OneFocussedChildIsEnough) {
     EXPECT_FALSE(container::AnyHasFocus({}));
 }
 
-TEST_F(ContainerTest, ButtonOfAnotherWidgetTakesItsRegistryEntryAlong) {
+TEST_F(ContainerTest, DeletingAnOwnedButtonClearsItsTag) {
     OwnedButton part(new Button("part", nullptr, kOrigin, theme, "x"));
     ASSERT_EQ(GLWidget::GetByTag("part", false), part.get());
     part.reset();
     EXPECT_EQ(GLWidget::GetByTag("part", false), nullptr);
 }
 
-TEST_F(ContainerTest, ButtonWhoseTagWentToAnotherLeavesTheEntry) {
+TEST_F(ContainerTest, DeletingAnOwnedButtonKeepsATagThatANewerWidgetTook) {
     OwnedButton part(new Button("part", nullptr, kOrigin, theme, "x"));
     Button taker("part", nullptr, kOrigin, theme, "y");
     part.reset();
@@ -88,7 +88,7 @@ TEST_F(ContainerTest, ButtonWhoseTagWentToAnotherLeavesTheEntry) {
 
 class DrawnContainerTest : public DrawnWidgetTest {
 protected:
-    /// Writes down that it was drawn, and moves what is drawn after it if it may.
+    /// Records where it is drawn, and then changes the model-view matrix.
     class Noting : public PlainWidget {
     public:
         Noting(const std::string& tag, Theme* look, float drawDepth, std::string& drawn)
@@ -119,12 +119,12 @@ TEST_F(DrawnContainerTest, OpenChildrenAreDrawnAfterTheirSiblings) {
     EXPECT_EQ(drawn, "NPO");
 }
 
-TEST_F(DrawnContainerTest, ChildAtExactlyTheLayersBorderIsNeverDrawn) {
+TEST_F(DrawnContainerTest, ChildAtExactlyTheDepthBetweenTheLayersIsNeverDrawn) {
     container::Render(children);
     EXPECT_EQ(drawn.find('B'), std::string::npos);
 }
 
-TEST_F(DrawnContainerTest, ChildrenCannotMoveEachOther) {
+TEST_F(DrawnContainerTest, MatrixThatAChildChangesIsRestoredForTheNext) {
     container::Render(children);
     EXPECT_EQ(near.offsets, std::vector<float>{0.0f});
     EXPECT_EQ(plain.offsets, std::vector<float>{0.0f});

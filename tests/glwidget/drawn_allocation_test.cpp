@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A list, and the text box beside it, are each on a tab of their own.
+/// The list and the text box are on a tab each.
 constexpr char kLayout[] =
     "CADD Win win NULL -1.5 -1 1 A window of 100%\n"
     "CADD Label label win 0 0 a label of several words and 100%\n"
@@ -68,7 +68,7 @@ TEST_F(DrawnAllocationTest, DrawingAllocatesNothing) {
     EXPECT_EQ(AllocationCount(), before);
 }
 
-TEST_F(DrawnAllocationTest, EditedTextBoxAllocatesNothingWhileNoKeyIsStruck) {
+TEST_F(DrawnAllocationTest, EditedTextBoxAllocatesNothingWhileNoKeyIsPressed) {
     GLWidget* const box = GLWidget::GetByTag("text");
     box->Focus();
     KeyFlags keys{};

@@ -18,11 +18,11 @@
 #include "tests/glwidget/widget_test.h"
 #include "tests/support/gl_window.h"
 
-/// A pixel's colour, without the alpha that windows need not keep.
+/// A pixel's colour, without alpha, which a window may not store.
 struct Colour {
     int red, green, blue;
 
-    /// Equal but for the rounding of the driver.
+    /// Allows for the rounding of the OpenGL driver.
     friend bool operator==(const Colour& a, const Colour& b) {
         return std::abs(a.red - b.red) <= 2 && std::abs(a.green - b.green) <= 2
                && std::abs(a.blue - b.blue) <= 2;
@@ -34,7 +34,7 @@ struct Colour {
 
 inline constexpr Colour kBlack{0, 0, 0};
 
-/// Widgets drawn by the real renderer into an 800 by 600 window of black pixels.
+/// Widgets drawn with OpenGL into an 800 by 600 window of black pixels.
 class DrawnWidgetTest : public WidgetTest {
 protected:
     DrawnWidgetTest() {
@@ -45,7 +45,7 @@ protected:
         theme->bright = 1.0f;
     }
 
-    /// Lets texts be drawn: until it is called there are no glyphs.
+    /// Loads glyphs; until then texts are not drawn.
     static void LoadFont() { ASSERT_TRUE(GLWidget::font.Init("data/font.ttf")); }
 
     /// Gives a theme a sheet of one colour.
@@ -76,12 +76,12 @@ protected:
         return CountIf([&](const Colour& pixel) { return pixel == colour; }, left, bottom, right,
                        top);
     }
-    /// The pixels that text shows on: nothing else of the theme has green in it.
+    /// The pixels with text: nothing else in the theme has green in it.
     int CountText(float left, float bottom, float right, float top) const {
         return CountIf([](const Colour& pixel) { return pixel.green > 40; }, left, bottom, right,
                        top);
     }
-    /// Whether anything but the background shows between two corners.
+    /// Whether a pixel between two corners differs from the background.
     bool AnythingIn(float left, float bottom, float right, float top) const {
         const int pixels = (Column(right) - Column(left) + 1) * (Row(top) - Row(bottom) + 1);
         return Count(kBlack, left, bottom, right, top) != pixels;

@@ -44,14 +44,14 @@ TEST_F(FrameTest, ChildrenOfAFrameWithoutBorderStartAtItsCorner) {
     EXPECT_FLOAT_EQ(child.mouse.y, 0.25f);
 }
 
-TEST_F(FrameTest, BorderKeepsTheChildrenOffTheEdge) {
+TEST_F(FrameTest, ChildrenOfABorderedFrameStartAtItsMargin) {
     bordered.AddChild(&child);
     bordered.MouseMove(0.75f, 0.75f);
     EXPECT_FLOAT_EQ(child.mouse.x, 0.5f - 0.015f);
     EXPECT_FLOAT_EQ(child.mouse.y, 0.25f - 0.015f);
 }
 
-TEST_F(FrameTest, ClickReachesTheChildrenAndIsAlwaysTaken) {
+TEST_F(FrameTest, ClickReachesTheChildrenAndReturnsTrue) {
     plain.AddChild(&child);
     child.Focus();
     EXPECT_TRUE(plain.MouseClick(true, false, false));
@@ -68,7 +68,7 @@ TEST_F(FrameTest, ClickedUniqueChildIsToldToTheOthers) {
     EXPECT_TRUE(child.told.empty());
 }
 
-TEST_F(FrameTest, PassesTheNewsOfAnActiveWidgetOn) {
+TEST_F(FrameTest, PassesSetFocussedOnToItsChildren) {
     plain.AddChild(&child);
     plain.SetFocussed(&bordered);
     EXPECT_EQ(child.told, std::vector<GLWidget*>{&bordered});
@@ -111,14 +111,14 @@ TEST_F(DrawnFrameTest, BorderIsAnOutlineAndNoFill) {
     EXPECT_FALSE(AnythingIn(0.24f, 0.985f, 0.26f, 1.01f));  // the cut corner
 }
 
-TEST_F(DrawnFrameTest, BorderNeverShines) {
+TEST_F(DrawnFrameTest, BorderIsNeverHighlighted) {
     bordered.size = Vector(0.5f, 0.5f);
     bordered.Focus();
     Draw(bordered);
     EXPECT_GT(Count(kLine, 0.24f, 0.75f, 0.26f, 0.75f), 0);
 }
 
-TEST_F(DrawnFrameTest, WithoutABorderNothingOfItShows) {
+TEST_F(DrawnFrameTest, FrameWithoutABorderDrawsNothingOfItsOwn) {
     plain.size = Vector(0.5f, 0.5f);
     Draw(plain);
     EXPECT_FALSE(AnythingIn(-1.7f, -1.3f, 1.7f, 1.3f));
@@ -138,7 +138,7 @@ TEST_F(DrawnFrameTest, ChildrenStandAtTheInnerOrigin) {
     EXPECT_EQ(Count(kLine, 0.345f, 0.7f, 0.355f, 0.7f), 0);
 }
 
-TEST_F(DrawnFrameTest, LeavesTheModelViewAndThePolygonModeAsTheyWere) {
+TEST_F(DrawnFrameTest, DrawingRestoresModelViewMatrixAndPolygonMode) {
     bordered.size = Vector(0.5f, 0.5f);
     Draw(bordered);
     EXPECT_EQ(ModelView(), kIdentity);

@@ -87,7 +87,7 @@ TEST_F(GLWidgetTest, ConstructionClearsTheMessageBoxAnswerAndTheRenderingFlag) {
     EXPECT_FALSE(GLWidget::rendering);
 }
 
-TEST_F(GLWidgetTest, ConstructionReadsTheViewportAnew) {
+TEST_F(GLWidgetTest, ConstructionReadsTheViewport) {
     GLWidget::viewport[2] = 0;
     const PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
     EXPECT_EQ(GLWidget::viewport[2], 800);
@@ -121,7 +121,7 @@ TEST_F(GLWidgetTest, DestroyClearsTheTagUnlessAnotherWidgetTookIt) {
     GLWidget::Destroy(nullptr);
 }
 
-TEST_F(GLWidgetTest, UnknownTagWithoutComplaintIsNullAndSilentAndGetsAnEmptyEntry) {
+TEST_F(GLWidgetTest, UnknownTagGivesNullWithoutAMessageAndAddsAnEmptyEntry) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(GLWidget::GetByTag("nowhere", false), nullptr);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
@@ -129,7 +129,7 @@ TEST_F(GLWidgetTest, UnknownTagWithoutComplaintIsNullAndSilentAndGetsAnEmptyEntr
     EXPECT_EQ(GLWidget::tags["nowhere"], nullptr);
 }
 
-TEST_F(GLWidgetDeathTest, UnknownTagWithComplaintIsNamedAndFailsTheAssertion) {
+TEST_F(GLWidgetDeathTest, UnknownTagThatMustExistIsReportedAndFailsTheAssertion) {
     EXPECT_EXIT(GLWidget::GetByTag("nowhere", true), testing::ExitedWithCode(0),
                 "Invalid Tag Widget: 'nowhere'\n"
                 "Assert failed on glwidget/glwidget:539 - \"tags\\[Tag\\] != NULL\"\n");
@@ -137,7 +137,7 @@ TEST_F(GLWidgetDeathTest, UnknownTagWithComplaintIsNamedAndFailsTheAssertion) {
 
 TEST_F(GLWidgetTest, VirtualOperationsStandInTheToolkitsOrder) {
     // A pointer to a virtual member holds 1 plus its offset in the class's table, whose first
-    // two places are the destructor's.
+    // two entries are the destructor's.
     const auto slot = [](auto member) {
         std::ptrdiff_t bits = 0;
         std::memcpy(&bits, &member, sizeof bits);
@@ -187,7 +187,7 @@ TEST_F(GLWidgetTest, BaseOperationsDoWhatMostWidgetsNeed) {
     EXPECT_EQ(area.w, 0.0f);
 }
 
-TEST_F(GLWidgetTest, AddingAnOffsetMovesTheWidgetAndReturnsItsNewPlace) {
+TEST_F(GLWidgetTest, AddingAnOffsetMovesTheWidgetAndReturnsItsNewPosition) {
     PlainWidget widget("w", nullptr, Vector(0.5f, 1.0f), nullptr);
     const Vector moved = widget += Vector(0.25f, -2.0f);
     EXPECT_EQ(moved.x, 0.75f);
@@ -243,7 +243,7 @@ TEST_F(GLWidgetTest, ScreenMoveReachesTheOverrideInGuiSpace) {
     EXPECT_FLOAT_EQ(widget.seen.y, 1.3f);
 }
 
-TEST_F(GLWidgetTest, MouseMoveGivesFocusWithinTheBoxBordersIncluded) {
+TEST_F(GLWidgetTest, MouseOverTheBoxOrItsBorderGivesFocus) {
     PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
     widget.size = Vector(1.0f, 0.5f);
     widget.MouseMove(1.0f, 0.5f);
@@ -256,7 +256,7 @@ TEST_F(GLWidgetTest, MouseMoveGivesFocusWithinTheBoxBordersIncluded) {
     EXPECT_FALSE(widget.HasFocus());
 }
 
-TEST_F(GLWidgetTest, MouseMovePassesTheSamePlaceToEveryChild) {
+TEST_F(GLWidgetTest, MouseMovePassesTheSamePositionToEveryChild) {
     PlainWidget* const parent = Make("parent", Vector(5.0f, 5.0f));
     PlainWidget* const child = Make("child");
     PlainWidget* const grandchild = Make("grandchild");
@@ -327,7 +327,7 @@ TEST_F(GLWidgetTest, AgeWrapsInsteadOfOverflowing) {
     EXPECT_EQ(widget.age, -2147483647 - 1);
 }
 
-TEST_F(GLWidgetTest, HighlightRampsUpUnderTheMouseMayOvershootAndThenIsOne) {
+TEST_F(GLWidgetTest, HighlightUnderTheMouseRisesPastOneAndIsThenSetToOne) {
     PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
     widget.focus = true;
     widget.Update(100);
@@ -340,7 +340,7 @@ TEST_F(GLWidgetTest, HighlightRampsUpUnderTheMouseMayOvershootAndThenIsOne) {
     EXPECT_EQ(widget.highlight, 1.0f);
 }
 
-TEST_F(GLWidgetTest, HighlightRampsDownAwayFromTheMouseMayUndershootAndThenIsZero) {
+TEST_F(GLWidgetTest, HighlightAwayFromTheMouseFallsBelowZeroAndIsThenSetToZero) {
     PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
     widget.highlight = 1.0f;
     widget.Update(100);
@@ -375,13 +375,13 @@ TEST_F(GLWidgetTest, FlashDecaysToZero) {
     EXPECT_EQ(widget.flash, 0.0f);
 }
 
-TEST_F(GLWidgetDeathTest, AddingNoChildFailsTheAssertion) {
+TEST_F(GLWidgetDeathTest, AddingANullChildFailsTheAssertion) {
     PlainWidget* const widget = Make("w");
     EXPECT_EXIT(widget->AddChild(nullptr), testing::ExitedWithCode(0),
                 "Assert failed on glwidget/glwidget:763 - \"a != 0\"");
 }
 
-TEST_F(GLWidgetDeathTest, CentringNoChildFailsTheAssertion) {
+TEST_F(GLWidgetDeathTest, CentringANullChildFailsTheAssertion) {
     PlainWidget* const widget = Make("w");
     EXPECT_EXIT(widget->Centre(nullptr, true, true), testing::ExitedWithCode(0),
                 "Assert failed on glwidget/glwidget:679 - \"child != 0\"");
@@ -490,7 +490,7 @@ TEST_F(GLWidgetTest, CentreLeavesRoomForMarginsAndATitle) {
     EXPECT_FLOAT_EQ(child->position.y, 1.5f);
 }
 
-TEST_F(GLWidgetTest, LatchesAreReportedOnce) {
+TEST_F(GLWidgetTest, ClickAndChangeAreReportedOnce) {
     PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
     EXPECT_FALSE(widget.BeenClicked());
     EXPECT_FALSE(widget.BeenChanged());
@@ -510,7 +510,7 @@ TEST_F(GLWidgetTest, ClickedIsTheActiveFlagAndIsNotCleared) {
     EXPECT_TRUE(widget.Clicked());
 }
 
-TEST_F(GLWidgetTest, LevelIsClampedAndLeavesTheDragAlone) {
+TEST_F(GLWidgetTest, SetLevelClampsAndDoesNotEndTheDrag) {
     PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
     widget.dragging = true;
     widget.SetLevel(0.25f);
@@ -536,7 +536,7 @@ TEST_F(GLWidgetTest, CurrentTextIsEmptyWithoutTextsAndOutsideTheList) {
     EXPECT_EQ(widget.GetCurrentText(), "");
 }
 
-TEST_F(GLWidgetTest, NewThemeOfATakenNameLeavesTheEarlierOneToItsWidgets) {
+TEST_F(GLWidgetTest, WidgetsKeepTheirThemeWhenAnotherOfItsNameIsRegistered) {
     PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), nullptr);
     theme->border = 0.5f;
     Theme* const later = GLWidget::NewTheme("default");
@@ -554,7 +554,7 @@ protected:
         return values;
     }
 
-    /// Notes what a widget finds when it is asked to draw itself.
+    /// Records the OpenGL state at the time when it is drawn.
     class Witness : public PlainWidget {
     public:
         using PlainWidget::PlainWidget;
@@ -643,7 +643,7 @@ TEST_F(RenderWidgetsTest, WithoutAnyWidgetYetTheProjectionIsSetAndRestored) {
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
-TEST_F(RenderWidgetsTest, ModelViewIsTheCallers) {
+TEST_F(RenderWidgetsTest, RenderWidgetsKeepsTheModelViewMatrixOfTheCaller) {
     glMatrixMode(GL_MODELVIEW);
     glTranslatef(0.25f, 0.0f, 0.0f);
     const MatrixValues before = ModelView();
@@ -652,7 +652,7 @@ TEST_F(RenderWidgetsTest, ModelViewIsTheCallers) {
     EXPECT_EQ(ModelView(), before);
 }
 
-TEST_F(RenderWidgetsTest, ViewportIsReadFromOpenGLUnlessATestAnswers) {
+TEST_F(RenderWidgetsTest, ViewportIsReadFromOpenGL) {
     Toolkit::Get().readViewport = Toolkit::ReadViewportOfOpenGL;
     glViewport(1, 2, 320, 240);
     const PlainWidget widget("w", nullptr, Vector(0.0f, 0.0f), theme);

@@ -47,7 +47,7 @@ TEST_F(GLWindowTest, MouseIsOverTheTitleBarAlone) {
     EXPECT_FALSE(over(1.01f, 0.95f));
 }
 
-TEST_F(GLWindowTest, FixedWindowHasNoTitleBarToGrab) {
+TEST_F(GLWindowTest, WindowThatIsNotMovableCannotBeDragged) {
     Opened<GLWindow> fixed("fixed", nullptr, kOrigin, theme, "Title", false);
     fixed.size = Vector(1.0f, 1.0f);
     fixed.MouseMove(0.5f, 0.95f);
@@ -77,10 +77,10 @@ TEST_F(GLWindowTest, ReleaseEndsTheDrag) {
     EXPECT_FLOAT_EQ(window.position.x, 0.1f);
 }
 
-TEST_F(GLWindowTest, DragGoesOnWhileTheMouseOutrunsTheTitleBar) {
+TEST_F(GLWindowTest, DragGoesOnWhenTheMouseLeavesTheTitleBar) {
     window.MouseMove(0.5f, 0.95f);
     window.MouseClick(true, false, false);
-    window.position = Vector(5.0f, 5.0f);  // as if the window had been held back
+    window.position = Vector(5.0f, 5.0f);  // as if an earlier move had been refused
     window.MouseMove(0.6f, 0.95f);
     EXPECT_TRUE(window.HasFocus());
     window.MouseClick(true, false, false);
@@ -105,7 +105,7 @@ TEST_F(GLWindowTest, ChildrenSeeTheMouseFromWhereTheWindowWasDraggedTo) {
     EXPECT_FLOAT_EQ(child.mouse.x, 0.5f - 0.015f);
 }
 
-TEST_F(GLWindowTest, ChildUnderTheMouseKeepsTheFocusAndTheDragFromTheWindow) {
+TEST_F(GLWindowTest, WindowGetsNeitherFocusNorDragWhileTheMouseIsOverAChild) {
     PlainWidget child("child", &window, Vector(0.0f, 0.9f), theme);
     child.size = Vector(0.5f, 0.05f);
     window.AddChild(&child);
@@ -117,7 +117,7 @@ TEST_F(GLWindowTest, ChildUnderTheMouseKeepsTheFocusAndTheDragFromTheWindow) {
     EXPECT_FALSE(window.Dragging());
 }
 
-TEST_F(GLWindowTest, ReleaseOverAChildLeavesTheDrag) {
+TEST_F(GLWindowTest, ReleaseOverAChildDoesNotEndTheDrag) {
     PlainWidget child("child", &window, kOrigin, theme);
     window.AddChild(&child);
     window.MouseMove(0.5f, 0.95f);
@@ -127,7 +127,7 @@ TEST_F(GLWindowTest, ReleaseOverAChildLeavesTheDrag) {
     EXPECT_TRUE(window.Dragging());
 }
 
-TEST_F(GLWindowTest, ValidAreaKeepsAHundredthOfTheWidthOnEverySide) {
+TEST_F(GLWindowTest, ValidAreaLeavesAHundredthOfTheWidthOnEverySide) {
     theme->lineWidth = 0.25f;
     window.position = Vector(1.0f, 2.0f);
     window.size = Vector(2.0f, 3.0f);
@@ -138,7 +138,7 @@ TEST_F(GLWindowTest, ValidAreaKeepsAHundredthOfTheWidthOnEverySide) {
     EXPECT_FLOAT_EQ(area.w, 5.0f - 0.02f - 0.25f - 0.075f);
 }
 
-/// A small window on a larger one, held by its title bar.
+/// A small window in a larger one, dragged by its title bar.
 class NestedWindowTest : public GLWindowTest {
 protected:
     NestedWindowTest() {
@@ -159,16 +159,16 @@ TEST_F(NestedWindowTest, MovesInsideTheValidArea) {
     EXPECT_FLOAT_EQ(inner.position.y, 0.6f);
 }
 
-TEST_F(NestedWindowTest, StopsAtItsLastAllowedPlaceAndJumpsByWhatItMissed) {
+TEST_F(NestedWindowTest, StopsAtTheBorderAndLaterJumpsByTheRefusedDistance) {
     inner.MouseMove(0.85f, 0.55f);
     EXPECT_FLOAT_EQ(inner.position.x, 0.75f);
     inner.MouseMove(0.95f, 0.55f);  // would end at 1.05
     EXPECT_FLOAT_EQ(inner.position.x, 0.75f);
-    inner.MouseMove(0.94f, 0.55f);  // the grab went along: this is a step of -0.01
+    inner.MouseMove(0.94f, 0.55f);  // counts from the refused move: a step of -0.01
     EXPECT_FLOAT_EQ(inner.position.x, 0.74f);
 }
 
-TEST_F(NestedWindowTest, IsKeptFromEverySide) {
+TEST_F(NestedWindowTest, StaysInsideOnEverySide) {
     const auto moveTo = [this](float x, float y) {
         inner.position = Vector(0.4f, 0.4f);
         inner.MouseClick(false, false, false);
@@ -224,7 +224,7 @@ TEST_F(NestedWindowTest, CannotMoveInAParentThatHasNoRoom) {
     EXPECT_EQ(held.position.x, 0.4f);
 }
 
-TEST_F(GLWindowTest, ChildWidensItToTheTitle) {
+TEST_F(GLWindowTest, AddingAChildWidensTheWindowToItsTitle) {
     Opened<GLWindow> narrow("narrow", nullptr, kOrigin, theme, "Title", true);
     PlainWidget child("child", &narrow, kOrigin, theme);
     EXPECT_EQ(narrow.size.x, 0.0f);
@@ -234,7 +234,7 @@ TEST_F(GLWindowTest, ChildWidensItToTheTitle) {
     EXPECT_EQ(window.size.x, 1.0f);
 }
 
-TEST_F(GLWindowTest, PercentSignsInTheTitleAreMeasuredAsTheyShow) {
+TEST_F(GLWindowTest, PercentSignsInTheTitleAreMeasuredAsTheyAreDrawn) {
     Opened<GLWindow> half("half", nullptr, kOrigin, theme, "50% s", true);
     PlainWidget child("child", &half, kOrigin, theme);
     half.AddChild(&child);
@@ -268,7 +268,7 @@ TEST_F(GLWindowTest, WindowAnchoredToTheTopGrowsPastItByItsTitle) {
     EXPECT_GT(top.Getbbox().w, 1.3f);
 }
 
-TEST_F(GLWindowTest, MovesWithoutItsChildrenWhosePlacesAreItsOwn) {
+TEST_F(GLWindowTest, MovingTheWindowDoesNotChangeThePositionsOfItsChildren) {
     PlainWidget child("child", &window, Vector(0.1f, 0.2f), theme);
     window.AddChild(&child);
     const Vector place = window += Vector(1.0f, 2.0f);
@@ -277,7 +277,7 @@ TEST_F(GLWindowTest, MovesWithoutItsChildrenWhosePlacesAreItsOwn) {
     EXPECT_EQ(child.position.x, 0.1f);
 }
 
-TEST_F(GLWindowTest, PassesTheNewsOfAnActiveWidgetOn) {
+TEST_F(GLWindowTest, PassesSetFocussedOnToItsChildren) {
     PlainWidget child("child", &window, kOrigin, theme);
     window.AddChild(&child);
     window.SetFocussed(&window);
@@ -363,12 +363,12 @@ TEST_F(DrawnGLWindowTest, HasAnOutlineAndALineBelowTheTitle) {
     EXPECT_GT(Count(kLine, 0.99f, 0.5f, 1.01f, 0.5f), 0);
     EXPECT_GT(Count(kLine, 0.5f, -0.01f, 0.5f, 0.01f), 0);
     EXPECT_GT(Count(kLine, 0.5f, 0.99f, 0.5f, 1.01f), 0);
-    // The cut corners reach deeper than the title here, so the line is below them.
+    // Here the cut corners reach further down than the title, so the line is below them.
     EXPECT_GT(Count(kLine, 0.5f, 0.89f, 0.5f, 0.91f), 0);
     EXPECT_EQ(Count(kLine, 0.5f, 0.1f, 0.5f, 0.88f), 0);
 }
 
-TEST_F(DrawnGLWindowTest, LineIsBelowATitleThatReachesDeeperThanTheCut) {
+TEST_F(DrawnGLWindowTest, LineIsBelowTheTitleIfTheCutCornersAreSmaller) {
     theme->corner = 0.01f;
     Draw(panel);
     EXPECT_GT(Count(kLine, 0.5f, 0.915f, 0.5f, 0.935f), 0);
@@ -382,7 +382,7 @@ TEST_F(DrawnGLWindowTest, PrintsTheTitleAboveTheLine) {
     EXPECT_EQ(CountText(0.0f, 0.0f, 1.0f, 0.9f), 0);
 }
 
-TEST_F(DrawnGLWindowTest, PercentSignInTheTitleShowsAsItIs) {
+TEST_F(DrawnGLWindowTest, PercentSignInTheTitleIsDrawnAsItIs) {
     LoadFont();
     panel.text = "%s%n 100%";
     Draw(panel);
@@ -403,7 +403,7 @@ TEST_F(DrawnGLWindowTest, OnlyTheFirstWindowsFillIsOpaque) {
     EXPECT_EQ(At(-0.7f, 0.5f), (Colour{0, 0, 77}));
 }
 
-TEST_F(DrawnGLWindowTest, ShinesWhileItsTitleBarIsUnderTheMouse) {
+TEST_F(DrawnGLWindowTest, IsHighlightedWhileTheMouseIsOverItsTitleBar) {
     panel.Focus();
     Draw(panel);
     EXPECT_EQ(At(0.5f, 0.5f), (Colour{0, 0, 255}));
@@ -442,7 +442,7 @@ TEST_F(DrawnGLWindowTest, OpenListLiesOnTopOfTheWidgetsAfterIt) {
     EXPECT_EQ(At(x, y), kFill);
 }
 
-TEST_F(DrawnGLWindowTest, LeavesTheModelViewAsItWas) {
+TEST_F(DrawnGLWindowTest, DrawingRestoresTheModelViewMatrix) {
     Draw(panel);
     EXPECT_EQ(ModelView(), kIdentity);
 }

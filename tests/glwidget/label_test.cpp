@@ -54,13 +54,13 @@ TEST_F(LabelTest, ConstructionTracesLinesHeightAndText) {
     EXPECT_EQ(trace, "label - 2 - 1.3\none\ntwo\n");
 }
 
-TEST_F(LabelTest, IsOneOfMany) {
+TEST_F(LabelTest, NamesItsTypeAndIsNotUnique) {
     const auto label = Make("x");
     EXPECT_EQ(label->GetType(), "Label");
     EXPECT_FALSE(label->Unique());
 }
 
-TEST_F(LabelTest, ClickIsTrueAndDoesNotStoreTheButtons) {
+TEST_F(LabelTest, ClickReturnsTrueAndStoresNoButtons) {
     class Opened : public Label {
     public:
         using Label::buttons;
@@ -98,7 +98,7 @@ TEST_F(LabelTest, SetTextKeepsTheSize) {
     EXPECT_EQ(label->size.y, before.y);
 }
 
-TEST_F(LabelTest, EmptyTextCanBeSetAtOnce) {
+TEST_F(LabelTest, FirstTextThatIsSetMayBeEmpty) {
     const auto label = Make("x");
     label->SetText("");
     EXPECT_EQ(label->GetText(), "");
@@ -120,7 +120,7 @@ TEST_F(LabelTest, CharactersBetweenBreakAndOverflowAreNotCountedInTheNextLine) {
     EXPECT_EQ(MakeWide(7, "hello world hi ho")->Wrapped(), "hello\nworld hi\nho");
 }
 
-TEST_F(LabelTest, TextsOwnBreaksDoNotStartANewMeasureButTheWidestLineCounts) {
+TEST_F(LabelTest, WidestLineSoFarCountsWhereTheTextHasLineBreaksOfItsOwn) {
     EXPECT_EQ(MakeWide(4, "a b\nc d\ne f")->Wrapped(), "a b\nc d\ne f");
     EXPECT_EQ(MakeWide(4, "a b\ncc dd")->Wrapped(), "a b\ncc\ndd");
 }
@@ -155,13 +155,13 @@ TEST_F(LabelTest, BreaksAreFoundOnceWhileNothingChanges) {
     label->Wrapped();
     FontAccess::SetAdvances(GLWidget::font, 0.5f);
     label->SetText("hello world");
-    label->Wrapped();  // the first SetText is new, whatever it says
+    label->Wrapped();  // the first SetText always counts as a change
     FontAccess::SetAdvances(GLWidget::font, 1.0f);
     label->SetText("hello world");
     EXPECT_EQ(label->Wrapped(), "hello world");
 }
 
-/// The rule as it reads: the whole line is measured for every character.
+/// The simplest form of the rule: the whole line is measured after every character.
 std::string WrapByTheRule(const Theme& theme, const std::string& text, float width) {
     std::string line;
     std::string output;
@@ -179,7 +179,7 @@ std::string WrapByTheRule(const Theme& theme, const std::string& text, float wid
     return output;
 }
 
-TEST_F(LabelTest, WrappingEqualsMeasuringEveryPrefixAnew) {
+TEST_F(LabelTest, LinesBreakWhereMeasuringEveryPrefixWouldBreakThem) {
     constexpr char kAlphabet[] = "abW  \t\n%%i\x80";
     for (int glyph = 0; glyph < 128; ++glyph) {
         FontAccess::SetAdvance(GLWidget::font, static_cast<char>(glyph),
@@ -214,7 +214,7 @@ TEST_F(LabelTest, GrowingTextMeasuresLikeTheFontToTheLastBit) {
     }
 }
 
-TEST_F(LabelTest, ZeroByteEndsTheMeasure) {
+TEST_F(LabelTest, TextAfterAZeroByteIsNotMeasured) {
     GrowingText growing(*theme);
     growing.Append('a');
     growing.Append('\0');
@@ -234,14 +234,14 @@ TEST_F(LabelTest, EscapingDoublesEveryPercentSignThatIsNotHalfOfAPair) {
     EXPECT_EQ(EscapeFormat("%n%s%%d"), "%%n%%s%%d");
 }
 
-TEST_F(LabelTest, TextThatLooksLikeAFormatReadsNoArguments) {
+TEST_F(LabelTest, TextWithFormatSpecifiersReadsNoArguments) {
     EXPECT_FLOAT_EQ(MeasureText(*theme, "%s%n"), 4.0f * 0.04f);
     EXPECT_FLOAT_EQ(MeasureText(*theme, "%%s"), 2.0f * 0.04f);
 }
 
 using LabelDeathTest = LabelTest;
 
-TEST_F(LabelDeathTest, RenderingOutsideTheRendererFailsTheAssertion) {
+TEST_F(LabelDeathTest, RenderingOutsideRenderWidgetsFailsTheAssertion) {
     const auto label = Make("x");
     EXPECT_EXIT(label->Render(), testing::ExitedWithCode(0),
                 "Assert failed on glwidget/label:24 - \"rendering\"");
@@ -284,7 +284,7 @@ TEST_F(DrawnLabelTest, FirstOfSeveralLinesStandsHighestAndTheLastAtTheBottom) {
     EXPECT_GT(TextIn(kGlyph * 1.6f, step + 0.02f, 1.0f, 2.0f * step), 0);
 }
 
-TEST_F(DrawnLabelTest, PercentSignsShowOnceWhetherDoubledOrNot) {
+TEST_F(DrawnLabelTest, PercentSignsAreDrawnOnceWhetherDoubledOrNot) {
     const int pair = DrawLabel("100%%");
     const int lone = DrawLabel("100%");
     EXPECT_GT(lone, DrawLabel("100"));
@@ -302,7 +302,7 @@ TEST_F(DrawnLabelTest, SetTextOfADoubledPercentSignShowsOne) {
     EXPECT_EQ(TextIn(0.0f, 0.0f, 1.7f, 1.3f), constructed);
 }
 
-TEST_F(DrawnLabelTest, FontIsSetToTheLabelsThemeWhoeverUsedItLast) {
+TEST_F(DrawnLabelTest, TextIsDrawnAtTheFontSizeOfTheLabelsTheme) {
     const int alone = DrawLabel("HHH");
     testing::internal::CaptureStderr();
     Label label("l", nullptr, Vector(0.0f, 0.0f), theme, "HHH");
@@ -323,7 +323,7 @@ TEST_F(DrawnLabelTest, TextTooWideForTheWidgetIsBroken) {
     EXPECT_GT(TextIn(0.0f, 1.3f * kGlyph + 0.03f, 1.7f, 1.3f), 0);
 }
 
-TEST_F(DrawnLabelTest, LeavesTheModelViewAsItWas) {
+TEST_F(DrawnLabelTest, DrawingRestoresTheModelViewMatrix) {
     DrawLabel("HHH");
     EXPECT_EQ(ModelView(), kIdentity);
 }

@@ -12,7 +12,7 @@ namespace {
 class MessageBoxTest : public WidgetTest {
 protected:
     void SetUp() override {
-        // Without a texture, so that nothing is looked for.
+        // Without a texture, so that no picture is loaded.
         directory.Write("messagebox.theme",
                         "1 1 1\n1 1 1\n1 1 1\n1 1 1\n1\n1\n1\n0.005\n0.1\n1\n0.04 0.05\n"
                         "0.7 1\n0 0 0\n0.1\nNULL\n1\n");
@@ -75,7 +75,7 @@ TEST_F(MessageBoxTest, WindowCanBeDragged) {
     EXPECT_TRUE(window->Dragging());
 }
 
-TEST_F(MessageBoxTest, OkAloneSitsInTheWindowItselfCentred) {
+TEST_F(MessageBoxTest, OkAloneIsCentredInTheWindowWithoutAFrame) {
     Show("a rather long message to the player", 1);
     GLWidget* const window = Find("__msgbox");
     GLWidget* const ok = Find("__msgbox_ok");
@@ -98,7 +98,7 @@ struct Set {
 
 class MessageBoxSetTest : public MessageBoxTest, public testing::WithParamInterface<Set> {};
 
-TEST_P(MessageBoxSetTest, ButtonsStandInAFrameAtTheirFixedDistance) {
+TEST_P(MessageBoxSetTest, ButtonsStandInAFrameAtAFixedDistance) {
     Show("message", GetParam().buttons);
     GLWidget* const frame = Find("__msgbox_frm");
     ASSERT_NE(frame, nullptr);
@@ -174,14 +174,14 @@ TEST_F(MessageBoxTest, EveryAnswerHasItsCode) {
     }
 }
 
-TEST_F(MessageBoxTest, UnansweredBoxStays) {
+TEST_F(MessageBoxTest, BoxStaysOpenUntilItIsAnswered) {
     Show("message", 3);
     GLWidget::UpdateWidgets(16);
     EXPECT_NE(Find("__msgbox"), nullptr);
     EXPECT_EQ(GLWidget::msgboxResult, 0u);
 }
 
-TEST_F(MessageBoxTest, LaterAnswerOfTheOrderWinsWhenTwoWereClicked) {
+TEST_F(MessageBoxTest, LaterInTheOrderOfTheAnswersWinsIfTwoWereClicked) {
     Show("message", 14);
     Click("__msgbox_no");
     Click("__msgbox_yes");
@@ -191,7 +191,7 @@ TEST_F(MessageBoxTest, LaterAnswerOfTheOrderWinsWhenTwoWereClicked) {
     EXPECT_EQ(Find("__msgbox"), nullptr);
 }
 
-TEST_F(MessageBoxTest, TeardownUnregistersTheBoxAndItsButtonsButNotLabelAndFrame) {
+TEST_F(MessageBoxTest, ClosingClearsTheTagsOfBoxAndButtonsButNotOfLabelAndFrame) {
     Show("message", 14);
     GLWidget* const label = Find("__msgbox_message");
     GLWidget* const frame = Find("__msgbox_frm");
@@ -208,7 +208,7 @@ TEST_F(MessageBoxTest, TeardownUnregistersTheBoxAndItsButtonsButNotLabelAndFrame
     EXPECT_EQ(frame->GetType(), "Frame");
 }
 
-TEST_F(MessageBoxTest, WhatStaysBehindRefersToNothingThatIsGone) {
+TEST_F(MessageBoxTest, LabelAndFrameOfAClosedBoxReferToNoDeletedWidget) {
     Show("message", 3);
     GLWidget* const label = Find("__msgbox_message");
     GLWidget* const frame = Find("__msgbox_frm");
@@ -275,7 +275,7 @@ TEST_F(MessageBoxTest, ConstructingAWidgetAfterTheAnswerClearsIt) {
     EXPECT_EQ(GLWidget::msgboxResult, 0u);
 }
 
-TEST_F(MessageBoxTest, MouseThroughTheDispatchAnswersTheBox) {
+TEST_F(MessageBoxTest, ClickThroughTheDispatchFunctionsAnswersTheBox) {
     Show("message", 1);
     const Vector window = Find("__msgbox")->Getbbox();
     const Vector ok = Find("__msgbox_ok")->Getbbox();

@@ -3,7 +3,7 @@
 
 #pragma once
 
-/// A widget with its state in view.
+/// A widget whose protected fields a test can use.
 template <class Widget>
 class Opened : public Widget {
 public:

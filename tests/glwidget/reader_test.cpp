@@ -57,7 +57,7 @@ TEST_F(ReaderTest, NumbersAndFlagsAreRead) {
     EXPECT_FALSE(second);
 }
 
-TEST_F(ReaderTest, FailedNumberStaysAndSoDoAllThatFollowOnTheLine) {
+TEST_F(ReaderTest, MalformedNumberAndAllAfterItOnTheLineStayAsTheyWere) {
     Open("abc 2 3\n4");
     float first = 7.0f;
     float second = 8.0f;
@@ -74,7 +74,7 @@ TEST_F(ReaderTest, FailedNumberStaysAndSoDoAllThatFollowOnTheLine) {
     EXPECT_EQ(first, 4.0f);
 }
 
-TEST_F(ReaderTest, WordsForNumbersOutsideTheFormatFail) {
+TEST_F(ReaderTest, NumbersOutsideTheFormatOrTheTypeFail) {
     for (const char* text : {"nan", "inf", "-inf", "1e999", "+", "", "//"}) {
         Open(text);
         float number = 7.0f;
@@ -127,7 +127,7 @@ TEST_F(ReaderTest, EmptyRestIsEmptyAndLeavesTheNextLine) {
     }
 }
 
-TEST_F(ReaderTest, RestOfALineThatEndsInCarriageReturnHoldsNone) {
+TEST_F(ReaderTest, RestOfALineHasNoCarriageReturnAtItsEnd) {
     Open("tag title\r\nnext");
     EXPECT_EQ(Word(), "tag");
     EXPECT_EQ(reader.Rest(), "title");
@@ -142,7 +142,7 @@ TEST_F(ReaderTest, RestEndsWithTheFile) {
     EXPECT_EQ(Word(), "unchanged");
 }
 
-TEST_F(ReaderTest, RestIsCutAtItsLimitAndTheSurplusIsSkipped) {
+TEST_F(ReaderTest, RestIsCutAtItsLimitAndTheOtherCharactersAreSkipped) {
     Open("tag " + std::string(511, 'x') + "surplus\nnext");
     EXPECT_EQ(Word(), "tag");
     EXPECT_EQ(reader.Rest(), std::string(511, 'x'));

@@ -35,13 +35,13 @@ TEST_F(SliderTest, StartsInTheMiddle) {
     EXPECT_FALSE(slider.Unique());
 }
 
-TEST_F(SliderTest, LiesHalfAKnobBelowItsPlace) {
+TEST_F(SliderTest, PositionIsHalfAKnobBelowTheGivenOne) {
     EXPECT_FLOAT_EQ(slider.position.x, 0.0f);
     EXPECT_FLOAT_EQ(slider.position.y, -0.05f);
     EXPECT_FLOAT_EQ(upright.position.y, -0.05f);
 }
 
-TEST_F(SliderTest, IsAsLongAsItsTrackAndAKnobAcross) {
+TEST_F(SliderTest, SizeIsTheLengthOfTheTrackByAKnob) {
     EXPECT_FLOAT_EQ(slider.size.x, 1.0f);
     EXPECT_FLOAT_EQ(slider.size.y, 0.1f);
     EXPECT_FLOAT_EQ(upright.size.x, 0.1f);
@@ -79,7 +79,7 @@ TEST_F(SliderTest, MouseIsOverItHalfAKnobToEverySide) {
     EXPECT_FALSE(over(0.5f, -0.101f));
 }
 
-TEST_F(SliderTest, MouseIsOverItInsideTheBoxThatItCanBeGrabbedBy) {
+TEST_F(SliderTest, MouseIsOverItInsideItsGrabBox) {
     for (Opened<Slider>* each : {&slider, &upright}) {
         const Vector box = each->GrabBox();
         EXPECT_FLOAT_EQ(box.x, each->position.x - 0.05f);
@@ -196,10 +196,10 @@ TEST_F(SliderTest, HeldButtonKeepsTheDrag) {
     EXPECT_TRUE(slider.HasFocus());
 }
 
-TEST_F(SliderTest, PressBesideItStartsNoDrag) {
+TEST_F(SliderTest, PressOutsideStartsNoDrag) {
     PressAt(slider, 0.5f, 0.5f);
     EXPECT_FALSE(slider.Dragging());
-    slider.MouseMove(0.5f, 0.0f);  // the button is dragged in
+    slider.MouseMove(0.5f, 0.0f);  // with the mouse button still held
     slider.MouseClick(true, false, false);
     EXPECT_FALSE(slider.Dragging());
 }
@@ -221,7 +221,7 @@ TEST_F(SliderTest, ChildUnderTheMouseKeepsTheClickAndTheFocus) {
     EXPECT_FLOAT_EQ(child.mouse.x, 0.5f);
     EXPECT_FALSE(slider.HasFocus());
     EXPECT_FALSE(slider.Dragging());
-    EXPECT_FALSE(slider.buttons.left);  // the states of a click that went to a child are not kept
+    EXPECT_FALSE(slider.buttons.left);  // not stored when a child has the focus
     EXPECT_FALSE(slider.MouseClick(true, false, false));
 }
 
@@ -243,7 +243,7 @@ TEST_F(SliderTest, NeverReportsAChange) {
     EXPECT_FALSE(slider.BeenClicked());
 }
 
-TEST_F(SliderTest, LevelThatIsSetIsKeptOnTheTrackAndLeavesTheDrag) {
+TEST_F(SliderTest, SetLevelClampsAndDoesNotEndTheDrag) {
     PressAt(slider, 0.5f, 0.0f);
     slider.SetLevel(1.5f);
     EXPECT_EQ(slider.GetLevel(), 1.0f);
@@ -271,14 +271,14 @@ TEST_F(SliderTest, TrackWithoutALengthKeepsItsLevel) {
     }
 }
 
-TEST_F(SliderTest, DrawingOutsideTheToolkitsRunIsRefused) {
+TEST_F(SliderTest, RenderingOutsideRenderWidgetsFailsTheAssertion) {
     EXPECT_EXIT(slider.Render(), testing::ExitedWithCode(0),
                 "Assert failed on glwidget/slider:97 - \"rendering\"");
 }
 
 class DrawnSliderTest : public DrawnWidgetTest {
 protected:
-    // Half of the dimmed fill: what is drawn is half transparent, on black.
+    // Half of the dim fill, because it is drawn half transparent on black.
     static constexpr Colour kTrack{0, 0, 77};
     static constexpr Colour kKnob = kTrack;  // a sheet of full blue
 
@@ -322,14 +322,14 @@ TEST_F(DrawnSliderTest, TrackIsALineThroughTheMiddle) {
     EXPECT_FALSE(AnythingIn(-0.96f, 0.96f, -0.94f, 1.0f));
 }
 
-TEST_F(DrawnSliderTest, ShinesUnderTheMouse) {
+TEST_F(DrawnSliderTest, IsHighlightedUnderTheMouse) {
     Slider slider("slide", nullptr, kOrigin, theme, Vector(1.0f, 0.0f));
     slider.Focus();
     Draw(slider);
     EXPECT_EQ(At(0.5f, 0.04f), (Colour{0, 0, 128}));
 }
 
-TEST_F(DrawnSliderTest, KnobIsItsRectangleOfTheSheet) {
+TEST_F(DrawnSliderTest, KnobShowsItsRectangleOfTheSheet) {
     // Two red pixels, then two blue ones.
     const std::uint8_t pixels[] = {255, 0, 0, 255, 255, 0, 0, 255, 0, 0, 255, 255, 0, 0, 255, 255};
     TextureData image;
@@ -343,7 +343,7 @@ TEST_F(DrawnSliderTest, KnobIsItsRectangleOfTheSheet) {
     GLWidget::sliderRect = Vector();
 }
 
-TEST_F(DrawnSliderTest, LeavesTheModelViewAsItWas) {
+TEST_F(DrawnSliderTest, DrawingRestoresTheModelViewMatrix) {
     Slider upright("upright", nullptr, kOrigin, theme, Vector(0.0f, 1.0f));
     Draw(upright);
     EXPECT_EQ(ModelView(), kIdentity);

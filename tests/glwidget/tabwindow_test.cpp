@@ -36,7 +36,7 @@ protected:
         window.AddToTab(1, &second);
     }
     static GLWidget* ButtonOf(const std::string& tag) { return GLWidget::GetByTag(tag, false); }
-    /// A place on the button of that tag.
+    /// A position on the button of that tag.
     static Vector Middle(const std::string& tag) {
         const Vector box = ButtonOf(tag)->Getbbox();
         return {(box.x + box.z) / 2.0f, (box.y + box.w) / 2.0f};
@@ -72,7 +72,7 @@ TEST_F(TabWindowTest, EveryTabGetsAButtonInARow) {
     EXPECT_EQ(b->GetParent(), &window);
     EXPECT_FLOAT_EQ(ButtonOf("__tabstab0A")->Getbbox().x, 0.0f);
     EXPECT_FLOAT_EQ(ButtonOf("__tabstab1BB")->Getbbox().x, 0.08f + 0.01f);
-    EXPECT_TRUE(window.children.empty());  // the buttons are none
+    EXPECT_TRUE(window.children.empty());  // its buttons are not children
 }
 
 TEST_F(TabWindowTest, ButtonsTakeTheirThemeFromItsFileOnFirstUse) {
@@ -112,7 +112,7 @@ TEST_F(TabWindowTest, SolidifyMakesRoomForTheWidgetsOfAllTabs) {
     EXPECT_FLOAT_EQ(window.size.y, 0.83f + 0.1f);
 }
 
-TEST_F(TabWindowTest, FirstTabIsShownAgainAfterSolidifyWhicheverWasCurrent) {
+TEST_F(TabWindowTest, SolidifyShowsTheFirstTabAgain) {
     Fill();
     window.Solidify();
     Press("__tabstab1BB");
@@ -130,7 +130,7 @@ TEST_F(TabWindowTest, PressedButtonSwitchesTheContent) {
     EXPECT_EQ(window.children, std::vector<GLWidget*>{&first});
 }
 
-TEST_F(TabWindowTest, WidgetsOfHiddenTabsAreLeftAlone) {
+TEST_F(TabWindowTest, WidgetsOfHiddenTabsGetNoEvents) {
     Fill();
     window.Solidify();
     window.MouseMove(0.2f, 0.2f);
@@ -142,14 +142,14 @@ TEST_F(TabWindowTest, WidgetsOfHiddenTabsAreLeftAlone) {
     EXPECT_EQ(first.age, 10);
 }
 
-TEST_F(TabWindowTest, ClickIsTakenEvenWhenAChildHasTheFocus) {
+TEST_F(TabWindowTest, ClickReturnsTrueEvenIfAChildHasTheFocus) {
     Fill();
     window.Solidify();
     first.Focus();
     EXPECT_TRUE(window.MouseClick(true, false, false));
 }
 
-TEST_F(TabWindowTest, SolidifyLaysTheButtonsBelowTheTopBehindTheCutCorner) {
+TEST_F(TabWindowTest, SolidifyPlacesTheButtonsBelowTheTopAndRightOfTheCutCorner) {
     Fill();
     window.position = Vector(0.2f, 0.3f);
     window.Solidify();
@@ -172,7 +172,7 @@ TEST_F(TabWindowTest, IsWideEnoughForItsButtons) {
     EXPECT_FLOAT_EQ(window.size.x, row + 0.1f * window.size.y);
 }
 
-TEST_F(TabWindowTest, MoveTakesTheButtonsAlong) {
+TEST_F(TabWindowTest, MovingTheWindowMovesItsButtons) {
     const Vector place = window += Vector(0.5f, 0.25f);
     EXPECT_EQ(place.x, 0.5f);
     EXPECT_EQ(place.y, 0.25f);
@@ -202,14 +202,14 @@ TEST_F(TabWindowTest, UpdateReachesTheButtons) {
 TEST_F(TabWindowTest, TabAddedAgainIsEmptiedAndRenamed) {
     Fill();
     EXPECT_TRUE(window.AddTab(0, "New"));
-    EXPECT_EQ(ButtonOf("__tabstab0A"), nullptr);  // its button is gone, and its entry with it
+    EXPECT_EQ(ButtonOf("__tabstab0A"), nullptr);  // the old button and its tag are gone
     ASSERT_NE(ButtonOf("__tabstab0New"), nullptr);
     EXPECT_EQ(ButtonOf("__tabstab0New")->GetText(), "New");
     window.Solidify();
     EXPECT_TRUE(window.children.empty());
 }
 
-TEST_F(TabWindowTest, ButtonsOfTheOtherTabsAreMadeAnewUnderTheirTags) {
+TEST_F(TabWindowTest, AddingATabMakesTheOtherButtonsAgainUnderTheirTags) {
     GLWidget* const before = ButtonOf("__tabstab1BB");
     before->Focus();
     window.AddTab(0, "A");
@@ -219,7 +219,7 @@ TEST_F(TabWindowTest, ButtonsOfTheOtherTabsAreMadeAnewUnderTheirTags) {
     EXPECT_FLOAT_EQ(after->Getbbox().x, 0.09f);
 }
 
-TEST_F(TabWindowTest, NoTagOfAButtonOutlivesTheWindow) {
+TEST_F(TabWindowTest, DeletingTheWindowClearsTheTagsOfItsButtons) {
     {
         TabWindow gone("gone", nullptr, kOrigin, theme);
         gone.AddTab(0, "A");
@@ -228,7 +228,7 @@ TEST_F(TabWindowTest, NoTagOfAButtonOutlivesTheWindow) {
     EXPECT_EQ(ButtonOf("__gonetab0A"), nullptr);
 }
 
-TEST_F(TabWindowTest, LaterTabMakesTheEarlierOnes) {
+TEST_F(TabWindowTest, AddingALaterTabAlsoMakesTheEarlierOnes) {
     TabWindow sparse("sparse", nullptr, kOrigin, theme);
     sparse.AddTab(2, "C");
     EXPECT_NE(ButtonOf("__sparsetab0"), nullptr);
@@ -253,7 +253,7 @@ TEST_F(TabWindowTest, TabThatWasNeverAddedIsUnnamedAndHasNoButton) {
 TEST_F(TabWindowTest, RenamedTabShowsItsNewName) {
     window.SetTabText(1, "New");
     EXPECT_EQ(ButtonOf("__tabstab1BB")->GetText(), "New");
-    window.AddTab(0, "A");  // rebuilds the buttons
+    window.AddTab(0, "A");  // makes the buttons again
     EXPECT_EQ(ButtonOf("__tabstab1BB"), nullptr);
     ASSERT_NE(ButtonOf("__tabstab1New"), nullptr);
     EXPECT_EQ(ButtonOf("__tabstab1New")->GetText(), "New");
@@ -271,7 +271,7 @@ TEST_F(TabWindowTest, RenamingATabThatDoesNotExistDoesNothing) {
     EXPECT_EQ(ButtonOf("__tabstab1BB")->GetText(), "BB");
 }
 
-TEST_F(TabWindowTest, IndexesThatNoTabCanHaveAreOneLineAndNothingElse) {
+TEST_F(TabWindowTest, IndexesThatNoTabCanHaveAreReportedAndChangeNothing) {
     for (const int index : {-1, TabWindow::kMaxTabs, std::numeric_limits<int>::max()}) {
         testing::internal::CaptureStderr();
         EXPECT_FALSE(window.AddTab(index, "x"));
@@ -285,7 +285,7 @@ TEST_F(TabWindowTest, IndexesThatNoTabCanHaveAreOneLineAndNothingElse) {
     EXPECT_TRUE(window.children.empty());
 }
 
-TEST_F(TabWindowTest, LastTabThatItMayHaveWorks) {
+TEST_F(TabWindowTest, LastAllowedTabCanBeAdded) {
     EXPECT_TRUE(window.AddTab(TabWindow::kMaxTabs - 1, "last"));
     const std::string tag = "__tabstab" + std::to_string(TabWindow::kMaxTabs - 1) + "last";
     ASSERT_NE(ButtonOf(tag), nullptr);
@@ -301,7 +301,7 @@ TEST_F(TabWindowTest, WithoutTabsItKeepsItsChildren) {
     EXPECT_EQ(bare.children, std::vector<GLWidget*>{&first});
 }
 
-TEST_F(TabWindowTest, EveryOptionAddedSetsTheGroupOfAllTabsBack) {
+TEST_F(TabWindowTest, EveryOptionAddedSetsTheGroupOfAllTabsBackToItsFirst) {
     // While it is built the options of all tabs are one group of children.
     Optionbox one("one", &window, kOrigin, theme, "");
     Optionbox two("two", &window, kOrigin, theme, "");
@@ -345,7 +345,7 @@ TEST_F(DrawnTabWindowTest, DrawsAPanelALineAndTheShownTab) {
     EXPECT_EQ(Count(kLine, 0.51f, 0.2f, 0.52f, 0.2f), 0);
 }
 
-TEST_F(DrawnTabWindowTest, ShownTabsButtonShines) {
+TEST_F(DrawnTabWindowTest, ButtonOfTheShownTabIsHighlighted) {
     // The row begins a tenth of the height from the left, 0.0875 below the top.
     Draw(tabs);
     EXPECT_EQ(At(0.14f, 0.95f), kShownButton);
@@ -367,7 +367,7 @@ TEST_F(DrawnTabWindowTest, TabWithoutAButtonIsDrawnWithoutIt) {
     EXPECT_GT(Count(kLine, -1.09f, 0.2f, -1.08f, 0.2f), 0);
 }
 
-TEST_F(DrawnTabWindowTest, LeavesTheModelViewAsItWas) {
+TEST_F(DrawnTabWindowTest, DrawingRestoresTheModelViewMatrix) {
     Draw(tabs);
     EXPECT_EQ(ModelView(), kIdentity);
 }

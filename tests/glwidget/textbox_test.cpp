@@ -38,26 +38,26 @@ KeyFlags Keys(std::initializer_list<int> codes) {
     return keys;
 }
 
-/// Types into a box, a key an update.
+/// Types into a box, one key per update.
 class Typist {
 public:
     explicit Typist(Textbox& typedInto) : box(typedInto) {}
 
-    void Strike(std::initializer_list<int> codes) { box.TextKeyPress(Keys(codes)); }
+    void Press(std::initializer_list<int> codes) { box.TextKeyPress(Keys(codes)); }
     void Times(int count, int code) {
         for (int i = 0; i < count; ++i)
-            Strike({code});
+            Press({code});
     }
     void Type(std::string_view text) {
         for (const char character : text)
-            Strike({character == '\n' ? kReturn : character});
+            Press({character == '\n' ? kReturn : character});
     }
     /// The text with the caret shown as "|".
     std::string WithCaret() {
         const std::string before = box.GetText();
-        Strike({'|'});
+        Press({'|'});
         std::string after = box.GetText();
-        Strike({kBackspace});
+        Press({kBackspace});
         EXPECT_EQ(box.GetText(), before);
         return after;
     }
@@ -91,7 +91,7 @@ TEST_F(TextboxTest, ReportsItsColumnsRowsAndSize) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "textbox 24 2\ndim: (1, 0.13, 0, 1)\n");
 }
 
-TEST_F(TextboxTest, TooManyColumnsOrRowsAreOneLineAndTheMostThereCanBe) {
+TEST_F(TextboxTest, TooManyColumnsOrRowsAreReportedAndTakenAsTheLimit) {
     testing::internal::CaptureStderr();
     const Opened<Textbox> huge("huge", nullptr, kOrigin, theme,
                                std::numeric_limits<std::int32_t>::max(), 4);
@@ -105,7 +105,7 @@ TEST_F(TextboxTest, TooManyColumnsOrRowsAreOneLineAndTheMostThereCanBe) {
     EXPECT_FLOAT_EQ(high.size.y, 65.0f);
 }
 
-TEST_F(TextboxTest, FewerColumnsOrRowsThanNoneAreOneLineAndNone) {
+TEST_F(TextboxTest, NegativeColumnsOrRowsAreReportedAndTakenAsZero) {
     testing::internal::CaptureStderr();
     const Opened<Textbox> none("none", nullptr, kOrigin, theme, 5, -3);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
@@ -141,7 +141,7 @@ TEST_F(TextboxTest, FocusStaysAfterAClickElsewhere) {
     EXPECT_EQ(box.GetText(), "a");
 }
 
-TEST_F(TextboxTest, EveryMouseEventOverTheEditedBoxIsAClick) {
+TEST_F(TextboxTest, EveryMouseEventOverTheEditedBoxReturnsTrue) {
     EXPECT_TRUE(box.MouseClick(false, false, false));
 }
 
@@ -157,26 +157,26 @@ TEST_F(TextboxTest, WithoutFocusKeysChangeNothing) {
     typist.Type("ab");
     box.SetFocussed(nullptr);
     typist.Type("cd");
-    typist.Strike({kBackspace});
+    typist.Press({kBackspace});
     EXPECT_EQ(box.GetText(), "ab");
 }
 
 TEST_F(TextboxTest, KeysOfOneUpdateAreAppendedInOrderOfTheirCodes) {
-    typist.Strike({'b', 'a'});
+    typist.Press({'b', 'a'});
     EXPECT_EQ(box.GetText(), "ab");
 }
 
-TEST_F(TextboxTest, ShiftedLetterMarksTwoKeysAndTypesBoth) {
-    typist.Strike({'a', 'A'});  // the key's symbol and its character
+TEST_F(TextboxTest, LetterWithShiftSetsTwoKeyFlagsAndTypesBoth) {
+    typist.Press({'a', 'A'});  // the key's symbol and its character
     EXPECT_EQ(box.GetText(), "Aa");
 }
 
 TEST_F(TextboxTest, TakesTheCharactersFromBlankToClosingBrace) {
-    typist.Strike({31});
-    typist.Strike({126});
+    typist.Press({31});
+    typist.Press({126});
     EXPECT_EQ(box.GetText(), "");
-    typist.Strike({32});
-    typist.Strike({125});
+    typist.Press({32});
+    typist.Press({125});
     EXPECT_EQ(box.GetText(), " }");
     KeyFlags all;
     all.fill(true);
@@ -190,32 +190,32 @@ TEST_F(TextboxTest, TakesTheCharactersFromBlankToClosingBrace) {
     EXPECT_EQ(wide.GetText().back(), '}');
 }
 
-TEST_F(TextboxTest, BackspaceTakesTheCharacterBeforeTheCaret) {
+TEST_F(TextboxTest, BackspaceRemovesTheCharacterBeforeTheCaret) {
     typist.Type("abc");
-    typist.Strike({kLeft});
-    typist.Strike({kBackspace});
+    typist.Press({kLeft});
+    typist.Press({kBackspace});
     EXPECT_EQ(typist.WithCaret(), "a|c");
 }
 
-TEST_F(TextboxTest, DeleteTakesTheCharacterAfterTheCaret) {
+TEST_F(TextboxTest, DeleteRemovesTheCharacterAfterTheCaret) {
     typist.Type("abc");
     typist.Times(2, kLeft);
-    typist.Strike({kDelete});
+    typist.Press({kDelete});
     EXPECT_EQ(typist.WithCaret(), "a|c");
 }
 
-TEST_F(TextboxTest, NothingIsTakenOrPassedAtTheEnds) {
+TEST_F(TextboxTest, EditingKeysDoNothingAtTheEndsOfTheText) {
     for (const int code : {kBackspace, kDelete, kLeft, kRight, kUp, kDown, kHome, kEnd}) {
-        typist.Strike({code});
+        typist.Press({code});
         EXPECT_EQ(box.GetText(), "");
     }
     typist.Type("ab");
-    typist.Strike({kDelete});
-    typist.Strike({kRight});
+    typist.Press({kDelete});
+    typist.Press({kRight});
     EXPECT_EQ(typist.WithCaret(), "ab|");
-    typist.Strike({kHome});
-    typist.Strike({kBackspace});
-    typist.Strike({kLeft});
+    typist.Press({kHome});
+    typist.Press({kBackspace});
+    typist.Press({kLeft});
     EXPECT_EQ(typist.WithCaret(), "|ab");
 }
 
@@ -223,50 +223,50 @@ TEST_F(TextboxTest, ArrowsMoveTheCaretByACharacter) {
     typist.Type("abc");
     typist.Times(2, kLeft);
     EXPECT_EQ(typist.WithCaret(), "a|bc");
-    typist.Strike({kRight});
+    typist.Press({kRight});
     EXPECT_EQ(typist.WithCaret(), "ab|c");
 }
 
-TEST_F(TextboxTest, HomeAndEndSpanTheWholeText) {
+TEST_F(TextboxTest, HomeAndEndGoToTheEndsOfTheWholeText) {
     typist.Type("ab\ncd");
-    typist.Strike({kHome});
+    typist.Press({kHome});
     EXPECT_EQ(typist.WithCaret(), "|ab\ncd");
-    typist.Strike({kEnd});
+    typist.Press({kEnd});
     EXPECT_EQ(typist.WithCaret(), "ab\ncd|");
 }
 
 TEST_F(TextboxTest, HomeThenEndLeavesTheTextAndTheCaretAtItsEnd) {
     typist.Type("abc");
-    typist.Strike({kLeft});
-    typist.Strike({kHome});
-    typist.Strike({kEnd});
+    typist.Press({kLeft});
+    typist.Press({kHome});
+    typist.Press({kEnd});
     EXPECT_EQ(typist.WithCaret(), "abc|");
 }
 
-TEST_F(TextboxTest, KeysOfOneUpdateAreServedInAFixedOrder) {
+TEST_F(TextboxTest, KeysOfOneUpdateAreHandledInAFixedOrder) {
     typist.Type("abc");
-    // Back to "ab|", to the start, then the letter.
-    typist.Strike({'x', kHome, kBackspace});
+    // Backspace makes it "ab|", Home goes to the start, then the letter is typed.
+    typist.Press({'x', kHome, kBackspace});
     EXPECT_EQ(typist.WithCaret(), "x|ab");
-    // Left, then right, then to the end: the letter stands last.
-    typist.Strike({kEnd, kRight, kLeft, 'y'});
+    // Left, then right, then to the end: the letter comes last.
+    typist.Press({kEnd, kRight, kLeft, 'y'});
     EXPECT_EQ(typist.WithCaret(), "xaby|");
     // The new line is made before the letter.
-    typist.Strike({kReturn, 'z'});
+    typist.Press({kReturn, 'z'});
     EXPECT_EQ(typist.WithCaret(), "xaby\nz|");
 }
 
-TEST_F(TextboxTest, ReturnMakesALineAsLongAsThereAreRows) {
+TEST_F(TextboxTest, ReturnAddsALineWhileTheBoxHasRowsLeft) {
     typist.Type("a\nb\nc\nd");
     EXPECT_EQ(box.GetText(), "a\nb\nc\nd");
-    typist.Strike({kReturn});
+    typist.Press({kReturn});
     EXPECT_EQ(box.GetText(), "a\nb\nc\nd");
 }
 
 TEST_F(TextboxTest, ReturnCountsTheLinesAfterTheCaretToo) {
     typist.Type("a\nb\nc\nd");
-    typist.Strike({kHome});
-    typist.Strike({kReturn});
+    typist.Press({kHome});
+    typist.Press({kReturn});
     EXPECT_EQ(box.GetText(), "a\nb\nc\nd");
 }
 
@@ -277,80 +277,81 @@ TEST_F(TextboxTest, ReturnInABoxOfOneRowAddsNothing) {
     EXPECT_EQ(single.GetText(), "ab");
 }
 
-TEST_F(TextboxTest, UpAndDownKeepTheColumnWhereAllGlyphsAreAlike) {
+TEST_F(TextboxTest, UpAndDownKeepTheColumnIfAllGlyphsAreEquallyWide) {
     typist.Type("abcd\nefgh\nijkl");
     typist.Times(2, kLeft);
-    typist.Strike({kUp});
+    typist.Press({kUp});
     EXPECT_EQ(typist.WithCaret(), "abcd\nef|gh\nijkl");
-    typist.Strike({kUp});
+    typist.Press({kUp});
     EXPECT_EQ(typist.WithCaret(), "ab|cd\nefgh\nijkl");
-    typist.Strike({kUp});
+    typist.Press({kUp});
     EXPECT_EQ(typist.WithCaret(), "ab|cd\nefgh\nijkl");
-    typist.Strike({kDown});
+    typist.Press({kDown});
     EXPECT_EQ(typist.WithCaret(), "abcd\nef|gh\nijkl");
-    typist.Strike({kDown});
-    typist.Strike({kDown});
+    typist.Press({kDown});
+    typist.Press({kDown});
     EXPECT_EQ(typist.WithCaret(), "abcd\nefgh\nij|kl");
 }
 
-TEST_F(TextboxTest, ShorterLineTakesTheCaretAtItsEnd) {
+TEST_F(TextboxTest, CaretGoesToTheEndOfAShorterLine) {
     typist.Type("a\nbcdef\ng");
-    typist.Strike({kUp});
+    typist.Press({kUp});
     EXPECT_EQ(typist.WithCaret(), "a\nb|cdef\ng");
     typist.Times(4, kRight);
-    typist.Strike({kUp});
+    typist.Press({kUp});
     EXPECT_EQ(typist.WithCaret(), "a|\nbcdef\ng");
-    typist.Strike({kEnd});
-    typist.Strike({kUp});
+    typist.Press({kEnd});
+    typist.Press({kUp});
     typist.Times(4, kRight);
-    typist.Strike({kDown});
+    typist.Press({kDown});
     EXPECT_EQ(typist.WithCaret(), "a\nbcdef\ng|");
 }
 
-TEST_F(TextboxTest, EmptyLinesAreWalkedThrough) {
+TEST_F(TextboxTest, CaretCanMoveThroughEmptyLines) {
     typist.Type("\n\nab");
-    typist.Strike({kUp});
+    typist.Press({kUp});
     EXPECT_EQ(typist.WithCaret(), "\n|\nab");
-    typist.Strike({kUp});
+    typist.Press({kUp});
     EXPECT_EQ(typist.WithCaret(), "|\n\nab");
-    typist.Strike({kDown});
+    typist.Press({kDown});
     EXPECT_EQ(typist.WithCaret(), "\n|\nab");
-    typist.Strike({kDown});
+    typist.Press({kDown});
     EXPECT_EQ(typist.WithCaret(), "\n\n|ab");
 }
 
-TEST_F(TextboxTest, CaretWalksToTheNearestWidthNotToTheSameCount) {
+TEST_F(TextboxTest, CaretGoesToTheNearestWidthNotToTheSameColumn) {
     FontAccess::SetAdvance(GLWidget::font, 'i', 0.4f);
     typist.Type("iiiii\nab");
-    typist.Strike({kUp});
+    typist.Press({kUp});
     EXPECT_EQ(typist.WithCaret(), "iiiii|\nab");  // 2.0 wide, as is "ab"
     typist.Times(2, kLeft);                       // 1.2 wide
-    typist.Strike({kDown});
+    typist.Press({kDown});
     EXPECT_EQ(typist.WithCaret(), "iiiii\na|b");
-    typist.Strike({kUp});  // 1.0 is as far from 0.8 as from 1.2: the earlier place
+    typist.Press({kUp});  // 1.0 is as far from 0.8 as from 1.2: the first counts
     EXPECT_EQ(typist.WithCaret(), "ii|iii\nab");
 }
 
-TEST_F(TextboxTest, SearchForAPlaceEndsWhereTheDistanceStopsDecreasing) {
+TEST_F(TextboxTest, SearchForTheCaretEndsWhereTheDistanceStopsDecreasing) {
     FontAccess::SetAdvance(GLWidget::font, 'i', 0.0f);
     typist.Type("iiab\nab");
-    typist.Strike({kUp});
-    EXPECT_EQ(typist.WithCaret(), "|iiab\nab");  // glyphs of no width bring it no nearer
+    typist.Press({kUp});
+    EXPECT_EQ(typist.WithCaret(),
+              "|iiab\nab");  // glyphs without width do not decrease the distance
 }
 
-TEST_F(TextboxTest, PlaceFurtherThanAnyIsTheEndOfTheLine) {
+TEST_F(TextboxTest, CaretTooFarFromEveryPositionGoesToTheEndOfTheLine) {
     Textbox wide("wide", nullptr, kOrigin, theme, 1000, 3);
     wide.Focus();
     Typist far(wide);
     far.Type("ab\n");
     FontAccess::SetAdvance(GLWidget::font, 'W', 30000.0f);
     far.Type("W");
-    far.Strike({kUp});
+    far.Press({kUp});
     EXPECT_EQ(far.WithCaret(), "ab|\nW");
 }
 
 TEST_F(TextboxTest, LineThatGetsTooLongIsBrokenAtTheCaret) {
-    // Eleven glyphs wide; two must fit behind the caret.
+    // Eleven glyphs wide; two more must fit after the caret.
     typist.Type("123456789");
     EXPECT_EQ(box.GetText(), "123456789");
     typist.Type("a");
@@ -359,18 +360,18 @@ TEST_F(TextboxTest, LineThatGetsTooLongIsBrokenAtTheCaret) {
     EXPECT_EQ(box.GetText(), "123456789a\nb");
 }
 
-TEST_F(TextboxTest, BreakIsMadeBeforeTheCharactersOfTheSameUpdate) {
+TEST_F(TextboxTest, LineIsBrokenBeforeTheCharactersOfTheSameUpdate) {
     typist.Type("1234567890");
     box.TextKeyPress(Keys({}));
     EXPECT_EQ(box.GetText(), "1234567890\n");
 }
 
-TEST_F(TextboxTest, BreakInTheMiddleOfALineLeavesTheRestBelow) {
+TEST_F(TextboxTest, BreakAtTheCaretMovesTheRestOfTheLineDown) {
     typist.Type("12345");
     typist.Times(2, kLeft);
     typist.Type("abcdefg");
     EXPECT_EQ(box.GetText(), "123abcdefg45");
-    typist.Strike({});
+    typist.Press({});
     EXPECT_EQ(typist.WithCaret(), "123abcdefg\n|45");
 }
 
@@ -385,7 +386,7 @@ TEST_F(TextboxTest, LineIsNotBrokenIntoTheLastRow) {
     EXPECT_EQ(three.GetText(), "1234567890\nabcdefghijklmn");
 }
 
-TEST_F(TextboxTest, PercentSignsAreMeasuredAsTheyShow) {
+TEST_F(TextboxTest, PercentSignsAreMeasuredAsTheyAreDrawn) {
     Textbox signs("signs", nullptr, kOrigin, theme, 10, 4);
     signs.Focus();
     Typist percent(signs);
@@ -403,7 +404,7 @@ TEST_F(TextboxTest, TextThatIsSetIsReplacedByTheNextKey) {
     EXPECT_EQ(box.GetText(), "abc");
 }
 
-TEST_F(TextboxTest, DrawingOutsideTheToolkitsRunIsRefused) {
+TEST_F(TextboxTest, RenderingOutsideRenderWidgetsFailsTheAssertion) {
     EXPECT_EXIT(box.Render(), testing::ExitedWithCode(0),
                 "Assert failed on textbox:[0-9]+ - \"rendering\"");
 }
@@ -422,7 +423,7 @@ protected:
         window.MouseClick(true, false, false);
         window.MouseClick(false, false, false);
     }
-    void Strike(int code) { window.TextKeyPress(Keys({code})); }
+    void Press(int code) { window.TextKeyPress(Keys({code})); }
 
     GLWindow window{"window", nullptr, kOrigin, theme, "", true};
     Textbox first{"first", &window, kOrigin, theme, 10, 1};
@@ -432,16 +433,16 @@ protected:
 };
 
 TEST_F(TextboxGroupTest, NoBoxIsEditedBeforeAClick) {
-    Strike('a');
+    Press('a');
     EXPECT_EQ(first.GetText(), "");
     EXPECT_EQ(second.GetText(), "");
 }
 
 TEST_F(TextboxGroupTest, OnlyTheClickedBoxIsTypedInto) {
     Press(first);
-    Strike('a');
+    Press('a');
     Press(second);
-    Strike('b');
+    Press('b');
     EXPECT_EQ(first.GetText(), "a");
     EXPECT_EQ(second.GetText(), "b");
 }
@@ -451,11 +452,11 @@ TEST_F(TextboxGroupTest, OptionTakesTheFocusFromTheBox) {
     Press(other);
     EXPECT_FALSE(first.HasFocus());
     EXPECT_TRUE(other.Clicked());
-    Strike('a');
+    Press('a');
     EXPECT_EQ(first.GetText(), "");
 }
 
-TEST_F(TextboxGroupTest, ActivatedBoxDeselectsTheOptions) {
+TEST_F(TextboxGroupTest, ClickedBoxDeselectsTheOptions) {
     Press(other);
     ASSERT_TRUE(other.Clicked());
     Press(second);
@@ -463,7 +464,7 @@ TEST_F(TextboxGroupTest, ActivatedBoxDeselectsTheOptions) {
     EXPECT_FALSE(option.Clicked());
 }
 
-TEST_F(TextboxGroupTest, EditedBoxKeepsItsWindowFromBeingDragged) {
+TEST_F(TextboxGroupTest, WindowCannotBeDraggedWhileItsBoxIsEdited) {
     Press(first);
     window.MouseMove(0.2f, 0.9f);
     EXPECT_FALSE(window.HasFocus());
@@ -486,7 +487,7 @@ protected:
         edited.Focus();
         Typist(edited).Type(typed);
     }
-    /// The pixels of text around the box that are not in it.
+    /// The pixels of text outside the box.
     int CountSpilled() const {
         return CountText(-1.7f, -1.3f, 1.7f, 1.3f) - CountText(0.0f, 0.0f, 0.5f, 0.2f);
     }
@@ -524,7 +525,7 @@ TEST_F(DrawnTextboxTest, CaretFollowsTheText) {
     box.TextKeyPress(Keys({kEnd}));
     Draw(box);
     EXPECT_LT(CountText(0.01f, 0.14f, 0.025f, 0.2f), atStart);
-    // One letter further in the second row.
+    // One letter further right, in the second row.
     const float end = 0.02f + GLWidget::font.Advance('i') * 0.04f;
     EXPECT_GT(CountText(end - 0.003f, 0.08f, end + 0.003f, 0.12f), 5);
 }
@@ -553,7 +554,7 @@ TEST_F(DrawnTextboxTest, TextThatIsTooLongIsCutAtTheBox) {
     EXPECT_EQ(CountSpilled(), 0);
 }
 
-TEST_F(DrawnTextboxTest, CaretBehindATooWideTextStaysInSight) {
+TEST_F(DrawnTextboxTest, CaretAfterATextWiderThanTheBoxStaysVisible) {
     Textbox single("single", nullptr, kOrigin, theme, 10, 1);
     Edit(single, std::string(60, '.'));
     const float right = 0.02f + 10 * GLWidget::font.Advance('w') * 0.04f;
@@ -564,7 +565,7 @@ TEST_F(DrawnTextboxTest, CaretBehindATooWideTextStaysInSight) {
     EXPECT_EQ(CountText(right - 0.006f, 0.03f, right + 0.006f, 0.06f), 0);
 }
 
-TEST_F(DrawnTextboxTest, IsCutWhereItStandsInsideItsContainers) {
+TEST_F(DrawnTextboxTest, TextIsCutAtTheBoxInsideItsContainersToo) {
     Opened<Frame> outer("outer", nullptr, Vector(-0.5f, -0.6f), theme, true);
     outer.AddChild(&box);
     box.position = Vector(0.2f, 0.1f);
@@ -577,13 +578,13 @@ TEST_F(DrawnTextboxTest, IsCutWhereItStandsInsideItsContainers) {
     EXPECT_EQ(CountText(-1.7f, -1.3f, 1.7f, 1.3f), inside);
 }
 
-TEST_F(DrawnTextboxTest, PercentSignsShowAsTheyAre) {
+TEST_F(DrawnTextboxTest, PercentSignsAreDrawnAsTheyAre) {
     Edit(box, "%n%s%d");
     Draw(box);
     EXPECT_GT(CountText(0.0f, 0.14f, 0.5f, 0.2f), 20);
 }
 
-TEST_F(DrawnTextboxTest, LeavesClippingAndModelViewAsTheyWere) {
+TEST_F(DrawnTextboxTest, DrawingRestoresClippingAndModelViewMatrix) {
     Edit(box, "abc");
     Draw(box);
     EXPECT_EQ(ModelView(), kIdentity);

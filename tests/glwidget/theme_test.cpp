@@ -140,7 +140,7 @@ TEST_F(ThemeTest, MalformedNumbersKeepTheirFieldsAndTheNextLineIsReadAsItself) {
     ExpectVector(theme.lineColour, 0.4f, 0.5f, 0.6f, 1.0f);
 }
 
-TEST_F(ThemeTest, MissingFileIsAnEmptyOne) {
+TEST_F(ThemeTest, MissingFileIsReadAsAnEmptyOne) {
     Theme theme;
     testing::internal::CaptureStderr();
     Theme::Read(theme, "nowhere.theme");
@@ -160,7 +160,7 @@ TEST_F(ThemeTest, FileIsReadByItsName) {
     EXPECT_EQ(theme.border, 0.25f);
 }
 
-TEST_F(ThemeTest, DirectoryInsteadOfAFileIsAnEmptyOne) {
+TEST_F(ThemeTest, DirectoryIsReadAsAnEmptyFile) {
     Theme theme;
     testing::internal::CaptureStderr();
     Theme::Read(theme, ".");
@@ -178,7 +178,7 @@ TEST_F(ThemeTest, TextureThatCannotBeLoadedLeavesNone) {
     EXPECT_EQ(theme.image.GetName(), 0u);
 }
 
-TEST_F(ThemeTest, PictureMayBeLeftOutByWhoeverDoesNotDraw) {
+TEST_F(ThemeTest, ProgramCanReplaceHowPicturesAreLoaded) {
     static std::string asked;
     Toolkit::Get().loadImage = [](Texture&, const std::string& file) {
         asked = file;

@@ -36,8 +36,8 @@ public:
     Vector mouse{-1.0f, -1.0f};
 };
 
-/// Two text boxes and two options of a layout, in a real window under a real keyboard and a
-/// real pointer.
+/// Two text boxes and two options of a layout, in a real window with the keyboard and pointer of
+/// the X server.
 class TypingTest : public testing::Test {
 protected:
     static constexpr char kLayout[] =
@@ -88,7 +88,7 @@ protected:
         update.time = 10;
         return kernel->SendEvent(nullptr, update) && kernel->SendEvent(nullptr, Event(RenderEvent));
     }
-    /// Runs frames until something is so; gives up after a time.
+    /// Runs frames until a condition holds or time is over. @return whether it holds
     template <typename Condition>
     bool RunUntil(Condition isSo) {
         for (int frame = 0; frame < 500; ++frame) {
@@ -113,7 +113,7 @@ protected:
             Do("search --name '^Typing$' mousemove --window %1 " + std::to_string(toX) + " "
                + std::to_string(toY));
         };
-        // The very first movement is not reported, so there may have to be more.
+        // The first movement is not reported, so more than one may be needed.
         for (int attempt = 0; attempt < 20; ++attempt) {
             move(column + attempt % 2, row);
             Frame();
@@ -140,8 +140,8 @@ protected:
         ClickOn(tag, [&] { return GLWidget::GetByTag(tag)->HasFocus(); });
     }
 
-    /// Strikes a key and waits for what it does.
-    void Strike(const std::string& key, const std::string& tag, const std::string& expected) {
+    /// Presses a key and waits until the box has the expected text.
+    void PressKey(const std::string& key, const std::string& tag, const std::string& expected) {
         Do("keydown " + key);
         EXPECT_TRUE(RunUntil([&] { return Text(tag) == expected; })) << Text(tag);
         Do("keyup " + key);
@@ -161,18 +161,18 @@ protected:
 
 TEST_F(TypingTest, KeysGoToTheBoxThatWasClicked) {
     Edit("first");
-    Strike("a", "first", "a");
-    Strike("b", "first", "ab");
+    PressKey("a", "first", "a");
+    PressKey("b", "first", "ab");
     Edit("second");
     EXPECT_FALSE(GLWidget::GetByTag("first")->HasFocus());
-    Strike("c", "second", "c");
+    PressKey("c", "second", "c");
     EXPECT_EQ(Text("first"), "ab");
 }
 
 TEST_F(TypingTest, CaretAndEditingKeysReachTheBox) {
     Edit("first");
-    Strike("a", "first", "a");
-    Strike("b", "first", "ab");
+    PressKey("a", "first", "a");
+    PressKey("b", "first", "ab");
     Do("keydown Left");
     for (int frame = 0; frame < 10; ++frame) {
         Frame();
@@ -180,13 +180,13 @@ TEST_F(TypingTest, CaretAndEditingKeysReachTheBox) {
     }
     Do("keyup Left");
     Frame();
-    Strike("BackSpace", "first", "b");
-    Strike("Return", "first", "\nb");
-    Strike("Delete", "first", "\n");
-    Strike("space", "first", "\n ");
+    PressKey("BackSpace", "first", "b");
+    PressKey("Return", "first", "\nb");
+    PressKey("Delete", "first", "\n");
+    PressKey("space", "first", "\n ");
 }
 
-TEST_F(TypingTest, ShiftTypesTheCapitalBesideTheLetterAndTheCapitalStaysHeld) {
+TEST_F(TypingTest, LetterWithShiftTypesBothAndOnlyTheCapitalRepeats) {
     Edit("first");
     Do("keydown shift keydown a");
     EXPECT_TRUE(RunUntil([&] { return Text("first") == "Aa"; })) << Text("first");
@@ -197,7 +197,7 @@ TEST_F(TypingTest, ShiftTypesTheCapitalBesideTheLetterAndTheCapitalStaysHeld) {
 
 TEST_F(TypingTest, OptionEndsTheEditing) {
     Edit("first");
-    Strike("a", "first", "a");
+    PressKey("a", "first", "a");
     GLWidget* const option = GLWidget::GetByTag("two");
     ClickOn("two", [&] { return option->Clicked(); });
     EXPECT_FALSE(GLWidget::GetByTag("first")->HasFocus());

@@ -25,7 +25,7 @@ protected:
     Theme* theme;
 };
 
-/// The least a widget needs, with its state in view.
+/// The simplest widget; a test can use its fields.
 class PlainWidget : public GLWidget {
 public:
     using GLWidget::active;
