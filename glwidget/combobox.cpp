@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr char kButtonTheme[] = "combo_button.theme";
 constexpr char kButtonCaption[] = " ";
 constexpr float kOpenDepth = -1.0f;
 

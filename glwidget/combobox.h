@@ -30,6 +30,9 @@ public:
     /// Chooses the item of this index; an index outside the list changes nothing.
     bool SetCurrentText(std::int32_t index);
 
+    /// Of the button at the side: its name, and its file.
+    static constexpr const char* kButtonTheme = "combo_button.theme";
+
 protected:
     void Forget(const GLWidget* gone) override;
 

@@ -7,35 +7,13 @@
 #include <fstream>
 #include <iostream>
 
-#include "glwidget/button.h"
-#include "glwidget/checkbox.h"
-#include "glwidget/combobox.h"
-#include "glwidget/frame.h"
-#include "glwidget/glwindow.h"
-#include "glwidget/label.h"
-#include "glwidget/optionbox.h"
-#include "glwidget/slider.h"
 #include "glwidget/tabwindow.h"
-#include "glwidget/textbox.h"
-#include "quarn2/strings.h"
 #include "quarn2/trace.h"
 
 namespace {
 
-constexpr std::string_view kNone = "NULL";
-constexpr std::string_view kComment = "//";
-constexpr std::string_view kImageButton = "TEX";
-
-/// Tags of the widgets that the toolkit makes, and deletes, itself.
-constexpr std::string_view kToolkitPrefix = "__";
-
 constexpr const char* kDefaultTheme = "default";
 constexpr const char* kDefaultThemeFile = "default.theme";
-
-/// A layout's own way to write text: "%" means itself, backslash n a line break.
-std::string ReplaceEscapes(const std::string& text) {
-    return str_replace("\\n", "\n", str_replace("%", "%%", text));
-}
 
 void RegisterDefaultTheme() {
     const auto known = GLWidget::themes.find(kDefaultTheme);
@@ -58,36 +36,57 @@ bool HasMoreAncestors(const GLWidget* widget, int count) {
     return widget != nullptr;
 }
 
-bool IsTabWindow(GLWidget& widget) {
-    return widget.GetType() == "TabWindow";
+bool HasTabs(GLWidget& widget) {
+    const Kind* const kind = KindOfType(widget.GetType());
+    return kind != nullptr && kind->hasTabs;
 }
 
-bool IsContainer(GLWidget& widget) {
-    const std::string type = widget.GetType();
-    return type == "GLWindow" || type == "Frame" || type == "TabWindow";
+bool HoldsChildren(GLWidget& widget) {
+    const Kind* const kind = KindOfType(widget.GetType());
+    return kind != nullptr && kind->holdsChildren;
 }
+
+using enum FieldType;
+
+constexpr Field kTag{Name, "tag"};
+constexpr Field kTab{Whole, "tab", 0, TabWindow::kMaxTabs - 1};
+constexpr Field kKind{Name, "kind"};
+constexpr Field kParent{Name, "parent"};
+constexpr Field kX{Number, "x"};
+constexpr Field kY{Number, "y"};
+
+constexpr Field kFile[] = {{Name, "file"}};
+constexpr Field kTheme[] = {{Name, "theme"}, {Name, Layout::kNone}};
+constexpr Field kCreate[] = {kKind, kTag, kParent, kX, kY};
+constexpr Field kCreateOnTab[] = {kTab, kKind, kTag, kParent, kX, kY};
+constexpr Field kTitle[] = {kTag, kTab, {Text, "title"}};
+constexpr Field kItem[] = {kTag, {Text, "text"}};
+constexpr Field kTagAlone[] = {kTag};
 
 }  // namespace
 
 constexpr Layout::Statement Layout::kStatements[] = {
-    {"CONF", &Layout::Configure},                                 //
-    {"THEM", &Layout::UseTheme},                                  //
-    {"CADD", &Layout::AddWidget},                                 //
-    {"TADD", &Layout::AddTabWidget}, {"NTAB", &Layout::NameTab},  //
-    {"TEXT", &Layout::AddItem},                                   //
-    {"SOLID", &Layout::Solidify},                                 //
-    {"CENTRE", &Layout::Centre},                                  //
-    {"CENTREX", &Layout::CentreX},                                //
-    {"CENTREY", &Layout::CentreY},
+    {"CONF", kFile, &Layout::Configure},
+    {"THEM", kTheme, &Layout::UseTheme},
+    {"CADD", kCreate, &Layout::AddWidget, true},
+    {"TADD", kCreateOnTab, &Layout::AddTabWidget, true},
+    {"NTAB", kTitle, &Layout::NameTab},
+    {"TEXT", kItem, &Layout::AddItem},
+    {"SOLID", {}, &Layout::Solidify},
+    {"CENTRE", kTagAlone, &Layout::Centre},
+    {"CENTREX", kTagAlone, &Layout::CentreX},
+    {"CENTREY", kTagAlone, &Layout::CentreY},
+    {"CHLD", {}, &Layout::Ignore},
 };
 
-constexpr Layout::Kind Layout::kKinds[] = {
-    {"Win", &Layout::MakeWindow, true},     {"Frame", &Layout::MakeFrame, true},
-    {"TWin", &Layout::MakeTabWindow, true}, {"Check", &Layout::MakeCheckbox, false},
-    {"Opt", &Layout::MakeOptionbox, false}, {"Combo", &Layout::MakeCombobox, false},
-    {"Butt", &Layout::MakeButton, false},   {"Slide", &Layout::MakeSlider, false},
-    {"Text", &Layout::MakeTextbox, false},  {"Label", &Layout::MakeLabel, false},
-};
+std::span<const Layout::Statement> Layout::Statements() {
+    return kStatements;
+}
+
+const Layout::Statement* Layout::FindStatement(std::string_view word) {
+    const auto found = std::ranges::find(kStatements, word, &Statement::word);
+    return found == std::end(kStatements) ? nullptr : found;
+}
 
 bool Layout::Start(std::istream& file, const std::string& path) {
     RegisterDefaultTheme();
@@ -109,9 +108,7 @@ bool Layout::Build() {
 }
 
 void Layout::Process(std::string_view word) {
-    const auto statement = std::find_if(std::begin(kStatements), std::end(kStatements),
-                                        [&](const Statement& row) { return row.word == word; });
-    if (statement != std::end(kStatements))
+    if (const Statement* const statement = FindStatement(word))
         (this->*statement->run)();
 }
 
@@ -136,32 +133,34 @@ void Layout::AddTabWidget() {
 }
 
 void Layout::Create(std::optional<int> tab) {
-    std::string kind;
+    std::string word;
     std::string parentTag;
-    Place place{};
-    if (!reader.Word(kind) || !reader.Word(place.tag) || !reader.Word(parentTag))
+    Creation line;
+    if (!reader.Word(word) || !reader.Word(line.tag) || !reader.Word(parentTag))
         return;
-    reader.Read(place.position.x);
-    reader.Read(place.position.y);
-    if (!IsOwn(place.tag) || !IsOwn(parentTag))
+    reader.Read(line.position.x);
+    reader.Read(line.position.y);
+    if (!IsOwn(line.tag) || !IsOwn(parentTag))
         return;
     if (parentTag != kNone)
-        place.parent = GLWidget::GetByTag(parentTag);
+        line.parent = GLWidget::GetByTag(parentTag);
 
-    std::cerr << "adding a '" << kind << "' - " << place.tag << '\n';
-    const auto row = std::find_if(std::begin(kKinds), std::end(kKinds),
-                                  [&](const Kind& known) { return known.word == kind; });
-    if (row == std::end(kKinds))
+    std::cerr << "adding a '" << word << "' - " << line.tag << '\n';
+    const Kind* const named = FindKind(word);
+    if (named == nullptr)
         return;
-    GLWidget* const widget = (this->*row->make)(place);
-    if (place.parent == nullptr) {
+    line.file = path;
+    line.theme = GLWidget::currentTheme;
+    const Kind& kind = line.Read(reader, *named);
+    GLWidget* const widget = kind.make(line);
+    if (line.parent == nullptr) {
         GLWidget::widgets.push_back(widget);
         return;
     }
-    const Attachment attachment{widget, place.parent, tab};
+    const Attachment attachment{widget, line.parent, tab};
     if (!Fits(attachment))
         return;
-    if (row->deferred) {
+    if (kind.holdsChildren) {
         deferred.push_back(attachment);
     } else {
         Attach(attachment);
@@ -177,11 +176,11 @@ bool Layout::Fits(const Attachment& attachment) const {
                + " containers and is left out");
         return false;
     }
-    if (attachment.tab && !IsTabWindow(parent)) {
+    if (attachment.tab && !HasTabs(parent)) {
         Report(parentIs + " and has no tabs, '" + tag + "' is left out");
         return false;
     }
-    if (!IsContainer(parent))
+    if (!HoldsChildren(parent))
         Report(parentIs + " and does not show '" + tag + "'");
     return true;
 }
@@ -200,7 +199,7 @@ void Layout::NameTab() {
     reader.Read(index);
     if (widget == nullptr)
         return;
-    if (IsTabWindow(*widget)) {
+    if (HasTabs(*widget)) {
         widget->AddTab(index, reader.Rest());
     } else {
         Report("'" + widget->GetName() + "' is a " + widget->GetType() + " and has no tabs");
@@ -233,83 +232,6 @@ void Layout::CentreWidget(bool inX, bool inY) {
     *widget += Vector(inX ? -(box.z - box.x) / 2.0f : 0.0f, inY ? -(box.w - box.y) / 2.0f : 0.0f);
 }
 
-template <typename T>
-void Layout::ReadPair(const Place& place, T& first, T& second) {
-    if (!reader.Read(first) || !reader.Read(second))
-        Report("the size of '" + place.tag + "' is not two numbers, what is missing is taken as 0");
-}
-
-GLWidget* Layout::MakeWindow(const Place& place) {
-    bool movable = false;
-    reader.Read(movable);
-    const std::string title = reader.Rest();
-    std::cerr << "adding window " << place.tag << ' ' << movable << '\n';
-    return new GLWindow(place.tag, place.parent, place.position, GLWidget::currentTheme, title,
-                        movable);
-}
-
-GLWidget* Layout::MakeFrame(const Place& place) {
-    bool bordered = false;
-    reader.Read(bordered);
-    return new Frame(place.tag, place.parent, place.position, GLWidget::currentTheme, bordered);
-}
-
-GLWidget* Layout::MakeTabWindow(const Place& place) {
-    const auto theme =
-        std::find_if(GLWidget::themes.begin(), GLWidget::themes.end(),
-                     [](const auto& entry) { return entry.second == GLWidget::currentTheme; });
-    std::cerr << "adding tabwindow " << place.tag << ' '
-              << (place.parent != nullptr ? place.parent->GetName() : kNone) << ' '
-              << place.position << ' '
-              << (theme != GLWidget::themes.end() ? theme->first : kDefaultTheme) << '\n';
-    auto* const window =
-        new TabWindow(place.tag, place.parent, place.position, GLWidget::currentTheme);
-    std::cerr << "added tabwindow\n";
-    return window;
-}
-
-GLWidget* Layout::MakeCheckbox(const Place& place) {
-    return new Checkbox(place.tag, place.parent, place.position, GLWidget::currentTheme,
-                        reader.Rest());
-}
-
-GLWidget* Layout::MakeOptionbox(const Place& place) {
-    return new Optionbox(place.tag, place.parent, place.position, GLWidget::currentTheme,
-                         reader.Rest());
-}
-
-GLWidget* Layout::MakeCombobox(const Place& place) {
-    return new Combobox(place.tag, place.parent, place.position, GLWidget::currentTheme);
-}
-
-GLWidget* Layout::MakeButton(const Place& place) {
-    std::string caption;
-    static_cast<void>(reader.Word(caption));
-    if (caption == kImageButton) {
-        return new Button(place.tag, place.parent, place.position, GLWidget::currentTheme,
-                          ReadSize(place));
-    }
-    return new Button(place.tag, place.parent, place.position, GLWidget::currentTheme, caption);
-}
-
-GLWidget* Layout::MakeSlider(const Place& place) {
-    return new Slider(place.tag, place.parent, place.position, GLWidget::currentTheme,
-                      ReadSize(place));
-}
-
-GLWidget* Layout::MakeTextbox(const Place& place) {
-    int columns = 0;
-    int rows = 0;
-    ReadPair(place, columns, rows);
-    return new Textbox(place.tag, place.parent, place.position, GLWidget::currentTheme, columns,
-                       rows);
-}
-
-GLWidget* Layout::MakeLabel(const Place& place) {
-    return new Label(place.tag, place.parent, place.position, GLWidget::currentTheme,
-                     ReplaceEscapes(reader.Rest()));
-}
-
 GLWidget* Layout::NamedWidget() {
     std::string tag;
     if (!reader.Word(tag) || tag == kNone || !IsOwn(tag))
@@ -322,14 +244,6 @@ bool Layout::IsOwn(std::string_view tag) const {
         return true;
     Report("the tag '" + std::string(tag) + "' belongs to the toolkit");
     return false;
-}
-
-Vector Layout::ReadSize(const Place& place) {
-    Vector size;
-    ReadPair(place, size.x, size.y);
-    if (size.x < 0.0f || size.y < 0.0f)
-        Report("'" + place.tag + "' has a negative size, which is taken as 0");
-    return {std::max(size.x, 0.0f), std::max(size.y, 0.0f)};
 }
 
 void Layout::Report(const std::string& what) const {

@@ -5,11 +5,14 @@
 
 #include <istream>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "glwidget/field.h"
 #include "glwidget/glwidget.h"
+#include "glwidget/kinds.h"
 #include "glwidget/reader.h"
 
 /// Builds the widgets that a layout file describes, one statement per line. What a statement
@@ -30,25 +33,25 @@ public:
     /// container and three of its own; OpenGL promises room for 32.
     static constexpr int kMaxAncestors = 12;
 
-private:
+    /// Where a layout names a widget: that there is none.
+    static constexpr std::string_view kNone = "NULL";
+    /// Tags that begin with this belong to the widgets that the toolkit makes, and deletes, itself.
+    static constexpr std::string_view kToolkitPrefix = "__";
+    static constexpr std::string_view kComment = "//";
+
+    /// A statement by its word, with the fields that follow it.
     struct Statement {
         std::string_view word;
+        std::span<const Field> fields;
         void (Layout::*run)();
+        bool creates = false;  ///< the fields of the widget's kind follow
     };
-    static const Statement kStatements[];
+    static std::span<const Statement> Statements();
+    /// Null for a word that begins no statement.
+    static const Statement* FindStatement(std::string_view word);
 
-    /// What every new widget is given.
-    struct Place {
-        std::string tag;
-        GLWidget* parent;  // not owned, null at the top
-        Vector position;
-    };
-    struct Kind {
-        std::string_view word;
-        GLWidget* (Layout::*make)(const Place&);
-        bool deferred;  ///< may get children of its own before it is attached
-    };
-    static const Kind kKinds[];
+private:
+    static const Statement kStatements[];
 
     /// A widget and the tab that it belongs on, if any.
     struct Attachment {
@@ -57,6 +60,7 @@ private:
         std::optional<int> tab;
     };
 
+    void Ignore() {}
     void Configure();
     void UseTheme();
     void AddWidget() { Create(std::nullopt); }
@@ -67,17 +71,6 @@ private:
     void Centre() { CentreWidget(true, true); }
     void CentreX() { CentreWidget(true, false); }
     void CentreY() { CentreWidget(false, true); }
-
-    GLWidget* MakeWindow(const Place& place);
-    GLWidget* MakeFrame(const Place& place);
-    GLWidget* MakeTabWindow(const Place& place);
-    GLWidget* MakeCheckbox(const Place& place);
-    GLWidget* MakeOptionbox(const Place& place);
-    GLWidget* MakeCombobox(const Place& place);
-    GLWidget* MakeButton(const Place& place);
-    GLWidget* MakeSlider(const Place& place);
-    GLWidget* MakeTextbox(const Place& place);
-    GLWidget* MakeLabel(const Place& place);
 
     void Process(std::string_view word);
     void Create(std::optional<int> tab);
@@ -90,10 +83,6 @@ private:
     /// tag that is not the layout's.
     GLWidget* NamedWidget();
     bool IsOwn(std::string_view tag) const;
-    /// Reads two numbers; a line says whose are missing.
-    template <typename T>
-    void ReadPair(const Place& place, T& first, T& second);
-    Vector ReadSize(const Place& place);
     void Report(const std::string& what) const;
 
     GuiReader reader;

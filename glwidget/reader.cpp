@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "quarn2/strings.h"
+
 bool GuiReader::Word(std::string& word) {
     std::string read;
     if (!(stream >> read))
@@ -62,4 +64,8 @@ void GuiReader::SkipComments() {
             return;
         EndLine();
     }
+}
+
+std::string ReplaceEscapes(const std::string& text) {
+    return str_replace("\\n", "\n", str_replace("%", "%%", text));
 }

@@ -46,3 +46,6 @@ public:
 private:
     std::istream& stream;
 };
+
+/// A layout's text as it is shown: "%" means itself, backslash n a line break.
+std::string ReplaceEscapes(const std::string& text);

@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr char kButtonTheme[] = "tabwin_button.theme";
 constexpr char kUnnamed[] = "unnamed";
 
 }  // namespace

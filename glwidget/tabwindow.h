@@ -40,6 +40,9 @@ public:
     /// How many tabs a window may have.
     static constexpr int kMaxTabs = 64;
 
+    /// Of the row of buttons: its name, and its file.
+    static constexpr const char* kButtonTheme = "tabwin_button.theme";
+
     /// A tab and what it shows.
     struct Tab {
         std::string name;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iostream>
+#include <iterator>
 
 #include "glwidget/reader.h"
 #include "glwidget/toolkit.h"
@@ -15,51 +16,69 @@ namespace {
 
 constexpr const char* kNoTexture = "NULL";
 
-/// Reads the lines of a theme file. Each operation reads one group of values and writes the
-/// values that the theme then has on standard error.
-class ThemeReader {
-public:
-    explicit ThemeReader(std::istream& file) : reader(file) {}
+using enum FieldType;
 
-    void Three(Vector& value) {
-        reader.SkipComments();
-        reader.ReadThree(value);
-        Report(value);
-    }
-    void Pair(float& first, float& second) {
-        reader.SkipComments();
-        reader.Read(first);
-        reader.Read(second);
-        std::cerr << first << ' ';
-        Report(second);
-    }
-    void Two(Vector& value) {
-        reader.SkipComments();
+constexpr float kMax = Field::kUnlimited;
+
+// What each line controls in drawing, the widgets say.
+constexpr Theme::Line kLines[] = {
+    {{{Number, "text colour", 0.0f, 1.0f}, 3}, &Theme::textColour},
+    {{{Number, "line colour", 0.0f, 1.0f}, 3}, &Theme::lineColour},
+    {{{Number, "fill colour", 0.0f, 1.0f}, 3}, &Theme::fillColour},
+    {{{Number, "fourth colour"}, 3}, &Theme::fourthColour},
+    {{{Number, "opacity", 0.0f, 1.0f}, 1}, &Theme::opacity},
+    {{{Number, "sixth value"}, 1}, &Theme::sixthValue},
+    {{{Number, "line width", Field::kAboveZero, kMax}, 1}, &Theme::lineWidth},
+    {{{Number, "border", 0.0f, kMax}, 1}, &Theme::border},
+    {{{Number, "corner", 0.0f, 1.0f}, 1}, &Theme::corner},
+    {{{Number, "tenth value"}, 1}, &Theme::tenthValue},
+    {{{Number, "font size", Field::kAboveZero, kMax}, 2}, &Theme::fontSize},
+    {{{Number, "dim and bright", 0.0f, kMax}, 2}, &Theme::dim, &Theme::bright},
+    {{{Number, "press offset"}, 3}, &Theme::pressOffset},
+    {{{Number, "box size", Field::kAboveZero, kMax}, 1}, &Theme::boxSize},
+    {{{Name, "picture"}, 1}, &Theme::textureName},
+    {{{Flag, "fade"}, 1}, &Theme::fade},
+};
+static_assert(std::size(kLines) == static_cast<std::size_t>(ThemeLine::Fade) + 1);
+
+/// Reads one line into its members and reports what they then hold.
+class LineReader {
+public:
+    LineReader(GuiReader& source, const Theme::Line& theLine, Theme& target)
+        : reader(source), line(theLine), theme(target) {}
+
+    void operator()(Vector Theme::*member) {
+        Vector& value = theme.*member;
         reader.Read(value.x);
         reader.Read(value.y);
-        Report(value);
+        if (line.values.count > 2)
+            reader.Read(value.z);
+        std::cerr << value << '\n';
     }
-    template <typename T>
-    void Value(T& value) {
-        reader.SkipComments();
-        reader.Read(value);
-        Report(value);
+    void operator()(float Theme::*member) {
+        reader.Read(theme.*member);
+        if (line.second != nullptr)
+            reader.Read(theme.*line.second);
+        std::cerr << theme.*member;
+        if (line.second != nullptr)
+            std::cerr << ' ' << theme.*line.second;
+        std::cerr << '\n';
     }
-    void FileName(std::string& value) {
-        reader.SkipComments();
+    void operator()(bool Theme::*member) {
+        reader.Read(theme.*member);
+        std::cerr << theme.*member << '\n';
+    }
+    void operator()(std::string Theme::*member) {
+        std::string& value = theme.*member;
         if (reader.Word(value))
             value.resize(std::min(value.size(), GuiReader::kFieldLimit));
-        Report(value);
+        std::cerr << value << '\n';
     }
 
 private:
-    template <typename T>
-    void Report(const T& value) {
-        std::cerr << value << '\n';
-        reader.EndLine();
-    }
-
-    GuiReader reader;
+    GuiReader& reader;
+    const Theme::Line& line;
+    Theme& theme;
 };
 
 }  // namespace
@@ -72,28 +91,21 @@ void Theme::Read(Theme& theme, const std::string& path) {
 void Theme::Read(Theme& theme, std::istream& file, const std::string& path) {
     TraceFrame frame("Read", "Theme");
     std::cerr << "reading theme " << path << '\n';
-    ThemeReader line(file);
-    line.Three(theme.textColour);
-    line.Three(theme.lineColour);
-    line.Three(theme.fillColour);
-    line.Three(theme.fourthColour);
-    line.Value(theme.opacity);
-    line.Value(theme.sixthValue);
-    line.Value(theme.lineWidth);
-    line.Value(theme.border);
-    line.Value(theme.corner);
-    line.Value(theme.tenthValue);
-    line.Two(theme.fontSize);
-    line.Pair(theme.dim, theme.bright);
-    line.Three(theme.pressOffset);
-    line.Value(theme.boxSize);
-    line.FileName(theme.textureName);
-    line.Value(theme.fade);
+    GuiReader reader(file);
+    for (const Line& line : kLines) {
+        reader.SkipComments();
+        std::visit(LineReader(reader, line, theme), line.member);
+        reader.EndLine();
+    }
     if (theme.textureName != kNoTexture) {
         std::cerr << "loading " << theme.textureName << '\n';
         theme.LoadImage();
     }
     std::cerr << "read theme " << path << '\n';
+}
+
+std::span<const Theme::Line> Theme::Lines() {
+    return kLines;
 }
 
 void Theme::BuiltIn(Theme& theme) {

@@ -4,10 +4,33 @@
 #pragma once
 
 #include <iosfwd>
+#include <span>
 #include <string>
+#include <variant>
 
+#include "glwidget/field.h"
 #include "quarn2/texture.h"
 #include "quarn2/vector.h"
+
+/// The lines of a theme file, in order.
+enum class ThemeLine {
+    TextColour,
+    LineColour,
+    FillColour,
+    FourthColour,
+    Opacity,
+    SixthValue,
+    LineWidth,
+    Border,
+    Corner,
+    TenthValue,
+    FontSize,
+    Brightness,
+    PressOffset,
+    BoxSize,
+    Picture,
+    Fade
+};
 
 /// How a widget looks. Lengths are GUI units unless stated. A new theme holds the built-in
 /// values with no texture loaded.
@@ -40,6 +63,18 @@ public:
     static void Read(Theme& theme, const std::string& path);
     /// @param path  as which the file is reported
     static void Read(Theme& theme, std::istream& file, const std::string& path);
+
+    /// What a line of a theme file sets.
+    struct Line {
+        using Member =
+            std::variant<Vector Theme::*, float Theme::*, bool Theme::*, std::string Theme::*>;
+
+        ValueLine values;
+        Member member;
+        float Theme::*second = nullptr;  ///< for the second value of two
+    };
+    /// All sixteen, in the order of ThemeLine.
+    static std::span<const Line> Lines();
 
     /// Sets `theme` to the built-in values and loads their texture.
     static void BuiltIn(Theme& theme);

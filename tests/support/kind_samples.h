@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+#include "glwidget/kinds.h"
+
+/// A value that the field takes, as a layout writes it.
+inline std::string SampleValue(const Field& field) {
+    switch (field.type) {
+    case FieldType::Number:
+        return field.Allows(0.5f) ? "0.5" : std::to_string(field.lowest);
+    case FieldType::Whole:
+        return field.Allows(3.0f) ? "3" : std::to_string(static_cast<int>(field.lowest));
+    case FieldType::Flag:
+        return "1";
+    case FieldType::Name:
+    case FieldType::Caption:
+    case FieldType::Text:
+        return "Sample";
+    }
+    return {};
+}
+
+/// What stands behind x and y of a widget of the kind, each field with a value that it takes.
+inline std::string SampleFields(const Kind& kind) {
+    std::string text(kind.form);
+    for (const Field& field : kind.fields) {
+        const bool zero = kind.eitherOr && &field == &kind.fields.back();
+        text += (text.empty() ? "" : " ") + (zero ? "0" : SampleValue(field));
+    }
+    return text;
+}
+
+/// The word of the kind and, for another form of it, that form's.
+inline std::string NameOf(const Kind& kind) {
+    return std::string(kind.word) + (kind.form.empty() ? "" : " ") + std::string(kind.form);
+}
