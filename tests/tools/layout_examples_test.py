@@ -82,9 +82,10 @@ class LayoutDocument(unittest.TestCase):
         self.assertEqual(sorted(shown), sorted(path.stem for path in PICTURES.iterdir()))
 
     def test_every_statement_and_kind_has_a_section_and_an_example(self):
-        grammar = (ROOT / "tools/guiview/grammar.cpp").read_text()
-        words = re.findall(r'\{"([A-Z]{4,})", ', grammar)
-        kinds = re.findall(r'\.word = "(\w+)"', grammar)
+        statements = (ROOT / "glwidget/layout.cpp").read_text()
+        words = re.findall(r'\{"([A-Z]{4,})", ', statements)
+        table = (ROOT / "glwidget/kinds.cpp").read_text()
+        kinds = set(re.findall(r'\.word = "(\w+)"', table))
         self.assertEqual((len(words), len(kinds)), (11, 10))
         lines = [line.split() for example in self.examples
                  for line in example.layout.splitlines() if line.strip()]

@@ -69,6 +69,11 @@ Span SpanOf(float from, float to, float begin, float length, int count) {
     return {std::clamp(cell(from), 0, count - 1), std::clamp(cell(to), 0, count - 1)};
 }
 
+bool IsFilledContainer(const Node& node) {
+    return node.Is(&Kind::holdsChildren)
+           && node.declared->GetKind().draws.Has(ThemeLine::FillColour);
+}
+
 }  // namespace
 
 void ContrastCheck::Run() {
@@ -83,33 +88,25 @@ void ContrastCheck::CheckNode(const Node& node) {
     const std::string name = "'" + std::string(node.Tag()) + "'";
     const std::string what = "the text of " + name;
     const Place where = node.declared->Where();
-    switch (node.declared->GetKind()) {
-    case Kind::Win:
-        CheckTitle(node);
+    switch (node.declared->GetKind().text) {
+    case TextGround::None:
         break;
-    case Kind::TWin:
-        for (const Node* other : scene.Nodes()) {
-            if (other->parent == &node && other->declared == nullptr)
-                CheckOwnFill(other->widget->GetTheme(), "the row of tabs of " + name, file, where);
-        }
-        break;
-    case Kind::Butt:
-        if (!node.IsImageButton())
-            CheckOwnFill(theme, what, file, where);
-        break;
-    case Kind::Text:
-    case Kind::Combo:  // the row under the mouse is filled as if it were highlighted
+    case TextGround::Fill:  // a list fills the row under the mouse as if it were highlighted
         CheckOwnFill(theme, what, file, where);
         break;
-    case Kind::Label:
-    case Kind::Check:
-    case Kind::Opt:
+    case TextGround::Title:
+        CheckTitle(node);
+        break;
+    case TextGround::Around:
         if (!node.widget->GetText().empty())
             CheckOnBackground(node);
         break;
-    case Kind::Frame:
-    case Kind::Slide:
-        break;
+    }
+    if (!node.Is(&Kind::hasTabs))
+        return;
+    for (const Node* other : scene.Nodes()) {
+        if (other->parent == &node && other->declared == nullptr)
+            CheckOwnFill(other->widget->GetTheme(), "the row of tabs of " + name, file, where);
     }
 }
 
@@ -137,8 +134,9 @@ void ContrastCheck::CheckOnBackground(const Node& node) {
     if (background == nullptr)
         return;
     const Theme& around = background->widget->GetTheme();
-    const void* const identity = background->IsImageButton() ? static_cast<const void*>(background)
-                                                             : static_cast<const void*>(&around);
+    const void* const identity = background->Is(&Kind::isBackground)
+                                     ? static_cast<const void*>(background)
+                                     : static_cast<const void*>(&around);
     for (const auto& [mouse, when] : {std::pair(Mouse::Away, kIdle), {Mouse::Over, kHighlighted}}) {
         if (const auto behind = ColoursOf(*background, node.drawn, mouse)) {
             Compare(node.widget->GetTheme(), *behind, identity,
@@ -167,7 +165,7 @@ void ContrastCheck::Compare(const Theme& text, const Colours& behind, const void
 const Node* ContrastCheck::BackgroundOf(const Node& node) const {
     const auto& nodes = scene.Nodes();
     for (const Node* inner = &node; inner != nullptr; inner = inner->parent) {
-        if (inner != &node && (inner->IsKind(Kind::Win) || inner->IsKind(Kind::TWin)))
+        if (inner != &node && IsFilledContainer(*inner))
             return inner;
         // The last one drawn before it lies on top.
         for (auto each = std::ranges::find(nodes, inner); each != nodes.begin();) {
@@ -182,7 +180,7 @@ const Node* ContrastCheck::BackgroundOf(const Node& node) const {
 auto ContrastCheck::ColoursOf(const Node& background, const Box& area, Mouse mouse)
     -> std::optional<Colours> {
     const Theme& theme = background.widget->GetTheme();
-    if (background.IsImageButton())
+    if (background.Is(&Kind::isBackground))
         return PictureColours(background, area, mouse);
     const auto* const window = dynamic_cast<GLWindow*>(background.widget);
     const bool answers = window != nullptr && window->IsMovable() && mouse == Mouse::Over;

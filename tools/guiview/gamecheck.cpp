@@ -20,22 +20,6 @@ namespace guiview {
 
 namespace {
 
-Kind KindFor(tag::Role role) {
-    switch (role) {
-    case tag::Role::Button:
-        return Kind::Butt;
-    case tag::Role::Slider:
-        return Kind::Slide;
-    case tag::Role::List:
-        return Kind::Combo;
-    case tag::Role::Label:
-        return Kind::Label;
-    case tag::Role::Window:
-        return Kind::Win;
-    }
-    return Kind::Label;
-}
-
 std::string_view WordFor(tag::Role role) {
     switch (role) {
     case tag::Role::Button:
@@ -162,7 +146,7 @@ void CheckGameTags(const Declarations& declarations, const std::string& path, Fi
         if (found == declarations.widgets.end()) {
             if (!needed.optional)
                 findings.Error(path, {}, Missing(kind, tag));
-        } else if (found->GetKind() != KindFor(needed.role)) {
+        } else if (found->GetKind().word != kind) {
             findings.Error(path, found->statement->Find("kind")->place,
                            Mistaken(tag, found->statement->kind->word, kind));
         }

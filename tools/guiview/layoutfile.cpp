@@ -5,12 +5,7 @@
 
 #include <algorithm>
 
-#include "glwidget/reader.h"
-
 namespace guiview {
-
-static_assert(kTextLimit == GuiReader::kFieldLimit);
-static_assert(kLineLimit == static_cast<std::size_t>(GuiReader::kSkipLimit));
 
 namespace {
 
@@ -42,9 +37,9 @@ private:
             return;
         statement.word = *word;
         statement.end = reader.Offset();
-        if (word->text.starts_with("//"))
+        if (word->text.starts_with(Layout::kComment))
             return;
-        statement.rule = FindStatement(word->text);
+        statement.rule = Layout::FindStatement(word->text);
         if (statement.rule == nullptr) {
             findings.Error(path, word->place, "unknown statement " + Quoted(word->text));
             return;
@@ -81,81 +76,78 @@ private:
         if (missing)
             return;
         ReadFields(statement.kind->fields);
-        if (statement.kind->kind == Kind::Butt)
-            FinishButton();
+        if (statement.wellFormed && statement.inRange && statement.kind->eitherOr)
+            CheckEitherOr();
     }
 
-    void FinishButton() {
-        if (statement.IsImageButton()) {
-            ReadFields(ImageFields());
-            return;
+    void CheckEitherOr() {
+        const std::string first(statement.kind->fields[0].name);
+        const std::string second(statement.kind->fields[1].name);
+        if ((statement.Number(first) != 0.0f) == (statement.Number(second) != 0.0f)) {
+            OutOfRange(statement.Find(first)->place, "a " + std::string(statement.kind->word)
+                                                         + " is a " + first + " and 0, or 0 and a "
+                                                         + second + ", none of them negative");
         }
-        if (missing || reader.OnlyCommentLeft())
-            return;
-        const std::optional<Word> surplus = reader.Next();
-        findings.Warn(path, surplus->place,
-                      "a Butt's caption is one word: " + Quoted(surplus->text) + " is not shown");
     }
 
-    void ReadFields(std::span<const FieldRule> rules) {
-        for (const FieldRule& rule : rules) {
+    void ReadFields(std::span<const Field> fields) {
+        for (const Field& field : fields) {
             if (missing)
                 return;
-            ReadField(rule);
+            ReadField(field);
         }
     }
 
-    void ReadField(const FieldRule& rule) {
-        if (rule.type == FieldType::Text) {
-            ReadText(rule);
+    void ReadField(const Field& field) {
+        if (field.type == FieldType::Text) {
+            ReadText(field);
             return;
         }
         const std::optional<Word> word = reader.Next();
         if (!word) {
-            Fail(reader.Here(), "missing " + std::string(rule.name));
+            Fail(reader.Here(), "missing " + std::string(field.name));
             missing = true;
             return;
         }
-        statement.fields.push_back({&rule, *word});
         statement.end = reader.Offset();
-        CheckWord(rule, *word);
+        const std::string name(field.name);
+        const std::string malformed = Malformed(field, *word, name);
+        const std::string outside = malformed.empty() ? OutsideRange(field, *word, name) : "";
+        statement.fields.push_back({&field, *word, malformed.empty() && outside.empty()});
+        if (!malformed.empty())
+            Fail(word->place, malformed);
+        if (!outside.empty())
+            OutOfRange(word->place, outside);
+        if (field.type == FieldType::Caption)
+            FinishCaption(field, *word);
     }
 
-    void CheckWord(const FieldRule& rule, const Word& word) {
-        const std::string is = Quoted(word.text) + " is ";
-        const std::string name(rule.name);
-        switch (rule.type) {
-        case FieldType::Number:
-            if (!ParseNumber(word.text))
-                Fail(word.place, is + "no number for " + name);
-            break;
-        case FieldType::Whole:
-            if (!ParseWhole(word.text))
-                Fail(word.place, is + "no whole number for " + name);
-            break;
-        case FieldType::Flag:
-            if (word.text != "0" && word.text != "1")
-                Fail(word.place, is + "neither 0 nor 1 for " + name);
-            break;
-        case FieldType::Caption:
-            CheckBytes(word);
-            break;
-        case FieldType::Name:
-        case FieldType::Text:
-            break;
+    /// A caption that chooses another form of the kind is followed by that form's fields.
+    void FinishCaption(const Field& field, const Word& word) {
+        if (const Kind* const form = FindKind(statement.kind->word, word.text)) {
+            statement.kind = form;
+            ReadFields(form->fields);
+            return;
         }
+        CheckBytes(word);
+        if (reader.OnlyCommentLeft())
+            return;
+        const std::optional<Word> surplus = reader.Next();
+        findings.Warn(path, surplus->place,
+                      "a " + std::string(statement.kind->word) + "'s " + std::string(field.name)
+                          + " is one word: " + Quoted(surplus->text) + " is not shown");
     }
 
-    void ReadText(const FieldRule& rule) {
+    void ReadText(const Field& field) {
         const Word text = reader.Rest();
-        statement.fields.push_back({&rule, text});
+        statement.fields.push_back({&field, text});
         statement.end = reader.Offset();
         if (text.text.size() > kTextLimit) {
             textEnd = static_cast<std::size_t>(text.place.column) - 1 + kTextLimit;
             Place cut = text.place;
             cut.column += static_cast<int>(kTextLimit);
             findings.Error(path, cut,
-                           "the " + std::string(rule.name) + " has "
+                           "the " + std::string(field.name) + " has "
                                + std::to_string(text.text.size())
                                + " characters; what follows the first 511 is not shown");
         }
@@ -176,6 +168,11 @@ private:
                            + " has no glyph: only the codes 1 to 127 can be shown");
     }
 
+    void OutOfRange(Place place, std::string message) {
+        findings.Error(path, place, std::move(message));
+        statement.inRange = false;
+    }
+
     void Fail(Place place, std::string message) {
         findings.Error(path, place, std::move(message));
         statement.wellFormed = false;
@@ -194,7 +191,13 @@ private:
 
 const Word* Statement::Find(std::string_view field) const {
     const auto found =
-        std::ranges::find(fields, field, [](const Field& each) { return each.rule->name; });
+        std::ranges::find(fields, field, [](const FieldWord& each) { return each.field->name; });
+    return found == fields.end() ? nullptr : &found->word;
+}
+
+const Word* Statement::FindValid(std::string_view field) const {
+    const auto found = std::ranges::find_if(
+        fields, [&](const FieldWord& each) { return each.valid && each.field->name == field; });
     return found == fields.end() ? nullptr : &found->word;
 }
 
@@ -209,10 +212,6 @@ float Statement::Number(std::string_view field) const {
 
 int Statement::Whole(std::string_view field) const {
     return ParseWhole(Text(field)).value_or(0);
-}
-
-bool Statement::IsImageButton() const {
-    return kind != nullptr && kind->kind == Kind::Butt && Text("caption") == kImageWord;
 }
 
 LayoutFile ParseLayout(const std::string& path, const std::string& content, Findings& findings) {

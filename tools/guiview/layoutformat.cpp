@@ -36,9 +36,8 @@ struct Cell {
     std::string after;
     bool number = false;
 
-    explicit Cell(const Field& field)
-        : before(field.word.text),
-          number(field.rule->type == FieldType::Number || field.rule->type == FieldType::Whole) {
+    explicit Cell(const FieldWord& field)
+        : before(field.word.text), number(field.field->IsNumber()) {
         if (!number)
             return;
         const std::size_t point = std::min(before.find_first_of(".eE"), before.size());
@@ -71,8 +70,8 @@ Row TakeApart(const Statement& statement, std::string_view line, std::size_t num
             line.substr(statement.end)};
     const std::size_t columns = ColumnCount(statement);
     std::size_t done = 0;
-    for (const Field& field : statement.fields) {
-        if (done == 0 && field.rule->name == "tab") {
+    for (const FieldWord& field : statement.fields) {
+        if (done == 0 && field.field->name == "tab") {
             // The tab of a TADD belongs to the statement: what follows is as with CADD.
             row.cells.back().before += " " + field.word.text;
         } else if (done < columns) {

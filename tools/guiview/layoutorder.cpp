@@ -7,16 +7,28 @@
 #include <map>
 #include <set>
 
-#include "glwidget/layout.h"
-#include "glwidget/tabwindow.h"
-#include "glwidget/textbox.h"
-
 namespace guiview {
 
 namespace {
 
 std::string Quoted(std::string_view text) {
     return "'" + std::string(text) + "'";
+}
+
+/// The kinds that can do something, as in "Win, Frame or TWin".
+std::string WordsOf(bool Kind::*ability) {
+    std::vector<std::string_view> words;
+    for (const Kind* kind : Kinds()) {
+        if (kind->*ability && kind->form.empty())
+            words.push_back(kind->word);
+    }
+    std::string text;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (i > 0)
+            text += i + 1 < words.size() ? ", " : " or ";
+        text += words[i];
+    }
+    return text;
 }
 
 /// Follows one layout from its first statement to its last.
@@ -27,7 +39,7 @@ public:
     Declarations Run() {
         for (std::size_t i = 0; i < layout.statements.size(); ++i) {
             const Statement& statement = layout.statements[i];
-            line = layout.lines[i].substr(0, std::min(statement.end, kMostKept));
+            line = layout.lines[i].substr(0, std::min(statement.end, kMaxKept));
             const bool kept = Follow(statement) && statement.wellFormed;
             result.buildable += (kept ? line : std::string()) + '\n';
         }
@@ -41,7 +53,7 @@ private:
     /// What is known of a tag, also when its statement cannot be built.
     struct Tag {
         int line;
-        const KindRule* kind;  ///< null when its kind is unknown
+        const Kind* kind;  ///< null when its kind is unknown
         bool built;
         int ancestors;
     };
@@ -108,7 +120,7 @@ private:
                             + std::to_string(Layout::kMaxAncestors) + " containers");
             usable = false;
         }
-        usable = usable && statement.wellFormed && CheckValues(statement);
+        usable = usable && statement.wellFormed && statement.inRange;
         if (*tag != kNone)
             tags.try_emplace(tag->text, Tag{tag->place.line, statement.kind, usable, ancestors});
         if (statement.kind != nullptr)
@@ -132,7 +144,7 @@ private:
     }
 
     bool IsOurs(const Word& tag) {
-        if (!tag.text.starts_with(kToolkitPrefix))
+        if (!tag.text.starts_with(Layout::kToolkitPrefix))
             return true;
         Error(tag, "the tag " + Quoted(tag.text) + " belongs to the toolkit");
         return false;
@@ -160,24 +172,23 @@ private:
         const Word& parent = *statement.Find("parent");
         const std::string parentIs =
             "the parent " + Quoted(parent.text) + " is a " + std::string(owner.kind->word);
-        if (!owner.kind->container) {
-            Error(parent, parentIs + ", no Win, Frame or TWin");
+        if (!owner.kind->holdsChildren) {
+            Error(parent, parentIs + ", no " + WordsOf(&Kind::holdsChildren));
             return false;
         }
-        const bool hasTabs = owner.kind->kind == Kind::TWin;
         const Word* const tab = statement.Find("tab");
-        if (tab != nullptr && !hasTabs) {
+        if (tab != nullptr && !owner.kind->hasTabs) {
             Error(parent, parentIs + " and has no tabs");
             return false;
         }
-        if (!hasTabs)
+        if (!owner.kind->hasTabs)
             return true;
         TabWindowTags& window = tabWindows[parent.text];
         if (tab == nullptr) {
             window.loose.push_back(&statement);
             return true;
         }
-        if (!CheckTabNumber(*tab))
+        if (statement.FindValid("tab") == nullptr)
             return false;
         const int number = statement.Whole("tab");
         window.used.try_emplace(number, tab->place);
@@ -185,66 +196,13 @@ private:
         return true;
     }
 
-    bool CheckTabNumber(const Word& tab) {
-        const std::optional<int> number = ParseWhole(tab.text);
-        if (!number)
-            return false;
-        if (*number >= 0 && *number < TabWindow::kMaxTabs)
-            return true;
-        Error(tab, "there is no tab " + tab.text + ": tabs count from 0 to "
-                       + std::to_string(TabWindow::kMaxTabs - 1));
-        return false;
-    }
-
-    bool CheckValues(const Statement& statement) {
-        switch (statement.kind->kind) {
-        case Kind::Slide:
-            return CheckTrack(statement);
-        case Kind::Butt:
-            return !statement.IsImageButton()
-                   || (CheckPositive(*statement.Find("width"))
-                       && CheckPositive(*statement.Find("height")));
-        case Kind::Text:
-            return CheckCount(*statement.Find("columns"), Textbox::kMaxColumns)
-                   && CheckCount(*statement.Find("rows"), Textbox::kMaxRows);
-        default:
-            return true;
-        }
-    }
-
-    bool CheckTrack(const Statement& statement) {
-        const float width = statement.Number("width");
-        const float height = statement.Number("height");
-        if ((width > 0.0f && height == 0.0f) || (width == 0.0f && height > 0.0f))
-            return true;
-        Error(*statement.Find("width"),
-              "a Slide is a width and 0, or 0 and a height, none of them negative");
-        return false;
-    }
-
-    bool CheckPositive(const Word& word) {
-        if (ParseNumber(word.text).value_or(0.0f) > 0.0f)
-            return true;
-        Error(word, "a size of " + word.text + " cannot be seen");
-        return false;
-    }
-
-    bool CheckCount(const Word& word, int most) {
-        const int count = ParseWhole(word.text).value_or(0);
-        if (count >= 1 && count <= most)
-            return true;
-        Error(word, "a Text has 1 to " + std::to_string(most) + " columns and rows");
-        return false;
-    }
-
     /// What depends on where in the file the widget stands.
     void CheckOrder(const Statement& statement, const Word& tag) {
-        const bool showsText = statement.kind->showsText && !statement.IsImageButton();
-        if (showsText && !configured)
+        if (statement.kind->text != TextGround::None && !configured)
             beforeConfiguration.push_back(tag);
         if (!solidified)
             return;
-        Error(tag, statement.kind->container
+        Error(tag, statement.kind->holdsChildren
                        ? Quoted(tag.text) + " comes after SOLID and is never put in its place"
                        : Quoted(tag.text) + " comes after SOLID: nothing makes room for it");
     }
@@ -269,13 +227,13 @@ private:
         const Tag* const owner = FindTag(*tag);
         if (owner == nullptr || owner->kind == nullptr)
             return false;
-        if (owner->kind->kind != Kind::TWin) {
+        if (!owner->kind->hasTabs) {
             Error(*tag, Quoted(tag->text) + " is a " + std::string(owner->kind->word)
                             + " and has no tabs");
             return false;
         }
-        const Word* const tab = statement.Find("tab");
-        if (tab == nullptr || !CheckTabNumber(*tab))
+        const Word* const tab = statement.FindValid("tab");
+        if (tab == nullptr)
             return false;
         const int number = statement.Whole("tab");
         TabWindowTags& window = tabWindows[tag->text];
@@ -303,10 +261,10 @@ private:
         const Tag* const owner = FindTag(*tag);
         if (owner == nullptr || owner->kind == nullptr)
             return false;
-        if (owner->kind->kind != Kind::Combo) {
+        if (!owner->kind->takesItems) {
             findings.Warn(layout.path, tag->place,
                           Quoted(tag->text) + " is a " + std::string(owner->kind->word)
-                              + ": only a Combo shows items");
+                              + ": only a " + WordsOf(&Kind::takesItems) + " shows items");
         }
         return owner->built;
     }
@@ -327,7 +285,7 @@ private:
         const Tag* const widget = FindTag(*tag);
         if (widget == nullptr || widget->kind == nullptr)
             return false;
-        if (!solidified && widget->kind->container) {
+        if (!solidified && widget->kind->holdsChildren) {
             findings.Warn(layout.path, tag->place,
                           Quoted(tag->text) + " has no size before SOLID and is not centred");
         }
@@ -377,7 +335,7 @@ private:
     }
 
     /// Longer lines are reported; what the toolkit makes of their end is not asked.
-    static constexpr std::size_t kMostKept = 9000;
+    static constexpr std::size_t kMaxKept = 9000;
 
     const LayoutFile& layout;
     Findings& findings;

@@ -22,7 +22,7 @@ struct Declared {
     /// Its size or place comes from an error that is reported, and says nothing by itself.
     bool misplaced = false;
 
-    Kind GetKind() const { return statement->kind->kind; }
+    const Kind& GetKind() const { return *statement->kind; }
     Place Where() const { return statement->Find("tag")->place; }
 };
 

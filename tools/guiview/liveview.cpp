@@ -35,7 +35,7 @@ constexpr std::uint32_t kRestMs = 15;
 /// Whether a text box takes the letters that are typed.
 bool IsTyping(const Scene& scene) {
     return std::ranges::any_of(scene.Nodes(), [](const Node* node) {
-        return node->IsKind(Kind::Text) && node->widget->HasFocus();
+        return node->Is(&Kind::takesKeys) && node->widget->HasFocus();
     });
 }
 

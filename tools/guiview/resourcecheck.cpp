@@ -41,10 +41,13 @@ void ResourceCheck::Run(bool withMessageBox) {
             if (name != nullptr && *name != kDefaultTheme)
                 CheckTheme(name->text, name->place, "the theme");
         } else if (statement.rule->word == "NTAB") {
-            CheckTheme("tabwin_button.theme", statement.word.place, "the tabs' theme");
-        } else if (statement.kind != nullptr && statement.kind->kind == Kind::Combo) {
-            CheckTheme("combo_button.theme", statement.Find("kind")->place,
-                       "the drop button's theme");
+            // A window with tabs makes its buttons when it gets a tab.
+            for (const Kind* kind : Kinds()) {
+                if (kind->hasTabs)
+                    CheckButtonTheme(*kind, statement.word.place);
+            }
+        } else if (statement.kind != nullptr && !statement.kind->hasTabs) {
+            CheckButtonTheme(*statement.kind, statement.Find("kind")->place);
         }
     }
     if (withMessageBox)
@@ -63,12 +66,15 @@ void ResourceCheck::CheckDefaultTheme() {
     }
     // The built-in one then, whose picture only matters to those who draw with it.
     const auto draws = [](const Declared& widget) {
-        const Kind kind = widget.GetKind();
-        return kind == Kind::Check || kind == Kind::Opt || kind == Kind::Slide
-               || widget.statement->IsImageButton();
+        return widget.GetKind().draws.Has(ThemeLine::Picture);
     };
     if (std::ranges::any_of(declared.widgets, draws))
         CheckPicture(Theme().textureName, layout.path, {});
+}
+
+void ResourceCheck::CheckButtonTheme(const Kind& kind, Place where) {
+    if (kind.buttonTheme != nullptr)
+        CheckTheme(kind.buttonTheme, where, std::string(kind.buttonThemeOwner) + " theme");
 }
 
 void ResourceCheck::CheckTheme(const std::string& name, Place where, const std::string& needs) {
@@ -84,9 +90,8 @@ void ResourceCheck::CheckTheme(const std::string& name, Place where, const std::
 void ResourceCheck::CheckTheme(const std::string& name, const std::string& content) {
     known.insert(name);
     const std::string path = folder + name;
-    const ValueFile theme(path, content, ThemeRules(), findings);
-    const Word* const picture = theme.Find(kPictureLine);
-    if (picture != nullptr && *picture != kNone)
+    const std::optional<Word> picture = CheckThemeFile(path, content, findings);
+    if (picture && *picture != kNone)
         CheckPicture(picture->text, path, picture->place);
 }
 
@@ -100,9 +105,8 @@ void ResourceCheck::CheckConfiguration(const Word& name) {
         return;
     }
     const std::string path = folder + name.text;
-    const ValueFile configuration(path, *content, ConfigurationRules(), findings);
-    const Word* const font = configuration.Find(kFontLine);
-    if (font == nullptr)
+    const std::optional<Word> font = CheckConfigurationFile(path, *content, findings);
+    if (!font)
         return;
     files.insert(folder + font->text);
     const ErrorStreamCapture said;

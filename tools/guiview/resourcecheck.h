@@ -36,6 +36,8 @@ private:
     /// Whether a file is looked at for the first time.
     bool IsNew(const std::string& name);
     void CheckDefaultTheme();
+    /// The theme of the buttons that a widget of this kind makes for itself, if it makes any.
+    void CheckButtonTheme(const Kind& kind, Place where);
     /// @param needs  what is said when the file cannot be read, before its name
     void CheckTheme(const std::string& name, Place where, const std::string& needs);
     void CheckTheme(const std::string& name, const std::string& content);

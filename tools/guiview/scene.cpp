@@ -12,6 +12,7 @@
 #include "glwidget/frame.h"
 #include "glwidget/glwindow.h"
 #include "glwidget/label.h"
+#include "glwidget/slider.h"
 #include "glwidget/tabwindow.h"
 
 namespace guiview {
@@ -39,7 +40,7 @@ bool IsHorizontal(const Node& slider) {
 /// the left.
 Box DrawnBox(const Node& node) {
     const Box& box = node.box;
-    if (!node.IsKind(Kind::Slide))
+    if (node.As<Slider>() == nullptr)
         return box;
     const float knob = node.widget->GetTheme().boxSize;
     const float half = knob / 2.0f;
@@ -71,9 +72,9 @@ Box LinesBox(const Node& node) {
 /// A slider answers half a knob around the box of its track.
 Box ClickBox(const Node& node) {
     const Box& box = node.box;
-    if (!node.IsClickable())
+    if (!node.Is(&Kind::takesClicks))
         return {};
-    if (!node.IsKind(Kind::Slide))
+    if (node.As<Slider>() == nullptr)
         return box;
     const float half = node.widget->GetTheme().boxSize / 2.0f;
     if (IsHorizontal(node))
@@ -88,8 +89,9 @@ std::string_view Node::Tag() const {
 }
 
 std::string_view Node::KindWord() const {
-    // the toolkit makes no other widgets than buttons itself
-    return declared != nullptr ? declared->statement->kind->word : "Butt";
+    const Kind* const kind =
+        declared != nullptr ? &declared->GetKind() : KindOfType(widget->GetType());
+    return kind != nullptr ? kind->word : kNone;
 }
 
 Scene::Scene(const Declarations& declarations, std::set<std::string> withFinalText)
@@ -108,8 +110,8 @@ void Scene::Add(GLWidget* widget, const Node* parent, std::optional<int> tab,
     node.parent = parent;
     node.tab = tab;
     node.box = BoxOf(widget->Getbbox(), origin);
-    const bool hasFinalText = entry != nullptr && entry->GetKind() == Kind::Label
-                              && labelsWithFinalText.contains(entry->tag);
+    const bool hasFinalText =
+        node.As<Label>() != nullptr && labelsWithFinalText.contains(entry->tag);
     node.drawn = hasFinalText ? LinesBox(node) : DrawnBox(node);
     node.clicks = ClickBox(node);
     node.shown = parent == nullptr || parent->shown;
@@ -183,9 +185,11 @@ std::string DescribeBox(const Box& box) {
 }
 
 std::string DescribeTree(const Scene& scene) {
+    std::size_t kindWidth = 5;
     std::size_t tagWidth = 0;
     std::size_t parentWidth = 0;
     for (const Node* node : scene.Nodes()) {
+        kindWidth = std::max(kindWidth, node->KindWord().size());
         tagWidth = std::max(tagWidth, node->Tag().size());
         parentWidth = std::max(parentWidth,
                                node->parent == nullptr ? kNone.size() : node->parent->Tag().size());
@@ -196,7 +200,7 @@ std::string DescribeTree(const Scene& scene) {
         const std::string kind(node->KindWord());
         const std::string parent(node->parent == nullptr ? kNone : node->parent->Tag());
         text += tag + std::string(tagWidth - tag.size() + 1, ' ');
-        text += kind + std::string(5 - kind.size() + 1, ' ');
+        text += kind + std::string(kindWidth - kind.size() + 1, ' ');
         text += parent + std::string(parentWidth - parent.size(), ' ');
         text += DescribeBox(node->box);
         if (node->tab)

@@ -30,11 +30,13 @@ struct Node {
     std::string_view Tag() const;
     /// As a layout names it.
     std::string_view KindWord() const;
-    bool IsKind(Kind kind) const { return declared != nullptr && declared->GetKind() == kind; }
-    bool IsImageButton() const {
-        return declared != nullptr && declared->statement->IsImageButton();
+    /// What the table says of the layout's widgets; false of those that the toolkit makes.
+    bool Is(bool Kind::*fact) const { return declared != nullptr && declared->GetKind().*fact; }
+    /// A widget of the layout as one of its class, or null.
+    template <typename Widget>
+    Widget* As() const {
+        return declared != nullptr ? dynamic_cast<Widget*>(widget) : nullptr;
     }
-    bool IsClickable() const { return declared != nullptr && declared->statement->kind->clickable; }
 };
 
 /// The widgets that the toolkit holds at this moment, in the order in which it goes over them:

@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+#include "glwidget/checkbox.h"
+#include "glwidget/combobox.h"
 #include "glwidget/drawing.h"
 #include "glwidget/label.h"
 
@@ -63,7 +65,7 @@ void ScreenCheck::Run() {
             continue;
         CheckPlace(*nodes[i]);
         CheckText(*nodes[i]);
-        if (nodes[i]->IsKind(Kind::Combo))
+        if (nodes[i]->As<Combobox>() != nullptr)
             CheckList(*nodes[i]);
         CheckCentre(*nodes[i]);
         for (std::size_t j = 0; j < i; ++j)
@@ -88,7 +90,7 @@ void ScreenCheck::CheckPlace(const Node& node) {
 }
 
 bool ScreenCheck::IsBackgroundOf(const Node& earlier, const Node& later) {
-    return earlier.IsImageButton() && earlier.parent == later.parent
+    return earlier.Is(&Kind::isBackground) && earlier.parent == later.parent
            && Scene::SeenTogether(earlier, later) && Encloses(earlier.drawn, later.drawn);
 }
 
@@ -113,31 +115,21 @@ void ScreenCheck::CheckSiblings(const Node& earlier, const Node& later) {
 void ScreenCheck::CheckText(const Node& node) {
     const Theme& theme = node.widget->GetTheme();
     const std::string& text = node.widget->GetText();
-    switch (node.declared->GetKind()) {
-    case Kind::Win:
-        CheckTitle(node);
-        break;
-    case Kind::Label:
+    if (node.As<Label>() != nullptr) {
         CheckLabel(node);
-        break;
-    case Kind::Butt:
-        CheckWidth(node, text, node.box.Width() - theme.fontSize.x / 2.0f);
-        break;
-    case Kind::Check:
-    case Kind::Opt:
+    } else if (node.As<Checkbox>() != nullptr) {
         if (!text.empty())
             CheckWidth(node, " " + text, node.box.Width() - theme.boxSize);
-        break;
-    case Kind::Combo: {
+    } else if (node.As<Combobox>() != nullptr) {
         const float button = node.widget->GetChildren().front()->Getbbox().z;
         for (const std::string& item : node.widget->GetTexts()) {
             CheckWidth(node, item,
                        node.box.Width() - button - 3.0f * theme.border - theme.fontSize.x);
         }
-        break;
-    }
-    default:
-        break;
+    } else if (node.declared->GetKind().text == TextGround::Title) {
+        CheckTitle(node);
+    } else if (node.declared->GetKind().text == TextGround::Fill && !node.Is(&Kind::takesKeys)) {
+        CheckWidth(node, text, node.box.Width() - theme.fontSize.x / 2.0f);
     }
 }
 
@@ -206,7 +198,7 @@ void ScreenCheck::CheckCentre(const Node& node) {
 }
 
 bool ScreenCheck::IsPressable(const Node& node) const {
-    return node.IsClickable() && !IsBackground(node) && isAnswered(node);
+    return node.Is(&Kind::takesClicks) && !IsBackground(node) && isAnswered(node);
 }
 
 bool ScreenCheck::IsBackground(const Node& node) const {

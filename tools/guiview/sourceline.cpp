@@ -80,6 +80,29 @@ std::optional<int> ParseWhole(std::string_view word) {
     return number;
 }
 
+std::string Malformed(const Field& field, const Word& word, const std::string& name) {
+    const std::string is = "'" + word.text + "' is ";
+    switch (field.type) {
+    case FieldType::Number:
+        return ParseNumber(word.text) ? "" : is + "no number for " + name;
+    case FieldType::Whole:
+        return ParseWhole(word.text) ? "" : is + "no whole number for " + name;
+    case FieldType::Flag:
+        return word == "0" || word == "1" ? "" : is + "neither 0 nor 1 for " + name;
+    case FieldType::Name:
+    case FieldType::Caption:
+    case FieldType::Text:
+        break;
+    }
+    return {};
+}
+
+std::string OutsideRange(const Field& field, const Word& word, const std::string& name) {
+    if (!field.IsNumber() || field.Allows(*ParseNumber(word.text)))
+        return {};
+    return "'" + word.text + "' is out of range for " + name + ": " + field.Range();
+}
+
 std::optional<std::string> ReadTextFile(const std::string& path) {
     std::string content;
     if (ReadWholeFile(path, kMaxBytes, content) != FileProblem::None)

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "glwidget/field.h"
 #include "tools/guiview/finding.h"
 
 namespace guiview {
@@ -51,6 +52,12 @@ bool IsBlankOrComment(std::string_view line);
 /// A number as the toolkit's words hold it, the whole word and nothing else.
 std::optional<float> ParseNumber(std::string_view word);
 std::optional<int> ParseWhole(std::string_view word);
+
+// What is wrong with a word where the field stands; empty when nothing is.
+/// @param name  as which the field is reported
+std::string Malformed(const Field& field, const Word& word, const std::string& name);
+/// The same of a word that is not malformed.
+std::string OutsideRange(const Field& field, const Word& word, const std::string& name);
 
 /// A text file's content. A file of 16 MiB or more is no text of ours.
 /// @return nothing when it is no readable file

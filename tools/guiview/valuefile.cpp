@@ -5,6 +5,10 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
+#include <vector>
+
+#include "glwidget/theme.h"
 
 namespace guiview {
 
@@ -12,85 +16,76 @@ namespace {
 
 using enum FieldType;
 
-constexpr ValueRule kTheme[] = {
-    {"text colour", Number, 3},  {"line colour", Number, 3},
-    {"fill colour", Number, 3},  {"fourth colour", Number, 3},
-    {"opacity", Number, 1},      {"sixth value", Number, 1},
-    {"line width", Number, 1},   {"border", Number, 1},
-    {"corner", Number, 1},       {"tenth value", Number, 1},
-    {"font size", Number, 2},    {"dim and bright", Number, 2},
-    {"press offset", Number, 3}, {"box size", Number, 1},
-    {kPictureLine, Name, 1},     {"fade", Flag, 1},
-};
-static_assert(std::size(kTheme) == 16);
-
-constexpr ValueRule kConfiguration[] = {
-    {kFontLine, Name, 1},       {"unused word", Name, 1}, {"option ring", Number, 4},
-    {"option dot", Number, 4},  {"tick box", Number, 4},  {"tick", Number, 4},
-    {"slider knob", Number, 4}, {"fade rate", Number, 1},
+constexpr ValueLine kConfiguration[] = {
+    {{FieldType::Name, "font"}, 1}, {{FieldType::Name, "unused word"}, 1},
+    {{Number, "option ring"}, 4},   {{Number, "option dot"}, 4},
+    {{Number, "tick box"}, 4},      {{Number, "tick"}, 4},
+    {{Number, "slider knob"}, 4},   {{Number, "fade rate"}, 1},
 };
 static_assert(std::size(kConfiguration) == 8);
 
-}  // namespace
-
-std::span<const ValueRule> ThemeRules() {
-    return kTheme;
+/// Reads a line's values until one of them is wrong, which is reported.
+/// @return the first of them
+std::optional<Word> CheckLine(const ValueLine& values, LineReader reader, const std::string& path,
+                              Findings& findings) {
+    const std::string name = "the " + std::string(values.field.name);
+    std::optional<Word> first;
+    for (int i = 0; i < values.count; ++i) {
+        const std::optional<Word> word = reader.Next();
+        if (!word) {
+            findings.Error(path, reader.Here(),
+                           name + " takes " + std::to_string(values.count) + " numbers, not "
+                               + std::to_string(i));
+            break;
+        }
+        const std::string malformed = Malformed(values.field, *word, name);
+        if (!malformed.empty()) {
+            findings.Error(path, word->place, malformed);
+            break;
+        }
+        if (!first)
+            first = word;
+    }
+    return first;
 }
 
-std::span<const ValueRule> ConfigurationRules() {
-    return kConfiguration;
-}
-
-ValueFile::ValueFile(const std::string& path, const std::string& content,
-                     std::span<const ValueRule> rules, Findings& findings)
-    : file(path), list(findings) {
+/// @return the first word of each line, as far as there are any
+std::vector<std::optional<Word>> CheckLines(const std::string& path, const std::string& content,
+                                            std::span<const ValueLine> expected,
+                                            Findings& findings) {
+    std::vector<std::optional<Word>> words;
     const std::vector<std::string> lines = SplitLines(content);
     std::size_t next = 0;
-    for (const ValueRule& rule : rules) {
+    for (const ValueLine& values : expected) {
         while (next < lines.size() && IsBlankOrComment(lines[next]))
             ++next;
         if (next == lines.size()) {
             const int last = std::max(static_cast<int>(lines.size()), 1);
-            list.Error(file, {last, 1}, "the file ends before its " + std::string(rule.name));
-            return;
+            findings.Error(path, {last, 1},
+                           "the file ends before its " + std::string(values.field.name));
+            break;
         }
-        ReadLine(rule, lines[next], static_cast<int>(next) + 1);
+        const LineReader reader(lines[next], static_cast<int>(next) + 1);
+        words.push_back(CheckLine(values, reader, path, findings));
         ++next;
     }
+    words.resize(expected.size());
+    return words;
 }
 
-void ValueFile::ReadLine(const ValueRule& rule, std::string_view line, int number) {
-    LineReader reader(line, number);
-    for (int i = 0; i < rule.count; ++i) {
-        const std::optional<Word> word = reader.Next();
-        if (!word) {
-            list.Error(file, reader.Here(),
-                       "the " + std::string(rule.name) + " takes " + std::to_string(rule.count)
-                           + " numbers, not " + std::to_string(i));
-            return;
-        }
-        if (!CheckWord(rule, *word))
-            return;
-        if (i == 0)
-            first.emplace_back(rule.name, *word);
-    }
+}  // namespace
+
+std::optional<Word> CheckThemeFile(const std::string& path, const std::string& content,
+                                   Findings& findings) {
+    std::vector<ValueLine> lines;
+    for (const Theme::Line& line : Theme::Lines())
+        lines.push_back(line.values);
+    return CheckLines(path, content, lines, findings)[static_cast<int>(ThemeLine::Picture)];
 }
 
-bool ValueFile::CheckWord(const ValueRule& rule, const Word& word) {
-    const bool fits = (rule.type == Number && ParseNumber(word.text))
-                      || (rule.type == Flag && (word == "0" || word == "1")) || rule.type == Name;
-    if (!fits) {
-        list.Error(file, word.place,
-                   "'" + word.text + "' is " + (rule.type == Flag ? "neither 0 nor 1" : "no number")
-                       + " for the " + std::string(rule.name));
-    }
-    return fits;
-}
-
-const Word* ValueFile::Find(std::string_view name) const {
-    const auto found =
-        std::ranges::find(first, name, [](const auto& entry) { return entry.first; });
-    return found == first.end() ? nullptr : &found->second;
+std::optional<Word> CheckConfigurationFile(const std::string& path, const std::string& content,
+                                           Findings& findings) {
+    return CheckLines(path, content, kConfiguration, findings).front();
 }
 
 }  // namespace guiview

@@ -122,8 +122,8 @@ TEST_F(LayoutOrderTest, SecondTitleOfATabIsAnError) {
 
 TEST_F(LayoutOrderTest, TabNumbersOutOfRangeAreErrors) {
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w -1 A\nTADD 64 Label a w 0 0 A\n"),
-              "test.gui:3:8: error: there is no tab -1: tabs count from 0 to 63\n"
-              "test.gui:4:6: error: there is no tab 64: tabs count from 0 to 63\n");
+              "test.gui:3:8: error: '-1' is out of range for tab: 0 to 63\n"
+              "test.gui:4:6: error: '64' is out of range for tab: 0 to 63\n");
 }
 
 TEST_F(LayoutOrderTest, TabTitleAfterSolidIsAnError) {
@@ -196,19 +196,20 @@ TEST_F(LayoutOrderTest, SliderWithoutExactlyOneLengthIsAnError) {
     EXPECT_EQ(Found("CADD Slide a NULL 1 0 0 0.3\n"), "");
     EXPECT_EQ(Found("CADD Slide a NULL 0 1 0.3 0.3\n"), finding);
     EXPECT_EQ(Found("CADD Slide a NULL 0 1 0 0\n"), finding);
-    EXPECT_EQ(Found("CADD Slide a NULL 0 1 -0.3 0\n"), finding);
+    EXPECT_EQ(Found("CADD Slide a NULL 0 1 -0.3 0\n"),
+              "test.gui:1:23: error: '-0.3' is out of range for width: 0 or more\n");
 }
 
 TEST_F(LayoutOrderTest, ImageButtonWithoutSizeIsAnError) {
     EXPECT_EQ(Found("CADD Butt a NULL 0 1 TEX 0 0.1\nCADD Butt b NULL 0 1 TEX 0.1 -0.1\n"),
-              "test.gui:1:26: error: a size of 0 cannot be seen\n"
-              "test.gui:2:30: error: a size of -0.1 cannot be seen\n");
+              "test.gui:1:26: error: '0' is out of range for width: above 0\n"
+              "test.gui:2:30: error: '-0.1' is out of range for height: above 0\n");
 }
 
 TEST_F(LayoutOrderTest, TextBoxWithoutOrWithTooManyColumnsOrRowsIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Text a NULL 0 1 0 1\nCADD Text b NULL 0 1 1 1001\n"),
-              "test.gui:2:22: error: a Text has 1 to 1000 columns and rows\n"
-              "test.gui:3:24: error: a Text has 1 to 1000 columns and rows\n");
+              "test.gui:2:22: error: '0' is out of range for columns: 1 to 1000\n"
+              "test.gui:3:24: error: '1001' is out of range for rows: 1 to 1000\n");
 }
 
 TEST_F(LayoutOrderTest, ItemForAWidgetThatIsNotAListIsAWarning) {
