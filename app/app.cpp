@@ -15,6 +15,7 @@
 #include "country/start.h"
 #include "glwidget/glwidget.h"
 #include "quarn2/glrender.h"
+#include "quarn2/kernel.h"
 #include "quarn2/sdlinput.h"
 #include "quarn2/trace.h"
 

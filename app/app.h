@@ -10,7 +10,7 @@
 #include "app/display.h"
 #include "country/world.h"
 #include "quarn2/event.h"
-#include "quarn2/kernel.h"
+#include "quarn2/eventcatcher.h"
 #include "quarn2/memory.h"
 
 /// The game: receives every kernel event, owns the world and advances it frame by frame.
@@ -53,7 +53,6 @@ private:
     KeyboardEvent keys;
     int frames = 0;
     int elapsedMs = 0;
-    Pointer<Kernel> kernel;
 
     bool firstFrame = true;
     Country* partner = nullptr;  // not owned
