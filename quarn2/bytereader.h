@@ -17,7 +17,7 @@ public:
     /// Bytes not read yet.
     std::size_t Left() const { return rest.size(); }
 
-    /// Passes over `count` bytes.
+    /// Skips `count` bytes.
     [[nodiscard]] bool Skip(std::size_t count) {
         if (rest.size() < count)
             return false;
@@ -53,7 +53,7 @@ public:
         return true;
     }
 
-    /// The next `count` bytes, where they lie.
+    /// The next `count` bytes, not copied.
     [[nodiscard]] bool Bytes(std::size_t count, std::span<const std::uint8_t>& bytes) {
         if (rest.size() < count)
             return false;

@@ -38,9 +38,9 @@ struct KeyboardEvent {
     std::uint32_t mods = 0;  ///< modifier mask as the input library reports it
 };
 
-/// The one record that every event kind travels in, by value: flat but for the caption.
+/// An event of any kind, sent by value.
 struct Event {
-    /// @param kind  an EventType; 0 is none and is not to be sent
+    /// @param kind  an EventType; 0 means none and must not be sent
     explicit Event(std::uint32_t kind = 0) : type(kind) {}
 
     std::uint32_t type;  ///< an EventType

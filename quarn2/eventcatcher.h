@@ -8,10 +8,10 @@
 
 class Kernel;
 
-/// Whatever receives events. It becomes a child of a kernel by Kernel::AddChild.
+/// Base of everything that receives events. Kernel::AddChild makes it a child of a kernel.
 class EventCatcher : public MMObject {
 public:
-    /// @param newKernel  kept for the catcher's own use; may be null. It does not join the kernel.
+    /// @param newKernel  kept for the catcher's own use; may be null. The catcher does not join it.
     explicit EventCatcher(const Pointer<Kernel>& newKernel);
     ~EventCatcher() override;
 
@@ -21,5 +21,5 @@ public:
     virtual bool GotEvent(Event ev) = 0;
 
 protected:
-    Pointer<Kernel> kernel;  ///< the one of the constructor; may be null
+    Pointer<Kernel> kernel;  ///< as given to the constructor; may be null
 };

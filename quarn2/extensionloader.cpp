@@ -12,7 +12,7 @@
 bool InitExtensionLoader() {
     TraceFrame frame("InitExtensionLoader", "");
     const GLenum result = glewInit();
-    // A context without GLX has its functions loaded all the same.
+    // GLEW has loaded the functions of a context without GLX when it returns this error.
     if (result == GLEW_OK || result == GLEW_ERROR_NO_GLX_DISPLAY)
         return true;
     std::cerr << "error initialising GLee\n";

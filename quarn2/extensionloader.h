@@ -3,7 +3,7 @@
 
 #pragma once
 
-/// Loads the current OpenGL context's extensions. The program draws without them, yet does not
-/// start when they cannot be loaded.
+/// Loads the current OpenGL context's extensions. The program uses none of them, but does not
+/// start if they cannot be loaded.
 /// @return false after one line on standard error
 [[nodiscard]] bool InitExtensionLoader();

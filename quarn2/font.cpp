@@ -37,7 +37,7 @@ constexpr FT_UInt kDotsPerInch = 96;
 constexpr float kPixelsPerUnit = 64.0f;
 constexpr std::int32_t kGlyphFlags = 38;  // clamped both ways, mipmapped
 constexpr std::size_t kPrintBytes = 8192;
-constexpr std::size_t kStackBytes = 8192;  // above these, Length takes memory from the heap
+constexpr std::size_t kStackBytes = 8192;  // for more, Length allocates
 
 struct FreeTypeDeleter {
     void operator()(FT_Library library) const { FT_Done_FreeType(library); }
@@ -117,8 +117,8 @@ bool MakeImage(const FT_Bitmap& bitmap, TextureData& image) {
     if (wide * high > static_cast<std::size_t>(TextureData::kMaxPixels))
         return false;
     std::vector<std::uint8_t> pixels(wide * high * 4);
-    // kept: a row is as long as the glyph is wide, whatever the pitch; only a bitmap with less
-    // than a byte per pixel ends before its last row does.
+    // kept: a row is as long as the glyph is wide, whatever the pitch. A bitmap with less than a
+    // byte per pixel therefore ends before the last row.
     const std::span<const std::uint8_t> coverage(
         bitmap.buffer, std::size_t{bitmap.rows} * static_cast<std::size_t>(std::abs(bitmap.pitch)));
     for (std::size_t row = 0; row < bitmap.rows; ++row) {
@@ -155,7 +155,7 @@ void DrawGlyph(const FT_GlyphSlotRec& glyph, const TextureData& image) {
     glPopMatrix();
 }
 
-/// Formats into `buffer`, which cuts what is longer.
+/// Formats into `buffer`. A longer text is cut.
 std::string_view Format(std::span<char> buffer, const char* format, std::va_list arguments) {
     if (std::vsnprintf(buffer.data(), buffer.size(), format, arguments) < 0)
         buffer.front() = '\0';
@@ -169,7 +169,7 @@ public:
 
     bool Any() const { return any; }
 
-    /// Takes the next line; call while there are Any.
+    /// Takes the next line. Call it only if there are Any.
     std::string_view Take() {
         const std::size_t end = rest.find('\n');
         any = end != std::string_view::npos;
@@ -250,8 +250,8 @@ float FontRender::LongestLine(std::string_view text, char* scratch) const {
     while (lines.Any()) {
         std::string_view line = lines.Take();
         if (lines.Any()) {
-            // kept: a line but the last goes over the earlier ones without an end of its own,
-            // so what a longer one left behind is measured with it.
+            // kept: every line except the last is copied over the earlier ones without a zero
+            // byte at its end, so the rest of a longer line is measured with it
             line.copy(scratch, line.size());
             line = scratch;
         }

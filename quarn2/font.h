@@ -14,21 +14,21 @@ public:
     /// Loads the font file and builds the glyph lists. A failure is one line on standard error.
     [[nodiscard]] bool Init(const std::string& path);
 
-    /// Takes the advances alone from the font file, without OpenGL: for programs that measure
-    /// text and do not draw it. Fails as Init does.
+    /// Reads only the advances from the font file and needs no OpenGL: for programs that measure
+    /// text but do not draw it. Fails as Init does.
     [[nodiscard]] bool Measure(const std::string& path);
 
     /// Scales what Print draws and Length measures; 1 and 1 at first.
     /// @return true
     bool SetSize(float x, float y);
 
-    /// Width of the widest line of the printf-style text, of which twice the format's length
-    /// and 511 characters count. Characters of code 128 and above have no width.
+    /// Width of the widest line of the printf-style text, which is cut after twice the format's
+    /// length plus 511 characters. Characters of code 128 and above have no width.
     float Length(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
     /// Draws the printf-style text, at most 8191 characters, at the current model-view position
-    /// in the current colour. Lines go downwards by kLineStep times the vertical size, in the
-    /// coordinates into which the model-view matrix leads.
+    /// in the current colour. Lines go downwards by kLineStep times the vertical size; the
+    /// model-view matrix neither scales nor turns this step.
     /// @return true
     bool Print(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
@@ -43,10 +43,10 @@ public:
     static constexpr int kGlyphCount = 128;
 
 private:
-    friend class FontAccess;  // tests answer for the glyphs where there is no OpenGL
+    friend class FontAccess;  // tests set the advances where there is no OpenGL
 
     float LineLength(std::string_view line) const;
-    /// @param scratch  room for `text` and its end, zeroed
+    /// @param scratch  zeroed, one byte longer than `text`
     float LongestLine(std::string_view text, char* scratch) const;
 
     float sizeX = 1.0f;

@@ -28,8 +28,8 @@ bool FailWith(const char* what) {
     return false;
 }
 
-/// Switches off what nobody reads: put back by every pass, such events would in the end fill the
-/// queue and keep the input out. Opening a window switches them on again.
+/// Switches off the events that nobody reads. Every pass would put them back, until they fill
+/// the queue and leave no room for input. Opening a window switches them on again.
 void IgnoreUnreadEvents() {
     constexpr Uint8 kUnread[] = {SDL_ACTIVEEVENT,  SDL_JOYAXISMOTION, SDL_JOYBALLMOTION,
                                  SDL_JOYHATMOTION, SDL_JOYBUTTONDOWN, SDL_JOYBUTTONUP,
@@ -41,7 +41,7 @@ void IgnoreUnreadEvents() {
 void SetUpOpenGL(std::int32_t width, std::int32_t height) {
     glViewport(0, 0, width, height);
     glMatrixMode(GL_PROJECTION);
-    // A fresh context starts with the identity.
+    // A new context starts with the identity.
     gluPerspective(kFieldOfView, static_cast<double>(width) / height, kNearPlane, kFarPlane);
     glMatrixMode(GL_MODELVIEW);
     // Pure blue shows where nothing was drawn.
@@ -50,10 +50,10 @@ void SetUpOpenGL(std::int32_t width, std::int32_t height) {
 
 }  // namespace
 
-GLRender::GLRender(const Pointer<Kernel>& k) : EventCatcher(nullptr) {
+GLRender::GLRender(const Pointer<Kernel>& newKernel) : EventCatcher(nullptr) {
     TraceFrame frame("GLRender", "GLRender");
-    Assert("glrender", 158, "k", !!k);
-    k->AddChild(this, kChannels, kPriority);
+    Assert("glrender", 158, "k", !!newKernel);
+    newKernel->AddChild(this, kChannels, kPriority);
 }
 
 bool GLRender::GotEvent(Event ev) {
@@ -102,7 +102,7 @@ bool GLRender::Update() {
     QueuePass pass;
     for (SDL_Event event; pass.Next(event);) {
         if (event.type == SDL_QUIT)
-            return false;  // kept: what was taken before it is lost with it
+            return false;  // kept: the events taken before it are lost
         pass.Keep(event);
     }
     pass.PutBack();

@@ -15,8 +15,8 @@
 /// close the window. It draws nothing.
 class GLRender : public EventCatcher {
 public:
-    /// Subscribes itself.
-    explicit GLRender(const Pointer<Kernel>& k);
+    /// Joins the kernel.
+    explicit GLRender(const Pointer<Kernel>& newKernel);
 
     bool GotEvent(Event ev) override;
 

@@ -19,8 +19,8 @@ namespace {
 constexpr std::uint32_t kLongestCode = 15;
 constexpr int kFailed = -1;
 
-/// §3.2.7: what the symbols from 16 on of the code length code stand for, the first a
-/// repetition of the length before it, the others of zeros.
+/// §3.2.7: symbols 16 to 18 of the code length code. The first repeats the length before it, the
+/// others repeat zero.
 struct Repeat {
     std::size_t base;
     std::uint32_t extraBits;
@@ -35,8 +35,8 @@ struct HuffmanTable {
     std::array<std::int32_t, kLiteralSymbols> symbols{};
 };
 
-/// Over-subscribed and incomplete codes are taken as they come: what such a code cannot decode
-/// fails when it occurs.
+/// Over-subscribed and incomplete codes are not refused: decoding fails when bits come that are
+/// no code.
 constexpr HuffmanTable BuildHuffmanTable(std::span<const std::uint8_t> lengths) {
     HuffmanTable table;
     for (const std::uint8_t length : lengths)
@@ -87,15 +87,15 @@ public:
         return static_cast<int>(value);
     }
 
-    /// Takes one bit after the other, most significant of the code first, until the bits so
-    /// far are one of the codes of their length.
+    /// Takes one bit after the other, the most significant bit of the code first, until they are
+    /// a code of that length.
     /// @return the symbol, or kFailed when no code matches or the input ends within it
     int DecodeSymbol(const HuffmanTable& table) {
         if (available < kLongestCode)
             Refill();
         std::uint64_t rest = bits;
         const std::int32_t* symbols = table.symbols.data();
-        std::uint32_t code = 0;  // less the first code of this length
+        std::uint32_t code = 0;  // minus the first code of this length
         for (std::uint32_t length = 1; length <= kLongestCode; ++length) {
             code = code << 1 | static_cast<std::uint32_t>(rest & 1);
             rest >>= 1;
@@ -121,7 +121,7 @@ public:
         return {next, end};
     }
 
-    /// Passes over bytes that AlignToByte returned.
+    /// Skips bytes that AlignToByte returned.
     void SkipBytes(std::size_t count) { next += count; }
 
 private:
@@ -133,8 +133,8 @@ private:
     void Refill() {
         if constexpr (std::endian::native == std::endian::little) {
             if (static_cast<std::size_t>(end - next) >= sizeof(std::uint64_t)) {
-                // Bits of a byte that fits in part are set as well: setting them once more,
-                // when their byte's turn comes, changes nothing.
+                // The last byte may fit only in part. Its bits are set all the same: the next
+                // refill sets them again to the same values.
                 std::uint64_t word = 0;
                 std::memcpy(&word, next, sizeof(word));
                 bits |= word << available;
@@ -158,7 +158,7 @@ private:
 /// Writes `length` bytes that repeat those `distance` before `to`.
 void CopyMatch(std::uint8_t* to, std::uint32_t distance, std::uint32_t length) {
     const std::uint8_t* from = to - distance;
-    // What has been repeated once can be copied as a whole: the run doubles.
+    // Each copy doubles the number of bytes that can be copied at once.
     while (length > distance) {
         std::memcpy(to, from, distance);
         to += distance;
@@ -257,8 +257,8 @@ private:
                && DecodeCodes(BuildHuffmanTable(lengths), BuildHuffmanTable(distanceLengths));
     }
 
-    /// Fills one set of code lengths. kept: what a repeat has left over at the end of the set
-    /// is not carried into the next one.
+    /// Fills one set of code lengths. kept: a repeat that goes past the end of the set does not
+    /// continue in the next set.
     bool ReadCodeLengths(const HuffmanTable& table, std::span<std::uint8_t> lengths) {
         std::size_t index = 0;
         while (index < lengths.size()) {
@@ -284,7 +284,8 @@ private:
 
     /// Decodes symbols up to and including the end of the block.
     bool DecodeCodes(const HuffmanTable& codes, const HuffmanTable& distances) {
-        // Bytes written to the output could alias members, copies can stay in registers.
+        // Copies, which can stay in registers: a byte written to the output may be part of a
+        // member, as far as the compiler knows.
         BitReader bits = in;
         std::uint32_t count = produced;
         bool complete = false;
@@ -324,7 +325,7 @@ private:
     }
 
     static bool ReadDistance(BitReader& bits, const HuffmanTable& table, std::uint32_t& distance) {
-        // A failed decode is no code either.
+        // kFailed becomes a number above every code.
         const auto code = static_cast<std::size_t>(bits.DecodeSymbol(table));
         return code < kBaseDistances.size()
                && ReadValue(bits, kBaseDistances[code], kDistanceExtraBits[code], distance);

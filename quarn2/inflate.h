@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-// Raw DEFLATE data (RFC 1951) without the zlib wrapper. Both functions follow the standard but
-// for one point: the code lengths of a dynamic block are read in two runs, so a stream whose
+// Raw DEFLATE data (RFC 1951) without the zlib wrapper. Both functions follow the standard
+// except for one point: the code lengths of a dynamic block are read in two runs, so a stream whose
 // repeats cross from the literal/length set into the distance set is refused or decoded wrongly.
 
 /// Decodes one whole stream. A failure writes its line on standard error; what was decoded

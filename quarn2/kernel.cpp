@@ -31,7 +31,7 @@ constexpr Route kRoutes[] = {
     {MouseEvent, {6, kNoChannel}},
     {KeyEvent, {8, kNoChannel}},
     {QuitEvent, {1, kNoChannel}},
-    {ReleaseResourcesEvent, {2, 0}},  // users of graphics let go before the resources do
+    {ReleaseResourcesEvent, {2, 0}},  // graphics are released before other resources
 };
 static_assert(std::size(kRoutes) == ReleaseResourcesEvent - LoadResourcesEvent + 1);
 static_assert([] {
@@ -92,8 +92,8 @@ bool Kernel::AddChild(const Pointer<EventCatcher>& catcher, std::uint32_t mask,
 bool Kernel::RemoveChild(const Pointer<EventCatcher>& catcher) {
     TraceFrame frame("RemoveChild", "Kernel");
     for (std::size_t cursor = 0; cursor < children.size();) {
-        // kept: the cursor is already past the record, so the one that moves up into its place
-        // is not looked at
+        // kept: the cursor is already after the record, so the next one, which moves into its
+        // place, is skipped
         const auto record = children.begin() + static_cast<std::ptrdiff_t>(cursor++);
         if (record->catcher == catcher)
             children.erase(record);
@@ -130,7 +130,8 @@ bool Kernel::PropogateEvent(const Pointer<EventCatcher>& who, const Event& ev, b
     const Route& route = RouteOf(ev.type);
     Assert("kernel", 181, "\"No matching event found, but no error returned\" && 0",
            route.channels[0] != kNoChannel);
-    // Nobody is left out then, not even a child without a catcher, which cannot be delivered to.
+    // Without a sender nobody is left out, not even a child without a catcher: it fails an
+    // assertion.
     const bool everybody = broadcast && !who;
     for (const int channel : route.channels) {
         if (channel == kNoChannel)

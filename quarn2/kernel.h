@@ -36,21 +36,22 @@ public:
 
     /// A catcher may join more than once, and then receives its events as often.
     bool AddChild(const Pointer<EventCatcher>& catcher, std::uint32_t mask, std::uint32_t priority);
-    /// Removes a catcher's subscriptions, but never two that follow each other directly.
+    /// Removes the subscriptions of a catcher, except one that follows directly after a removed
+    /// one.
     bool RemoveChild(const Pointer<EventCatcher>& catcher);
     /// Gives all subscriptions of a catcher another mask and priority. @return true
     bool ChangeProps(const Pointer<EventCatcher>& catcher, std::uint32_t mask,
                      std::uint32_t priority);
 
-    /// Delivers a copy of the event to every child of its channels but the sender; a null sender
-    /// leaves nobody out. An unknown event type fails an assertion.
+    /// Delivers a copy of the event to every child of its channels except the sender, which may be
+    /// null. An unknown event type fails an assertion.
     /// @return false as soon as a catcher returned false: the others do not receive it
     bool SendEvent(const Pointer<EventCatcher>& sender, const Event& ev);
     /// The same for one child, if it subscribed to the event's channels.
     bool SendEventTo(const Pointer<EventCatcher>& target, const Event& ev);
-    /// What both of the above do: to all but `who` with `broadcast`, to `who` alone without.
+    /// Delivers to all except `who` if `broadcast` is set, else to `who` alone.
     bool PropogateEvent(const Pointer<EventCatcher>& who, const Event& ev, bool broadcast);
-    /// The kernel's own view of an event.
+    /// What the kernel does itself on an event: it notes a quit event.
     bool InternalEvent(const Event& ev);
     /// A kernel that is a child of another broadcasts what it gets to its own children.
     bool GotEvent(Event ev) override;
@@ -70,6 +71,6 @@ private:
     std::array<std::vector<std::int32_t>, kChannelCount> channels;  ///< indexes into `children`
     std::vector<Child> children;                                    ///< in order of joining
     bool quit = false;
-    std::uint32_t internalmask = 0;  ///< channels that the kernel itself looks at
+    std::uint32_t internalmask = 0;  ///< channels whose events go to InternalEvent
     Pointer<Timer> timer;
 };

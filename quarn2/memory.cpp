@@ -9,15 +9,15 @@ bool MMObject::shutdown = false;
 
 namespace {
 
-/// Every managed object, in order of construction. Never destroyed: what the process leaves
-/// uncollected stays reachable.
+/// Every managed object, in order of construction. Never destroyed, so that objects that were not
+/// collected stay reachable.
 std::list<MMObject*>& Registry() {
     static std::list<MMObject*>& registry = *new std::list<MMObject*>;
     return registry;
 }
 
-/// Frees, in order of registration, what `spares` lets go of. An object freed on the way may
-/// lower the count of a later one, which is then freed in the same pass.
+/// Frees, in order of registration, the objects that `spares` is false for. This may lower the
+/// count of a later object, which is then freed in the same pass.
 template <typename Predicate>
 void Sweep(Predicate spares) {
     std::list<MMObject*>& registry = Registry();

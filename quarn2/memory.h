@@ -18,10 +18,10 @@ public:
     MMObject& operator=(const MMObject&) = delete;
 
     // Neither is virtual, and both test `shutdown` first: during the final sweep a Pointer
-    // may still refer to an object that is gone.
-    /// One Pointer more.
+    // may still refer to an object that was freed.
+    /// Counts one more Pointer.
     void AddRef();
-    /// Never frees: the count may reach zero, or fall below it when misused.
+    /// Counts one Pointer less and frees nothing. Too many calls make the count negative.
     void Release();
 
     /// Number of Pointers that refer to this object.
@@ -29,7 +29,7 @@ public:
 
     /// One pass in order of registration that frees every object with a count of zero or less.
     static void CollectGarbage();
-    /// Frees every registered object. From then on no managed object can be made.
+    /// Frees every registered object. After that no managed object can be made.
     static void CollectAll();
 
     /// Number of objects that await collection.
@@ -44,12 +44,12 @@ private:
     std::int32_t refcount = 0;
 };
 
-/// The only reference to a managed object of class T; counts, but never frees.
+/// A reference to a managed object of class T. It counts, but never frees.
 template <typename T>
 class Pointer {
 public:
     Pointer(T* object = nullptr) : obj(nullptr) {  // NOLINT(google-explicit-constructor)
-        TraceFrame frame("Pointer", "Pointer");    // kept: both names are the function's own
+        TraceFrame frame("Pointer", "Pointer");
         *this = object;
     }
     Pointer(const Pointer& other) : obj(nullptr) {
@@ -57,14 +57,14 @@ public:
         *this = static_cast<T*>(other);
     }
     ~Pointer() {
-        TraceFrame frame("~Pointer", "~Pointer");
+        TraceFrame frame("~Pointer", "~Pointer");  // kept: twice the same name
         if (IsCounting())
             obj->Release();
     }
 
     Pointer& operator=(T* object) {
         TraceFrame frame("operator=", "Pointer");
-        // The old target is released first; self-assignment is harmless as that never frees.
+        // Self-assignment is harmless: Release frees nothing.
         if (IsCounting())
             obj->Release();
         obj = object;

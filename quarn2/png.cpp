@@ -28,7 +28,7 @@ constexpr std::size_t kChecksumBytes = 4;
 constexpr std::uint8_t kTrueColourWithAlpha = 6;
 constexpr std::size_t kPixelBytes = 4;
 
-/// The length that zlib is told of. It makes zlib refuse whatever is larger.
+/// The room that zlib is told of. It refuses data that needs more.
 constexpr std::size_t kZlibAttemptBytes = 32;
 constexpr std::size_t kZlibHeaderBytes = 2;
 
@@ -37,8 +37,8 @@ struct Chunk {
     std::span<const std::uint8_t> data;
 };
 
-/// Walks over the chunks of a file. It takes the file in words of two bytes, so the last byte
-/// of an odd length is never seen.
+/// Reads the chunks of a file. kept: the file counts as words of two bytes, so the last byte of
+/// an odd length is never read.
 class PNGReader {
 public:
     explicit PNGReader(std::span<const std::uint8_t> file) : in(file.first(file.size() / 2 * 2)) {}
@@ -56,7 +56,7 @@ public:
         std::uint32_t length = 0;
         if (!in.U32BE(length) || !in.U32BE(chunk.type) || !in.Bytes(length, chunk.data))
             return false;
-        // Nobody checks the checksum: what an odd length has cut off of it is not missed.
+        // The checksum is not checked, so one that an odd length has cut off does not matter.
         return in.Skip(std::min(kChecksumBytes, in.Left()));
     }
 
@@ -84,7 +84,7 @@ struct Header {
     }
 };
 
-/// The parts of a file that matter. One without a header is taken as a single pixel.
+/// What the chunks of a file say. Without a header the image has a single pixel.
 struct Picture {
     std::uint32_t width = 1;
     std::uint32_t height = 1;
@@ -115,7 +115,7 @@ bool ReadPicture(const std::string& path, std::span<const std::uint8_t> file, Pi
         return false;
     }
     picture.data.reserve(file.size());
-    // Not even the end chunk ends the walk: what follows it must be chunks as well.
+    // kept: the end chunk does not end the file, whose rest must be chunks as well
     while (!reader.AtEnd()) {
         Chunk chunk;
         if (!reader.ReadChunk(chunk)) {
@@ -143,8 +143,8 @@ bool HasExpectedCompression(std::uint8_t methodAndWindow) {
 /// @return false, with the messages written, when the stream cannot be decoded
 bool Decompress(std::span<const std::uint8_t> stream, std::uint8_t* buffer, std::size_t capacity,
                 std::size_t& produced) {
-    // kept: zlib is handed the data without the header it asks for, so that it refuses all
-    // ordinary files, and says so on each load.
+    // kept: zlib gets the data without the header that it needs. It refuses all ordinary files,
+    // which is reported each time.
     uLongf length = kZlibAttemptBytes;
     const int zlibCode =
         uncompress(buffer, &length, stream.data(), static_cast<uLong>(stream.size()));
@@ -248,13 +248,13 @@ void UndoFilter(std::uint8_t filter, ConstRow in, ConstRow above, Row out) {
     }
 }
 
-/// The bytes of a row behind its filter byte. kept: Up on the first row has none and gives no
-/// pixels, which shifts every later row.
+/// The bytes of a row after its filter byte. kept: a first row with the filter Up has none and
+/// gives no pixels, which shifts every later row.
 std::size_t FilteredBytes(std::size_t row, std::uint8_t filter, std::size_t rowBytes) {
     return row == 0 && filter == kUp ? 0 : rowBytes;
 }
 
-/// Whether all rows are there and their filters known.
+/// Whether all rows are there and have filters that exist.
 bool CheckRows(const std::string& path, const Picture& picture, ConstRow data) {
     std::size_t position = 0;
     for (std::size_t row = 0; row < picture.height; ++row) {

@@ -22,7 +22,7 @@ namespace {
 constexpr std::size_t kChannels = 4;
 constexpr std::size_t kAlpha = 3;
 
-// Noise. Lattice points are unsigned, so that their arithmetic wraps round at 32 bits.
+// Noise. Lattice points are unsigned, so that their arithmetic wraps at 32 bits.
 
 /// Between -1 and 1, always the same for a point.
 float Noise(std::uint32_t x, std::uint32_t y) {
@@ -40,7 +40,7 @@ float SmoothNoise(std::uint32_t x, std::uint32_t y) {
                  / 16;
 }
 
-/// How far along a cosine leads from 0 to 1 at `t`.
+/// Rises from 0 at t = 0 to 1 at t = 1, along a cosine.
 float CosineWeight(float t) {
     return (1 - std::cos(t * 3.1415927f)) * 0.5f;
 }
@@ -50,14 +50,14 @@ float CosineInterpolate(float a, float b, float weight) {
     return a * (1 - weight) + b * weight;
 }
 
-/// Where a coordinate lies: its lattice point, towards zero, and the way to the next one.
-struct Place {
-    std::uint32_t point;
-    float weight;
+/// A coordinate between two lattice points.
+struct LatticePosition {
+    std::uint32_t point;  ///< the next one towards zero
+    float weight;         ///< of the point after that
 };
 
-Place PlaceOf(float coordinate) {
-    // What no integer can hold, an endless number among it, becomes the lowest one.
+LatticePosition LatticePositionOf(float coordinate) {
+    // NaN, infinity and values outside int32 become INT32_MIN.
     constexpr float kBound = 2147483648.0f;
     const std::int32_t point = coordinate >= -kBound && coordinate < kBound
                                    ? static_cast<std::int32_t>(coordinate)
@@ -66,10 +66,10 @@ Place PlaceOf(float coordinate) {
             CosineWeight(coordinate - static_cast<float>(point))};
 }
 
-/// The noise along one line of the lattice, for columns whose places are the same on each line.
+/// The noise along one line of the lattice. The columns are the same on every line.
 class LatticeLine {
 public:
-    void Evaluate(const std::vector<Place>& columns, std::uint32_t y) {
+    void Evaluate(const std::vector<LatticePosition>& columns, std::uint32_t y) {
         values.resize(columns.size());
         float left = 0;
         float right = 0;
@@ -90,27 +90,27 @@ private:
 };
 
 /// Adds one octave of noise to `rows` rows of as many values as there are columns. The lattice
-/// is evaluated once per cell: the pixels between two of its lines share both.
+/// is evaluated once per cell: all pixels between two of its lines use the same two.
 void AddOctave(std::vector<float>& values, std::size_t rows, float rowStep,
-               const std::vector<Place>& columns, float amplitude) {
+               const std::vector<LatticePosition>& columns, float amplitude) {
     LatticeLine upper;
     LatticeLine lower;
     std::uint32_t point = 0;
     float* value = values.data();
     for (std::size_t i = 0; i < rows; ++i) {
-        const Place place = PlaceOf(static_cast<float>(i) / rowStep);
-        if (i == 0 || place.point != point) {
-            if (i != 0 && place.point == point + 1) {
+        const LatticePosition row = LatticePositionOf(static_cast<float>(i) / rowStep);
+        if (i == 0 || row.point != point) {
+            if (i != 0 && row.point == point + 1) {
                 std::swap(upper, lower);
             } else {
-                upper.Evaluate(columns, place.point);
+                upper.Evaluate(columns, row.point);
             }
-            lower.Evaluate(columns, place.point + 1);
-            point = place.point;
+            lower.Evaluate(columns, row.point + 1);
+            point = row.point;
         }
         for (std::size_t j = 0; j < columns.size(); ++j) {
             *value++ +=
-                CosineInterpolate(upper.Values()[j], lower.Values()[j], place.weight) * amplitude;
+                CosineInterpolate(upper.Values()[j], lower.Values()[j], row.weight) * amplitude;
         }
     }
 }
@@ -154,7 +154,7 @@ void SumWeighted(const float* values, std::size_t stride, std::span<const float>
 
 /// Blurs across lines of `length` pixels. Colours of wholly transparent pixels are left out.
 void BlurAcross(std::span<float> pixels, std::size_t length, std::span<const float> kernel) {
-    // To add a colour of 0 with a weight of 0 is to leave it out.
+    // A colour of 0 that is added with a weight of 0 is left out.
     std::vector<float> colours(pixels.begin(), pixels.end());
     std::vector<float> presence(pixels.size() / kChannels, 1.0f);
     for (std::size_t pixel = 0; pixel < presence.size(); ++pixel) {
@@ -177,7 +177,7 @@ void BlurAcross(std::span<float> pixels, std::size_t length, std::span<const flo
         const float alphaWeights = std::accumulate(weights.begin(), weights.end(), 0.0f);
         const float* sum = sums.data();
         for (const float weight : colourWeights) {
-            // Where all neighbours are transparent the sums are 0, whatever divides them.
+            // If all neighbours are transparent, the sums are 0 and any divisor will do.
             const float divisor = weight != 0 ? weight : 1;
             for (std::size_t channel = 0; channel < kAlpha; ++channel)
                 *out++ = *sum++ / divisor;
@@ -197,7 +197,7 @@ void BlurAlong(std::span<float> pixels, std::size_t length, std::span<const floa
         const auto used = kernel.subspan(first + reach - pixel, last - first + 1);
         weights.insert(weights.end(), kChannels, std::accumulate(used.begin(), used.end(), 0.0f));
     }
-    // Beyond both ends lie zeros, which add nothing.
+    // The zeros beyond both ends add nothing.
     std::vector<float> padded(floats + 2 * reach * kChannels);
     std::vector<float> sums(floats);
     for (float* line = pixels.data(); line != pixels.data() + pixels.size(); line += floats) {
@@ -248,7 +248,7 @@ void AddContribution(float* sum, const float* colour, int mode, const float* own
         sum[channel] += colour[channel] * weight;
 }
 
-/// Which of `count` rows or columns shows at `index` of `shownCount`: the nearest, downwards.
+/// Which of `count` rows or columns is shown at `index` of `shownCount`, rounded down.
 std::size_t Sampled(std::int32_t count, std::int32_t index, std::int32_t shownCount) {
     const float position =
         static_cast<float>(count) * (static_cast<float>(index) / static_cast<float>(shownCount));
@@ -292,11 +292,11 @@ bool TextureData::Perlin(int octaves, float frequency, float amplitude, float fr
     std::vector<float> red(PixelCount());
     for (std::size_t pixel = 0; pixel < red.size(); ++pixel)
         red[pixel] = pixels[pixel * kChannels];
-    std::vector<Place> columns(static_cast<std::size_t>(height));
+    std::vector<LatticePosition> columns(static_cast<std::size_t>(height));
     for (int octave = 0; octave < octaves; ++octave) {
         const float columnStep = static_cast<float>(width) * frequency;
         for (std::size_t j = 0; j < columns.size(); ++j)
-            columns[j] = PlaceOf(static_cast<float>(j) / columnStep);
+            columns[j] = LatticePositionOf(static_cast<float>(j) / columnStep);
         AddOctave(red, rows, static_cast<float>(height) * frequency, columns, amplitude);
         frequency *= frequencyFactor;
         amplitude *= amplitudeFactor;
@@ -387,7 +387,7 @@ bool TextureData::Blend(int mode, int otherMode, const TextureData& other) {
     }
     const bool empty = other.PixelCount() == 0;
     constexpr std::array<float, kChannels> kNothing{};
-    // The sums have an array of their own, for the other image may share this one's.
+    // The sums have their own array, because the other image may share the array of this one.
     std::vector<float> sums(PixelCount() * kChannels);
     const float* own = data.get();
     float* sum = sums.data();

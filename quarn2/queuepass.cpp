@@ -15,7 +15,7 @@ bool QueuePass::Next(SDL_Event& event) {
 }
 
 void QueuePass::PutBack() {
-    // kept: an expose event that was taken last takes all the kept events with it
+    // kept: all kept events are lost if the last event taken is an expose event
     if (!kept.empty() && lastType != SDL_VIDEOEXPOSE)
         SDL_PeepEvents(kept.data(), static_cast<int>(kept.size()), SDL_ADDEVENT, SDL_ALLEVENTS);
 }

@@ -19,8 +19,8 @@ constexpr std::int32_t kRepeatDelayMs = 700;
 constexpr std::int32_t kRepeatIntervalMs = 30;
 constexpr std::uint16_t kHoldingPoint = 200;  // pixels, in both directions
 
-/// The key's symbol as a number: not every number that an input driver sends need be a value of
-/// the library's enumeration.
+/// The key's symbol as a number. An input driver may send numbers that SDL's enumeration does
+/// not have.
 std::size_t SymbolOf(const SDL_keysym& key) {
     std::uint32_t symbol = 0;
     static_assert(sizeof symbol == sizeof key.sym);
@@ -28,7 +28,7 @@ std::size_t SymbolOf(const SDL_keysym& key) {
     return symbol;
 }
 
-/// Counters wrap rather than overflow, however long the machine slept between two updates.
+/// Wraps at 32 bits: the machine may have slept for weeks between two updates.
 void Add(std::int32_t& counter, std::uint32_t milliseconds) {
     counter = static_cast<std::int32_t>(static_cast<std::uint32_t>(counter) + milliseconds);
 }
@@ -83,8 +83,8 @@ bool SDLInput::Update(std::uint32_t milliseconds) {
     TraceFrame frame("Update", "SDLInput");
     Assert("sdlinput", 107, "Kern", !!Kern);
     if (windowIsNew) {
-        // Opening a window switches the translation off again. One of the libraries denies
-        // that when asked, so it is not asked.
+        // Opening a window switches the translation off again. sdl12-compat reports it as on even
+        // then, so this does not ask.
         SDL_EnableUNICODE(1);
         windowIsNew = false;
     }
@@ -128,8 +128,8 @@ bool SDLInput::DrainQueue() {
     return mouseChanged;
 }
 
-/// A press counts for its character as well as for its symbol. A release has no character, so
-/// it lets go of index 0 instead and a character that differs from its symbol stays held.
+/// A press marks both its character and its symbol. A release has no character, so it clears
+/// index 0 instead, and a character that differs from its symbol stays held.
 void SDLInput::TakeKey(std::size_t index, bool down) {
     if (index >= keys.size())
         return;
@@ -158,9 +158,10 @@ void SDLInput::TakeButton(int button, bool down) {
     }
 }
 
-/// Whether the key is pressed or repeats in an update of that length.
+/// Lets the time pass for a key.
+/// @return whether the key is pressed or repeats in this update
 bool SDLInput::Advance(Key& key, std::uint32_t milliseconds) {
-    // Runs on through the first delay, so the second repeat follows right after the first.
+    // kept: also counts during the first delay, so the second repeat follows right after the first
     Add(key.repeat, milliseconds);
     switch (key.state) {
     case Pressed:
@@ -206,7 +207,7 @@ bool SDLInput::SendMouse() {
     const bool first = lasty == -1;
     lastx = curx;
     lasty = cury;
-    // The first position has nothing to be compared with, so nobody hears of it.
+    // There is no earlier position to measure from, so the first event is not sent.
     return first || Kern->SendEvent(this, event);
 }
 

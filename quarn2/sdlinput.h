@@ -16,8 +16,8 @@
 /// it sends one key event, changed or not, and one mouse event if the mouse did anything.
 class SDLInput : public EventCatcher {
 public:
-    /// Subscribes itself.
-    /// @param newGrab  hides the pointer and holds it at one place, for looking around
+    /// Joins the kernel.
+    /// @param newGrab  hides the pointer and holds it at one point, so that only motion counts
     SDLInput(const Pointer<Kernel>& newKernel, bool newGrab);
 
     bool GotEvent(Event ev) override;
@@ -36,7 +36,7 @@ private:
     struct Key {
         std::int32_t state = Up;
         std::int32_t held = 0;    ///< spent in state Held
-        std::int32_t repeat = 0;  ///< since the last repeat, counted through every state but Up
+        std::int32_t repeat = 0;  ///< since the last repeat, counted in every state but Up
     };
 
     bool DrainQueue();

@@ -12,8 +12,8 @@ std::string ReadFile(const std::string& filename) {
     std::ifstream file(filename);
     std::string result;
     std::string line;
-    // The end is noticed only by a read that finds nothing, so text that ends in a line break
-    // yields one more, empty, line; taking the last break off again undoes exactly that.
+    // The end is noticed only by a read that finds nothing, so a text that ends with a line break
+    // gives one empty line too many. Removing the last line break corrects that.
     bool more = file.is_open();
     while (more) {
         more = static_cast<bool>(std::getline(file, line)) && !file.eof();

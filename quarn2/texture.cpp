@@ -27,8 +27,7 @@ struct CacheEntry {
     std::uint32_t name;
 };
 
-// Neither table is ever destroyed: what they name belongs to OpenGL, which may be gone before
-// static objects are.
+// Neither table is ever destroyed: static objects may still use textures while the process ends.
 
 std::vector<CacheEntry>& Cache() {
     static std::vector<CacheEntry>& cache = *new std::vector<CacheEntry>;
@@ -48,15 +47,15 @@ std::uint16_t& CountOf(std::uint32_t name) {
     return counts[name];
 }
 
-/// The value times 255, without its fraction. What lies outside 0 to 1 ends at the nearer end.
+/// The value times 255, without its fraction. A value outside 0 to 1 becomes 0 or 255.
 std::uint8_t ByteOf(float value) {
     const float scaled = value * 255.0f;
-    if (!(scaled > 0.0f))  // also when it is not a number
+    if (!(scaled > 0.0f))  // also if it is NaN
         return 0;
     return scaled < 255.0f ? static_cast<std::uint8_t>(scaled) : std::uint8_t{255};
 }
 
-/// One byte of every `step`th float of the image.
+/// Every `step`th float of the image as a byte.
 std::vector<std::uint8_t> Bytes(const TextureData& data, std::size_t step) {
     const std::size_t count = static_cast<std::size_t>(data.GetWidth())
                               * static_cast<std::size_t>(data.GetHeight()) * 4 / step;
@@ -73,8 +72,8 @@ void SetParameter(GLenum parameter, GLint value) {
 
 }  // namespace
 
-TextureDetails::TextureDetails(std::string file, std::int32_t uploadFlags)
-    : filename(std::move(file)), flags(uploadFlags) {
+TextureDetails::TextureDetails(std::string newFilename, std::int32_t newFlags)
+    : filename(std::move(newFilename)), flags(newFlags) {
     TraceFrame frame("TextureDetails", "TextureDetails");
 }
 
@@ -150,7 +149,7 @@ bool Texture::Load(const TextureData& data, const TextureDetails& details) {
 
 bool Texture::Bind() {
     TraceFrame frame("Bind", "Texture");
-    // Volatile, for a compiler takes it for granted that there is an object.
+    // Volatile, because compilers assume that `this` is never null.
     const Texture* const volatile self = this;
     Assert("quarn2/texture", 387, "this", self != nullptr);
     glBindTexture(GL_TEXTURE_2D, name);

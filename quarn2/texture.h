@@ -11,8 +11,8 @@ class TextureData;
 /// The cache's key: a file and how it is uploaded.
 class TextureDetails {
 public:
-    /// @param uploadFlags  as `flags`
-    TextureDetails(std::string file, std::int32_t uploadFlags);
+    /// @param newFlags  as `flags`
+    TextureDetails(std::string newFilename, std::int32_t newFlags);
 
     bool operator==(const TextureDetails& other) const;
 
@@ -25,9 +25,9 @@ public:
 /// OpenGL context. Deletes nothing.
 class Texture {
 public:
-    /// Takes the image of a file, loading it unless an equal key is cached.
+    /// Takes the image of a file, which is loaded unless an equal key is in the cache.
     [[nodiscard]] bool Load(const TextureDetails& details);
-    /// Uploads an image as a new OpenGL texture, past the cache.
+    /// Uploads an image as a new OpenGL texture that is not in the cache.
     /// @return true
     bool Load(const TextureData& data, const TextureDetails& details);
     /// @return true

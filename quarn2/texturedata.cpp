@@ -32,7 +32,7 @@ bool TextureData::CanHold(int width, int height) {
 
 bool TextureData::Load(const std::string& path) {
     TraceFrame frame("Load", "TextureData");
-    // "tga" first: in a folder whose name holds it, every file is one.
+    // kept: "tga" first, so that it decides for every file below a folder with "tga" in its name
     if (path.find("tga") != std::string::npos)
         return LoadTGA(path);
     if (path.find("png") != std::string::npos)

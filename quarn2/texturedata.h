@@ -12,8 +12,8 @@
 #include "quarn2/vector.h"
 
 /// An image in memory: RGBA pixels of 32-bit floats, nominally 0 to 1, row after row in the
-/// order in which the source delivers them. A plain value: a copy shares the array, which a
-/// loader or an operation that succeeds replaces by a new one.
+/// order in which the source delivers them. A plain value: a copy shares the array until one of
+/// the two is loaded or blanked, which gives it a new array.
 class TextureData {
 public:
     /// An image's floats stay below 1 GiB.
@@ -22,7 +22,7 @@ public:
     /// 2 by 2 pixels, zeroed.
     TextureData();
 
-    /// Chooses a decoder by the path's text: "tga" anywhere in it first, then "png".
+    /// Chooses a decoder by the path: TGA if it has "tga" anywhere, else PNG if it has "png".
     /// On failure writes one line on standard error and leaves the image as it was.
     [[nodiscard]] bool Load(const std::string& path);
 
@@ -43,7 +43,7 @@ public:
 
     /// Replaces the image by opaque black pixels.
     bool Blank(int newWidth, int newHeight);
-    /// Every colour channel, and with `alpha` the alpha channel, becomes 1 less its value.
+    /// Every colour channel, and with `alpha` the alpha channel, becomes 1 minus its value.
     bool Invert(bool alpha);
     /// Adds fractal value noise to red, then copies red to green and blue. Does not clamp.
     bool Perlin(int octaves, float frequency, float amplitude, float frequencyFactor,
@@ -55,7 +55,7 @@ public:
     bool ScaleClamp();
     /// Smooths all channels with an exponential kernel of `radius` pixels to either side.
     bool Blur(int radius);
-    /// Shifts the image right by `dx` and away from row 0 by `dy`, without wrapping round.
+    /// Shifts the image right by `dx` and away from row 0 by `dy`, without wrapping around.
     bool Translate(int dx, int dy, const Vector& fill);
     /// Replaces the image by the clamped sum of itself and `other`, scaled to its size, each
     /// weighted by its mode (0 to 9).

@@ -18,7 +18,7 @@ constexpr std::size_t kHeaderBytes = 18;
 constexpr std::size_t kMapAndOrigin = 9;
 constexpr std::uint8_t kRunLengthTrueColour = 10;
 constexpr std::uint8_t kRunBit = 0x80;
-constexpr std::size_t kLongestPacket = 128;
+constexpr std::size_t kMaxPacketPixels = 128;
 constexpr const char* kTooEarly = "the image data ends too early";
 
 struct Header {
@@ -30,9 +30,9 @@ struct Header {
     std::size_t Pixels() const { return std::size_t{width} * height; }
     std::size_t BytesPerPixel() const { return depth / 8u; }
 
-    /// Every packet a run of the greatest length.
-    std::size_t FewestBytes() const {
-        return (Pixels() + kLongestPacket - 1) / kLongestPacket * (1 + BytesPerPixel());
+    /// If every packet is a run of the greatest length.
+    std::size_t MinBytes() const {
+        return (Pixels() + kMaxPacketPixels - 1) / kMaxPacketPixels * (1 + BytesPerPixel());
     }
 };
 
@@ -55,7 +55,7 @@ struct WithAlpha {
                 kUnitOfByte[file[3]]};
     }
 };
-/// A depth other than 24 and 32 has no colours that could be told.
+/// Pixels of any other depth become zero.
 struct Nothing {
     Pixel operator()(const std::uint8_t*) const { return {}; }
 };
@@ -73,7 +73,7 @@ const char* Decode(ByteReader in, std::size_t bytesPerPixel, std::span<float> va
         if (!in.U8(packet))
             return kTooEarly;
         const bool run = (packet & kRunBit) != 0;
-        const std::size_t count = packet % kLongestPacket + 1;
+        const std::size_t count = packet % kMaxPacketPixels + 1;
         if (count > pixelsLeft)
             return "a packet runs past the last pixel";
         if (!in.Bytes((run ? 1 : count) * bytesPerPixel, bytes))
@@ -121,7 +121,7 @@ bool DecodeTGA(const std::string& path, std::span<const std::uint8_t> bytes, Dec
         return false;
 
     const std::span<const std::uint8_t> packets = bytes.subspan(kHeaderBytes);
-    if (packets.size() < header.FewestBytes()) {
+    if (packets.size() < header.MinBytes()) {
         std::cerr << path << ": " << kTooEarly << "\n";
         return false;
     }

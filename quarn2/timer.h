@@ -7,10 +7,10 @@
 
 #include "quarn2/memory.h"
 
-/// Milliseconds since its construction, by the input library's clock.
+/// Milliseconds since its construction, by SDL's clock.
 class Timer : public MMObject {
 public:
-    /// A clock that cannot be started is one line on standard error and nothing more.
+    /// If the clock cannot be started, this writes one line on standard error and goes on.
     Timer();
 
     /// Milliseconds; wraps after 49 days.

@@ -84,8 +84,8 @@ void SignalHandler(int signal) {
         std::cerr << "Stack Trace:\n";
         PrintStackTrace();
     }
-    // The signal may have come in the middle of an allocation, and what std::exit runs would then
-    // wait for itself for ever.
+    // Not std::exit: if the signal interrupted an allocation, a function that runs at the exit
+    // could wait without end for the lock of the allocator.
     std::_Exit(1);
 }
 

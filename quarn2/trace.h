@@ -26,12 +26,12 @@ inline std::vector<Frame>& Frames() {
     return frames;
 }
 
-/// Switches tracing on. Frames opened earlier are not recorded and pop nothing.
+/// Switches tracing on. Calls that began earlier are not recorded, and their end removes nothing.
 void Start();
 
 }  // namespace trace
 
-/// Records the enclosing call for as long as it lives, whatever way the call is left.
+/// Records the enclosing call as long as it runs, however it ends.
 /// Both arguments must be string literals. Allocates nothing.
 class TraceFrame {
 public:

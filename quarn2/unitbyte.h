@@ -6,7 +6,8 @@
 #include <array>
 #include <cstddef>
 
-/// byte / 255.0 as a float, for each byte: a look-up gives the very bits of the division.
+/// byte / 255.0 as a float, for each byte: a look-up gives exactly the bits that the division
+/// gives.
 inline constexpr std::array<float, 256> kUnitOfByte = [] {
     std::array<float, 256> units{};
     for (std::size_t byte = 0; byte < units.size(); ++byte)

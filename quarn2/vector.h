@@ -28,5 +28,5 @@ public:
     float w = 1.0f;
 };
 
-/// Writes "(x, y, z, w)" in the stream's own float form.
+/// Writes "(x, y, z, w)" with the stream's own number format.
 std::ostream& operator<<(std::ostream& stream, const Vector& v);
