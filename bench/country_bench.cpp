@@ -17,7 +17,7 @@ namespace {
 
 constexpr long kWeek = 604800;
 
-/// A second that carries every field, as a reader of the calendar's rules would write it first.
+/// Adds a second and looks at every field, the simplest way to follow the rules of the calendar.
 void AddSecondTheLongWay(Date& date) {
     static constexpr int kMonthLengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     ++date.second;
@@ -95,8 +95,8 @@ void Tick(benchmark::State& state) {
 }
 BENCHMARK(Tick)->ArgName("seconds")->Arg(kWeek)->Arg(330);
 
-/// What `countrysim --summary` does for a row: the world, its draws and the ticks, from a country
-/// that nothing but plagues strikes to one that ends early.
+/// What `countrysim --summary` does for a row: creates the world and runs its ticks. With 1 the
+/// country is fed and lives long, with 0 it ends early.
 void CampaignSummary(benchmark::State& state) {
     Campaign campaign;
     campaign.weeks = 200.0;
@@ -116,7 +116,7 @@ void CampaignSummary(benchmark::State& state) {
 }
 BENCHMARK(CampaignSummary)->ArgName("fed")->Arg(0)->Arg(1);
 
-/// All that a click on the week button starts in the world.
+/// What a click on the week button does in the world.
 void WorldWeek(benchmark::State& state) {
     std::srand(1);
     World world;
@@ -166,7 +166,7 @@ void NameRolls(benchmark::State& state) {
 }
 BENCHMARK(NameRolls);
 
-/// Butchers on almost no ration: millions of steps of production are given up in one tick.
+/// Butchers with almost no ration: one tick takes back millions of steps of production.
 void HerdWithHugeProduction(benchmark::State& state) {
     Livestock livestock;
     for ([[maybe_unused]] auto _ : state) {

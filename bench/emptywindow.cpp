@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// The least that a program with an SDL window and OpenGL does: opens the window and presents
-// cleared pictures until it is ended. The game's start is measured against its start.
+// The smallest program with an SDL window and OpenGL: it opens the window and presents empty
+// pictures until it is closed. Its start is compared with the start of the game.
 
 #include <GL/gl.h>
 #include <SDL.h>

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Hands its copy to nobody.
+/// Does nothing with its copy.
 class Catcher : public EventCatcher {
 public:
     Catcher() : EventCatcher(nullptr) {}
@@ -29,7 +29,7 @@ void Report(benchmark::State& state, std::size_t allocationsBefore) {
                            benchmark::Counter::kAvgIterations);
 }
 
-/// What a copy of the record costs at least.
+/// The lowest cost of a copy of an event.
 void CopyTheBytesOfAnEvent(benchmark::State& state) {
     alignas(Event) unsigned char from[sizeof(Event)] = {};
     alignas(Event) unsigned char to[sizeof(Event)];

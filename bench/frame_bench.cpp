@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// A frame of the game without its OpenGL calls: the mouse and the keys handed to the widgets,
-// the controls read, every label written. The layout is the game's own, read in an empty folder,
-// so that no picture and no font is loaded.
+// A frame of the game without its OpenGL calls: gives the mouse and the keys to the widgets, reads
+// the controls and writes every label. The layout is that of the game, read in an empty folder, so
+// that no picture and no font is loaded.
+
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -48,7 +49,7 @@ void MovePointer(int step) {
     GLWidget::MouseClickWidgets(false, false, false);
 }
 
-/// What most frames are: the mouse moves, nothing in the country changes.
+/// The most frequent frame: the mouse moves, nothing in the country changes.
 void BM_FrameWithoutATick(benchmark::State& state) {
     App& app = Game();
     const KeyFlags keys{};

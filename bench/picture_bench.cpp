@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// What a whole frame of the game costs beside its texts alone. Needs a display; to be started in
-// the data directory.
+// Compares a whole frame of the game with a frame of its texts alone. Needs a display. Run it in
+// the folder data.
 
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
@@ -22,8 +22,8 @@ namespace {
 
 constexpr std::uint32_t kFrameMs = 16;
 
-/// The game after its first frames, without its main loop. Widgets live as long as the process,
-/// so there is one.
+/// The game after its first frame, without its main loop. Made once, because widgets live as long
+/// as the process.
 class RunningGame {
 public:
     static RunningGame& Get() {
@@ -100,8 +100,8 @@ private:
     std::vector<Text> texts;
 };
 
-// The driver works on threads of its own: the time is taken on the wall, the processor time for
-// all of them.
+// The driver works in its own threads: so this measures real time, and the processor time of all
+// threads.
 
 void BM_WholeFrame(benchmark::State& state) {
     RunningGame& game = RunningGame::Get();

@@ -13,7 +13,7 @@
 #include "quarn2/texturedata.h"
 #include "tests/support/png_files.h"
 
-// Pictures like those that artists hand in, made the same on every run.
+// Pictures like those of artists, the same on every run.
 
 inline constexpr std::uint32_t kPictureSize = 1024;
 
@@ -56,7 +56,7 @@ inline Pixels MakeInterface() {
     return sheet;
 }
 
-/// A picture, and as libpng writes it.
+/// A picture and the file that libpng makes of it.
 struct Sample {
     const char* name;
     Pixels pixels;

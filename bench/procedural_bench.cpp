@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kSize = 1024;
 
-/// Noise, of which every 16th pixel is wholly transparent.
+/// Noise in which every 16th pixel is transparent.
 TextureData MakeImage(int size = kSize) {
     TextureData image;
     image.Blank(size, size);
@@ -72,7 +72,7 @@ void BM_PerlinPlain(benchmark::State& state) {
 }
 BENCHMARK(BM_PerlinPlain)->Unit(benchmark::kMillisecond);
 
-/// Cells of one pixel: nothing is shared but the lattice's points.
+/// Cells of one pixel, which share only the points of the lattice.
 void BM_PerlinFinest(benchmark::State& state) {
     TextureData image = MakeImage();
     for ([[maybe_unused]] auto _ : state)

@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// Loaded before SDL (LD_PRELOAD), appends the monotonic clock in nanoseconds, eight bytes each,
-// to the file named by SWAPCLOCK whenever a picture has been presented. So a program can be timed
-// without knowing it.
+// A library for LD_PRELOAD that times a program without changing it: after each presented picture
+// it appends the monotonic clock in nanoseconds, eight bytes, to the file that SWAPCLOCK names.
 
 #include <dlfcn.h>
 #include <fcntl.h>

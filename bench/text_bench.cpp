@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// Text by Print beside the same text by display lists alone, a frame at a time, and what it
-// costs to load the font and to measure. Processor time, of the driver's threads, too. Needs a
-// display; run in the folder data.
+// Compares frames of text drawn by Print with the same text drawn by display lists alone, and
+// times the loading of the font and the measuring of text. Processor time includes the threads of
+// the driver. Needs a display. Run it in the folder data.
 
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kLabels = 36;  // as many texts as the game's screen has, about
+constexpr int kLabels = 36;  // about as many texts as the screen of the game has
 constexpr char kText[] = "Population: 100000 Funds: 4500";
 constexpr float kSize = 0.05f;
 
@@ -61,7 +61,7 @@ void PrintedFrame(benchmark::State& state) {
 BENCHMARK(PrintedFrame)->Name("frame of 36 texts by Print")->MeasureProcessCPUTime();
 
 void ListedFrame(benchmark::State& state) {
-    Font().Print("%s", "");  // leaves the list base
+    Font().Print("%s", "");  // sets the list base
     for ([[maybe_unused]] auto _ : state) {
         glEnable(GL_TEXTURE_2D);
         glEnable(GL_BLEND);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// The TGA decoder to floats beside stb_image to bytes, on the same images.
+// Compares DecodeTGA, which gives floats, with stb_image, which gives bytes.
 
 #include <benchmark/benchmark.h>
 #include <stb/stb_image.h>

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// The toolkit without its OpenGL calls. The tree is the game's own layout, read in an empty
-// folder, so that no picture and no font is loaded.
+// The toolkit without its OpenGL calls. The widgets are those of the game's layout, read in an
+// empty folder, so that no picture and no font is loaded.
+
 #include <benchmark/benchmark.h>
 
 #include <iostream>
@@ -20,7 +21,7 @@ namespace {
 
 constexpr const char* kShortText = "Government funds: 123456 doubloons";
 
-/// Fourteen lines, as the longest label of the game has them.
+/// Fourteen lines, as many as the longest label of the game has.
 std::string LongText() {
     std::string text;
     for (int line = 0; line < 14; ++line)
@@ -97,8 +98,8 @@ void BM_WordWrap(benchmark::State& state) {
 }
 BENCHMARK(BM_WordWrap);
 
-/// The same breaks, found by measuring the line anew for every character.
-void BM_WordWrapByMeasuringAnew(benchmark::State& state) {
+/// The same breaks, found by measuring the whole line again for every character.
+void BM_WordWrapByMeasuringEachLineAgain(benchmark::State& state) {
     StartToolkit();
     const Theme theme;
     const std::string text = LongText();
@@ -122,7 +123,7 @@ void BM_WordWrapByMeasuringAnew(benchmark::State& state) {
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
-BENCHMARK(BM_WordWrapByMeasuringAnew);
+BENCHMARK(BM_WordWrapByMeasuringEachLineAgain);
 
 void BM_TagLookup(benchmark::State& state) {
     StartToolkit();

@@ -12,8 +12,7 @@
 
 namespace {
 
-/// The guard as it would be written first: it takes its names as strings, joins them and keeps
-/// the joined text.
+/// The simplest guard: it takes its names as strings, joins them and keeps the text.
 class JoiningGuard {
 public:
     JoiningGuard(const std::string& function, const std::string& className) {

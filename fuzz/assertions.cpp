@@ -3,7 +3,7 @@
 
 #include "fuzz/target.h"
 
-// Takes the place of AssertFailed: the linker is told to wrap it.
+// Replaces AssertFailed, by the linker's --wrap.
 
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the linker chooses the name
 extern "C" [[noreturn]] void __wrap__Z12AssertFailedPKciS0_(const char*, int, const char*) {

@@ -9,7 +9,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Date date(std::string(data, data + size));
     const std::string text = date.Text();
-    Require(Date(text) == date);  // what it writes is what it reads
+    Require(Date(text) == date);  // a written date is read as the same date
     Require(!date.TimeText().empty());
     date.Advance(61);
     Require(!date.Text().empty());

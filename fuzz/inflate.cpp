@@ -9,15 +9,15 @@
 #include "fuzz/target.h"
 #include "tests/support/deflate_streams.h"
 
-// Where zlib accepts a raw stream, ours gives the same bytes, unless a repeat of code lengths
-// crosses the two sets. Where it does not, ours ends within its bounds all the same.
+// If zlib accepts a raw stream, Inflate gives the same bytes, unless a repeat of code lengths
+// crosses the two sets. If not, Inflate still ends and stays within its buffers.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t kCapacity = std::size_t{1} << 17;
     const QuietErrors quiet;
     const auto length = static_cast<std::uint32_t>(size);
     const ZlibResult expected = InflateWithZlib({data, size}, kCapacity);
-    // The buffer fits exactly what is expected, so that a byte more is a find.
+    // The buffer fits exactly the expected bytes, so that one byte more is found.
     const std::size_t capacity = expected.complete ? expected.output.size() : size * 3;
     const auto output = std::make_unique<std::uint8_t[]>(capacity);
     std::uint32_t count = 0;

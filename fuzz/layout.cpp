@@ -6,8 +6,8 @@
 
 #include "fuzz/toolkit.h"
 
-// Builds the layout, then does what a frame does: the mouse over every part of the screen, a
-// click, a key, an update.
+// Builds the layout, then does what frames do: moves the mouse over every part of the screen,
+// clicks, presses a key, updates.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const FuzzedToolkit toolkit;

@@ -8,7 +8,7 @@
 #include "country/namegenerator.h"
 #include "fuzz/target.h"
 
-// The bytes are the masks of a pattern, and then a text of alternatives.
+// The bytes are used as the masks of a pattern, and again as a text of alternatives.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::vector<std::uint32_t> pattern(size / sizeof(std::uint32_t));

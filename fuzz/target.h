@@ -11,14 +11,14 @@
 /// One input, of any bytes. Each target defines it; libFuzzer and the tests call it. Returns 0.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// Ends the process in a way that counts as a find.
+/// Ends the process so that libFuzzer reports the input.
 inline void Require(bool condition) {
     if (!condition)
         std::abort();
 }
 
-/// Drops what is written to standard error as long as it lives. Writing it would be most of
-/// what a target does.
+/// Drops what is written to standard error as long as the object lives. Writing it would take
+/// most of the time.
 class QuietErrors {
 public:
     QuietErrors();
@@ -30,6 +30,5 @@ private:
     std::streambuf* before;
 };
 
-/// What a failed assertion of the system throws here, instead of ending the process: it is one
-/// of the ways in which a bad file may end.
+/// Thrown by a failed assertion instead of ending the process, because a bad file may lead to one.
 struct AssertionFailure {};

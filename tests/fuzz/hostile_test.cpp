@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// Feeds one fuzz target with the valid files of its corpus and with damaged ones. The target
-// itself checks what must hold whatever comes in.
+// Runs one fuzz target with the files of its corpus and with damaged copies of them. The target
+// checks what must be true for every input.
 
 #include <gtest/gtest.h>
 
@@ -26,7 +26,7 @@ struct Seed {
     Bytes bytes;
 };
 
-/// The target's corpus and the game's own files that it reads.
+/// The corpus of the target and the files of the game that it reads.
 std::vector<Seed> Seeds() {
     std::vector<std::string> paths;
     for (const auto& entry : std::filesystem::directory_iterator(HOSTILE_CORPUS))
@@ -43,17 +43,17 @@ std::vector<Seed> Seeds() {
     return seeds;
 }
 
-/// @param bytes  have no capacity beyond their size, so that the sanitizers notice a byte more
+/// @param bytes  their capacity is their size, so that the sanitizers notice a read past the end
 void Feed(const Bytes& bytes) {
     EXPECT_EQ(bytes.capacity(), bytes.size());
     EXPECT_EQ(LLVMFuzzerTestOneInput(bytes.data(), bytes.size()), 0);
 }
 
-TEST(HOSTILE_SUITE, TakesNothing) {
+TEST(HOSTILE_SUITE, EmptyInputDoesNoHarm) {
     Feed({});
 }
 
-TEST(HOSTILE_SUITE, TakesEachSeed) {
+TEST(HOSTILE_SUITE, EachSeedDoesNoHarm) {
     const std::vector<Seed> seeds = Seeds();
     EXPECT_FALSE(seeds.empty());
     for (const Seed& seed : seeds) {
@@ -63,7 +63,7 @@ TEST(HOSTILE_SUITE, TakesEachSeed) {
     }
 }
 
-TEST(HOSTILE_SUITE, TakesEachSeedCutAtEveryLength) {
+TEST(HOSTILE_SUITE, EachSeedCutAtEveryLengthDoesNoHarm) {
     for (const Seed& seed : Seeds()) {
         SCOPED_TRACE(seed.path);
         for (std::size_t length = 0; length < seed.bytes.size(); ++length)
@@ -71,7 +71,7 @@ TEST(HOSTILE_SUITE, TakesEachSeedCutAtEveryLength) {
     }
 }
 
-TEST(HOSTILE_SUITE, TakesEachSeedWithEveryByteReplaced) {
+TEST(HOSTILE_SUITE, EachSeedWithEveryByteReplacedDoesNoHarm) {
     for (const Seed& seed : Seeds()) {
         SCOPED_TRACE(seed.path);
         Bytes changed = seed.bytes;

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The loader's own results; its header would stand in the way of OpenGL's here.
+// The results of GLEW, whose header cannot be included beside the header of OpenGL.
 constexpr std::uint32_t kLoaded = 0;
 constexpr std::uint32_t kNoDisplayOfGLX = 4;
 
@@ -34,7 +34,7 @@ TEST_F(ExtensionLoaderTest, ContextWithoutGLXIsASuccess) {
     EXPECT_TRUE(Init(kNoDisplayOfGLX, ""));
 }
 
-TEST_F(ExtensionLoaderTest, AnythingElseIsReported) {
+TEST_F(ExtensionLoaderTest, EveryOtherResultIsReportedAndFails) {
     for (const std::uint32_t result : {1U, 2U, 3U, 5U})
         EXPECT_FALSE(Init(result, "error initialising GLee\n"));
 }

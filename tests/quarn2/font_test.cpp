@@ -26,7 +26,7 @@
 #include "tests/support/trace_noter.h"
 #include "tests/support/traced_gl.h"
 
-// The linker's --wrap leads the engine's call here, for FreeType does not fail on demand.
+// The linker's --wrap sends the engine's call here, because FreeType does not fail on demand.
 static bool freeTypeCannotStart = false;
 extern "C" {
 FT_Error RealInitFreeType(FT_Library* library) asm("__real_FT_Init_FreeType");
@@ -43,7 +43,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 const char* const kFont = "data/font.ttf";
 
-/// A font whose glyphs have advances that tell them apart, without OpenGL.
+/// A font whose glyphs have different advances, without OpenGL.
 class FontLengthTest : public testing::Test {
 protected:
     FontLengthTest() {
@@ -75,7 +75,7 @@ TEST_F(FontLengthTest, IsThatOfTheWidestLine) {
     EXPECT_EQ(font.Length("\nabc"), 7.0f);
 }
 
-TEST_F(FontLengthTest, AMiddleLineIsMeasuredWithWhatALongerOneLeftBehind) {
+TEST_F(FontLengthTest, AMiddleLineIsMeasuredWithTheRestOfALongerLineBeforeIt) {
     EXPECT_EQ(font.Length("abc\nd\ne"), 16.0f);       // abc 7, dbc 14, e 16
     EXPECT_EQ(font.Length("abc\nd\na"), 14.0f);       // dbc
     EXPECT_EQ(font.Length("abc\nd\n"), 14.0f);        // the last line is the empty one
@@ -95,7 +95,7 @@ TEST_F(FontLengthTest, TakesPrintfArguments) {
     EXPECT_EQ(font.Length("%s", "a\nb"), 2.0f);
 }
 
-TEST_F(FontLengthTest, EndsAtAnEndWithinTheText) {
+TEST_F(FontLengthTest, StopsAtAZeroByteInTheText) {
     EXPECT_EQ(font.Length("a%cb", '\0'), 1.0f);
 }
 
@@ -121,14 +121,14 @@ TEST_F(FontLengthTest, TheSizeIsOneAtFirst) {
     EXPECT_EQ(FontAccess::SizeY(font), 0.75f);
 }
 
-TEST_F(FontLengthTest, WhatExceedsTwiceTheFormatAnd511CharactersIsNotCounted) {
+TEST_F(FontLengthTest, TextIsCutAfterTwiceTheFormatPlus511Characters) {
     const std::string fits(515, 'a');  // 2 * 2 + 512 bytes, with the end
     EXPECT_EQ(font.Length("%s", fits.c_str()), 515.0f);
     const std::string exceeds(5000, 'a');
     EXPECT_EQ(font.Length("%s", exceeds.c_str()), 515.0f);
 }
 
-TEST_F(FontLengthTest, AFormatOfAnyLengthIsMeasuredWhole) {
+TEST_F(FontLengthTest, AFormatOfAnyLengthIsMeasuredInFull) {
     for (const std::size_t length : {100u, 1791u, 1792u, 1793u, 5000u, 100000u}) {
         const std::string text(length, 'a');
         EXPECT_EQ(font.Length(text.c_str(), ""), static_cast<float>(length));
@@ -149,13 +149,13 @@ TEST_F(FontLengthTest, AllocatesNothingForTextsOfOrdinaryLength) {
 
 using FontLengthDeathTest = FontLengthTest;
 
-TEST_F(FontLengthDeathTest, WithoutATextFailsAnAssertion) {
+TEST_F(FontLengthDeathTest, ANullFormatFailsAnAssertion) {
     const char* volatile none = nullptr;
     EXPECT_EXIT((trace::Start(), font.Length(none, "")), testing::ExitedWithCode(0),
                 "Assert failed on font:113 - \"str != 0\"\n.*#1: FontRender::Length");
 }
 
-TEST(FontTest, AdvancesOfOtherCodesAreZero) {
+TEST(FontTest, CodesOutsideZeroTo127HaveNoAdvance) {
     FontRender font;
     FontAccess::SetAdvances(font, 1.0f);
     EXPECT_EQ(font.Advance(0), 1.0f);
@@ -186,12 +186,12 @@ TEST_F(FontFileTest, AnUnknownFormatIsReported) {
     EXPECT_EQ(InitLine(path), "The font file format is not recgonised\n");
 }
 
-TEST_F(FontFileTest, AFileTooShortForAnyFormatIsOfNone) {
+TEST_F(FontFileTest, AFileTooShortForAnyFormatIsReportedAsUnknownFormat) {
     EXPECT_EQ(InitLine(folder.Write("empty.ttf", "")), "The font file format is not recgonised\n");
     EXPECT_EQ(InitLine(folder.Write("byte.ttf", "a")), "The font file format is not recgonised\n");
 }
 
-TEST_F(FontFileTest, IsNotMappedSoThatItMayBeWrittenAnewAtAnyTime) {
+TEST_F(FontFileTest, TheFileIsNotMappedIntoMemorySoThatItMayBeOverwritten) {
     const std::string path = folder.Write("font.ttf", FileBytes(kFont));
     FontRender font;
     ASSERT_TRUE(font.Init(path));
@@ -250,13 +250,13 @@ TEST_F(FontFileTest, AGlyphThatCannotBeLoadedIsReported) {
         entry += 16;
     const std::size_t offset = number(entry + 8);
     const std::size_t length = number(entry + 12);
-    // 32767 contours, for which no glyph has room.
+    // 32767 contours, for which no glyph has enough bytes.
     for (std::size_t i = 0; i < length; ++i)
         file[offset + i] = i % 2 == 0 ? 0x7F : 0xFF;
     EXPECT_EQ(InitLine(folder.Write("broken.ttf", file)), "errors!\n");
 }
 
-TEST(FontMeasureTest, AFileThatIsNoFontIsReported) {
+TEST(FontMeasureTest, AFileThatIsNotAFontIsReported) {
     const TemporaryFolder folder;
     FontRender font;
     testing::internal::CaptureStderr();
@@ -284,7 +284,7 @@ protected:
         return shared;
     }
 
-    /// Print leaves it set.
+    /// The first list of the font, which Print sets.
     GLuint ListBase() {
         font.Print("%s", "");
         return static_cast<GLuint>(Integer(GL_LIST_BASE));
@@ -300,7 +300,7 @@ protected:
         int left = kWide, bottom = kHigh, right = -1, top = -1;
         bool operator==(const Box&) const = default;
     };
-    /// What of the window is not black.
+    /// The smallest box around all pixels that are not black.
     Box Drawn() const {
         const Bytes pixels = window.Pixels();
         Box box;
@@ -321,7 +321,7 @@ protected:
     GLuint base;
 };
 
-/// A glyph by FreeType itself.
+/// A glyph as FreeType renders it.
 class Glyph {
 public:
     explicit Glyph(int code) {
@@ -351,12 +351,12 @@ private:
     FT_Face face = nullptr;
 };
 
-TEST_F(FontDrawingTest, EveryCodeHasAListInARow) {
+TEST_F(FontDrawingTest, TheCodesHaveConsecutiveDisplayLists) {
     for (GLuint code = 0; code < 128; ++code)
         EXPECT_EQ(glIsList(base + code), GL_TRUE) << code;
 }
 
-TEST_F(FontDrawingTest, AdvancesAreFreeTypesInWholePixels) {
+TEST_F(FontDrawingTest, AdvancesAreThoseOfFreeTypeInWholePixels) {
     constexpr int kCodes[] = {0, 'A', 'g', 'i', '%', ' ', 127};
     for (const int code : kCodes)
         EXPECT_EQ(font.Advance(code), Glyph(code).Advance()) << code;
@@ -364,7 +364,7 @@ TEST_F(FontDrawingTest, AdvancesAreFreeTypesInWholePixels) {
     EXPECT_EQ(font.Length("Am"), font.Advance('A') + font.Advance('m'));
 }
 
-TEST_F(FontDrawingTest, AFontThatOnlyMeasuresTakesTheSameAdvances) {
+TEST_F(FontDrawingTest, AFontThatOnlyMeasuresHasTheSameAdvances) {
     FontRender measured;
     ASSERT_TRUE(measured.Measure(kFont));
     for (int code = 0; code < FontRender::kGlyphCount; ++code)
@@ -381,7 +381,7 @@ TEST_F(FontDrawingTest, AListMovesThePenByTheAdvance) {
     EXPECT_EQ(matrix[14], 0.0f);
 }
 
-TEST_F(FontDrawingTest, AGlyphIsTheCoverageInEveryChannelOfAPowerOfTwo) {
+TEST_F(FontDrawingTest, AGlyphTextureHasTheCoverageInEveryChannelAndSidesOfPowersOfTwo) {
     constexpr int kCodes[] = {'A', 'g', '.', '%', '|', 0};
     for (const int code : kCodes) {
         SCOPED_TRACE(code);
@@ -421,7 +421,7 @@ TEST_F(FontDrawingTest, GlyphTexturesAreMipmappedAndClamped) {
     EXPECT_EQ(internalFormat, GL_RGBA);
 }
 
-TEST_F(FontDrawingTest, EveryGlyphHasATextureOfItsOwn) {
+TEST_F(FontDrawingTest, EveryGlyphHasItsOwnTexture) {
     std::vector<GLint> names(128);
     for (std::size_t code = 0; code < names.size(); ++code)
         names[code] = TextureOf(static_cast<int>(code));
@@ -430,7 +430,7 @@ TEST_F(FontDrawingTest, EveryGlyphHasATextureOfItsOwn) {
     EXPECT_GT(names.front(), 0);
 }
 
-TEST_F(FontDrawingTest, AGlyphIsDrawnPixelByPixelWhereItBelongs) {
+TEST_F(FontDrawingTest, AGlyphIsDrawnPixelByPixelAtItsPosition) {
     for (const char code : {'A', 'g', '%', 'j'}) {
         SCOPED_TRACE(code);
         const Glyph glyph(code);
@@ -445,7 +445,7 @@ TEST_F(FontDrawingTest, AGlyphIsDrawnPixelByPixelWhereItBelongs) {
             for (int x = 0; x < kWide; ++x) {
                 const int coverage =
                     glyph.Coverage(x - kPenX - glyph.Left(), kPenY + glyph.Top() - 1 - y);
-                // White times the coverage, blended by it.
+                // White times the coverage, blended with the coverage as alpha.
                 ASSERT_NEAR(pixels[static_cast<std::size_t>(y * kWide + x) * 4],
                             coverage * coverage / 255.0, 1.5)
                     << x << ", " << y;
@@ -454,7 +454,7 @@ TEST_F(FontDrawingTest, AGlyphIsDrawnPixelByPixelWhereItBelongs) {
     }
 }
 
-TEST_F(FontDrawingTest, CharactersFollowEachOtherByTheirAdvances) {
+TEST_F(FontDrawingTest, EachCharacterBeginsWhereTheAdvanceOfTheOneBeforeEnds) {
     glTranslatef(0.25f, 1, 0);
     font.Print("i");
     const Box alone = Drawn();
@@ -467,7 +467,7 @@ TEST_F(FontDrawingTest, CharactersFollowEachOtherByTheirAdvances) {
     EXPECT_EQ(second.bottom, alone.bottom);
 }
 
-TEST_F(FontDrawingTest, ASpaceDrawsNothingOnATextureOfOnePixel) {
+TEST_F(FontDrawingTest, ASpaceDrawsNothingAndHasATextureOfOnePixel) {
     glBindTexture(GL_TEXTURE_2D, static_cast<GLuint>(TextureOf(' ')));
     GLint side = 0;
     glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &side);
@@ -495,7 +495,7 @@ TEST_F(FontDrawingTest, LinesGoDownwardsBy1Point3TimesTheVerticalSize) {
     }
 }
 
-TEST_F(FontDrawingTest, TheLineStepIsNotScaledByTheModelView) {
+TEST_F(FontDrawingTest, TheModelViewMatrixDoesNotScaleTheLineStep) {
     glTranslatef(0.25f, 2, 0);
     glScalef(0.5f, 0.5f, 1);
     font.Print("H");
@@ -517,7 +517,7 @@ TEST_F(FontDrawingTest, EachAxisHasItsOwnSize) {
     EXPECT_NEAR(narrow.top - narrow.bottom, full.top - full.bottom, 1.5);
 }
 
-TEST_F(FontDrawingTest, TextTakesTheCurrentColourAndLeavesIt) {
+TEST_F(FontDrawingTest, TextHasTheCurrentColourAndDoesNotChangeIt) {
     glColor4f(1, 0.5f, 0, 1);
     glTranslatef(0.25f, 1, 0);
     font.Print("H");
@@ -561,7 +561,7 @@ TEST_F(FontDrawingTest, StateAndMatrixAreRestored) {
     EXPECT_EQ(glIsEnabled(GL_BLEND), GL_FALSE);
 }
 
-TEST_F(FontDrawingTest, TextIsNeitherLitNorHiddenByTheDepth) {
+TEST_F(FontDrawingTest, TextIgnoresLightsAndTheDepthBuffer) {
     glTranslatef(0.25f, 1, 0);
     font.Print("H");
     const Bytes plain = window.Pixels();
@@ -574,7 +574,7 @@ TEST_F(FontDrawingTest, TextIsNeitherLitNorHiddenByTheDepth) {
     EXPECT_EQ(window.Pixels(), plain);
 }
 
-TEST_F(FontDrawingTest, TextIsBlendedOverWhatIsThere) {
+TEST_F(FontDrawingTest, TextIsBlendedWithTheBackground) {
     glClearColor(0, 0, 1, 1);
     glClear(GL_COLOR_BUFFER_BIT);
     glClearColor(0, 0, 0, 0);
@@ -586,7 +586,7 @@ TEST_F(FontDrawingTest, TextIsBlendedOverWhatIsThere) {
     EXPECT_EQ(background.red, 0);
     EXPECT_EQ(Integer(GL_BLEND_SRC), GL_SRC_ALPHA);
     EXPECT_EQ(Integer(GL_BLEND_DST), GL_ONE_MINUS_SRC_ALPHA);
-    // Within a stem.
+    // The stems of the letter are white.
     const Box box = Drawn();
     EXPECT_GT(box.right, box.left);
     bool white = false;
@@ -596,7 +596,7 @@ TEST_F(FontDrawingTest, TextIsBlendedOverWhatIsThere) {
 }
 
 TEST_F(FontDrawingTest, BytesOf128AndAboveDrawNothing) {
-    // A font loaded afterwards would have the names that follow this one's.
+    // A font that was loaded later has the next list names.
     if (glIsList(base + 0xC3) == GL_TRUE)
         glDeleteLists(base + 128, 128);
     glTranslatef(0.25f, 1, 0);
@@ -615,7 +615,7 @@ TEST_F(FontDrawingTest, TakesPrintfArguments) {
 }
 
 TEST_F(FontDrawingTest, TextBeyondEightKibibytesIsCut) {
-    // Lines so flat that all of the text is on the screen, if it is drawn.
+    // The lines are so flat that the whole text would fit on the screen.
     font.SetSize(1.0f, 1.0f / 65536);
     std::string text(8190, '\n');
     glTranslatef(0.25f, 1, 0);
@@ -635,13 +635,13 @@ TEST_F(FontDrawingTest, PrintingAllocatesNothing) {
         glFinish();
     };
     for (int i = 0; i < 3; ++i)
-        print();  // the driver prepares itself
+        print();  // the driver allocates once
     const std::size_t before = AllocationCount();
     print();
     EXPECT_EQ(AllocationCount(), before);
 }
 
-TEST_F(FontDrawingTest, FontsMayBeLoadedSideBySide) {
+TEST_F(FontDrawingTest, SeveralFontsCanBeLoadedAtOnce) {
     FontRender second;
     ASSERT_TRUE(second.Init(kFont));
     second.SetSize(1, 1);

@@ -63,7 +63,7 @@ protected:
     }
 };
 
-TEST_F(WindowTest, OpensInTheGivenSteps) {
+TEST_F(WindowTest, OpeningStartsVideoThenSetsTheModeThenTheCaptionThenTheLoader) {
     ASSERT_TRUE(Open()) << SDL_GetError();
     EXPECT_THAT(Calls().journal,
                 ElementsAre("SDL_InitSubSystem(1048608)",  // video, no parachute
@@ -78,7 +78,7 @@ TEST_F(WindowTest, OpensInTheGivenSteps) {
                             "SDL_WM_SetCaption(A caption, null)", "glewInit()"));
 }
 
-TEST_F(WindowTest, HasItsSizeCaptionCursorAndTwoBuffers) {
+TEST_F(WindowTest, HasTheGivenSizeAndCaptionACursorAndTwoBuffers) {
     ASSERT_TRUE(Open());
     const SDL_Surface* const surface = SDL_GetVideoSurface();
     ASSERT_NE(surface, nullptr);
@@ -124,7 +124,7 @@ TEST_F(WindowTest, StartsWithAPerspectiveAndABlueBackground) {
     EXPECT_EQ(pixel[2], 255);
 }
 
-TEST_F(WindowTest, PerspectiveMultipliesWhatTheContextStartsWith) {
+TEST_F(WindowTest, PerspectiveIsMultipliedWithTheFirstMatrixOfTheContext) {
     GLMatrix expected;
     Calls().afterVideoMode = [&expected] {
         glMatrixMode(GL_PROJECTION);
@@ -139,14 +139,14 @@ TEST_F(WindowTest, PerspectiveMultipliesWhatTheContextStartsWith) {
     EXPECT_NEAR(expected[5], 3.0f * 2.4142136f, 1e-5f);
 }
 
-TEST_F(WindowTest, AspectIsNotRoundedToAWholeNumber) {
+TEST_F(WindowTest, AspectRatioKeepsItsFraction) {
     ASSERT_TRUE(render->OpenWindow("wide", 700, 400, 24, false));
     const GLMatrix projection = Projection();
     EXPECT_NEAR(projection[5] / projection[0], 1.75f, 1e-6f);
 }
 
 TEST_F(WindowTest, FullscreenHidesTheCursor) {
-    // A display without the mode may refuse; what is asked for is the same.
+    // A display without this mode may refuse it; the calls are the same.
     static_cast<void>(Open(true));
     EXPECT_THAT(Calls().journal, Contains("SDL_ShowCursor(0)"));
     EXPECT_THAT(Calls().journal, Not(Contains("SDL_ShowCursor(1)")));
@@ -154,14 +154,14 @@ TEST_F(WindowTest, FullscreenHidesTheCursor) {
                 Contains("SDL_SetVideoMode(800, 600, 24, 2684354567)"));  // 0xA0000007
 }
 
-TEST_F(WindowTest, AcceleratedBlitsAreAskedForWhereTheyExist) {
+TEST_F(WindowTest, AccelerationIsRequestedIfTheDisplayHasHardwareBlits) {
     Calls().hardwareBlits = true;
     ASSERT_TRUE(Open());
     EXPECT_THAT(Calls().journal,
                 Contains("SDL_SetVideoMode(800, 600, 24, 536871175)"));  // 0x20000107
 }
 
-TEST_F(WindowTest, EventsThatNobodyReadsAreIgnored) {
+TEST_F(WindowTest, EventTypesThatNobodyReadsAreSwitchedOff) {
     ASSERT_TRUE(Open());
     for (const Uint8 type :
          {SDL_ACTIVEEVENT, SDL_JOYAXISMOTION, SDL_JOYBALLMOTION, SDL_JOYHATMOTION,
@@ -174,7 +174,7 @@ TEST_F(WindowTest, EventsThatNobodyReadsAreIgnored) {
     }
 }
 
-TEST_F(WindowTest, EventsPushedByTheProgramAreSeen) {
+TEST_F(WindowTest, EventsPushedByTheProgramArriveInTheWindow) {
     ASSERT_TRUE(Open());
     EventQueue::Take();
     EventQueue::PushUser(5);
@@ -184,14 +184,14 @@ TEST_F(WindowTest, EventsPushedByTheProgramAreSeen) {
     EXPECT_FALSE(render->Update());
 }
 
-TEST_F(WindowTest, VideoSubsystemThatRunsAlreadyIsUsed) {
+TEST_F(WindowTest, RunningVideoSubsystemIsNotStartedAgain) {
     ASSERT_TRUE(Open());
     Calls().journal.clear();
     EXPECT_TRUE(Open());
     EXPECT_EQ(Calls().journal.front(), "SDL_ShowCursor(1)");
 }
 
-TEST_F(WindowTest, EventsOpenUseAndCloseIt) {
+TEST_F(WindowTest, EngineEventsOpenUpdatePresentAndCloseIt) {
     Event open(OpenWindowEvent);
     open.caption = "By event";
     open.width = 640;
@@ -210,7 +210,7 @@ TEST_F(WindowTest, EventsOpenUseAndCloseIt) {
     EXPECT_EQ(SDL_WasInit(SDL_INIT_VIDEO), 0U);
 }
 
-TEST_F(WindowTest, PictureIsPresentedBeforeTheNextIsDrawn) {
+TEST_F(WindowTest, PictureIsPresentedBeforeTheNextOneIsDrawn) {
     ASSERT_TRUE(Open());
     Calls().journal.clear();
     auto* const application = new Recorder("draw", Calls().journal);
@@ -221,7 +221,7 @@ TEST_F(WindowTest, PictureIsPresentedBeforeTheNextIsDrawn) {
                 ElementsAre("SDL_GL_SwapBuffers()", "draw 21", "SDL_GL_SwapBuffers()", "draw 21"));
 }
 
-TEST_F(WindowTest, NothingIsPresentedAfterItWasClosed) {
+TEST_F(WindowTest, NothingIsPresentedAfterTheWindowWasClosed) {
     ASSERT_TRUE(Open());
     EXPECT_TRUE(render->Close());
     Calls().journal.clear();
@@ -230,7 +230,7 @@ TEST_F(WindowTest, NothingIsPresentedAfterItWasClosed) {
     EXPECT_THAT(Calls().journal, IsEmpty());
 }
 
-TEST_F(WindowTest, LoaderThatFailsEndsTheStart) {
+TEST_F(WindowTest, FailureOfTheExtensionLoaderEndsTheStart) {
     Calls().loaderResult = 1;
     testing::internal::CaptureStderr();
     EXPECT_FALSE(Open());
@@ -285,7 +285,7 @@ TEST_F(WindowTest, CloseRequestEndsTheMainLoopWithoutAQuitEvent) {
     EXPECT_NE(SDL_WasInit(SDL_INIT_VIDEO), 0U) << "the window stays until the process ends";
 }
 
-/// The search for a close request, on a queue that holds what the test puts there.
+/// The search for a close request in a queue that has only the events of the test.
 class CloseRequestTest : public RenderTest {
 protected:
     EventQueue queue;
@@ -301,7 +301,7 @@ TEST_F(CloseRequestTest, RequestFailsTheUpdate) {
     EXPECT_TRUE(render->Update()) << "it was taken off the queue";
 }
 
-TEST_F(CloseRequestTest, EventsBeforeTheRequestAreLostAndTheOnesBehindStay) {
+TEST_F(CloseRequestTest, EventsBeforeTheRequestAreLostAndThoseAfterItStay) {
     EventQueue::PushKey(true, 'a', 'a');
     EventQueue::PushUser(1);
     EventQueue::Push(SDL_QUIT);
@@ -319,7 +319,7 @@ TEST_F(CloseRequestTest, OtherEventsGoBackInTheirOrder) {
     EXPECT_THAT(EventQueue::Take(), ElementsAre(1, -SDL_KEYDOWN, 2));
 }
 
-TEST_F(CloseRequestTest, QueueThatEndsWithAnExposeIsDropped) {
+TEST_F(CloseRequestTest, AllEventsAreLostIfTheLastIsAnExpose) {
     EventQueue::PushUser(1);
     EventQueue::PushKey(true, 'a', 'a');
     EventQueue::Push(SDL_VIDEOEXPOSE);
@@ -327,14 +327,14 @@ TEST_F(CloseRequestTest, QueueThatEndsWithAnExposeIsDropped) {
     EXPECT_THAT(EventQueue::Take(), IsEmpty());
 }
 
-TEST_F(CloseRequestTest, ExposeBehindTheRequestDoesNotHideIt) {
+TEST_F(CloseRequestTest, ExposeAfterTheRequestDoesNotHideIt) {
     EventQueue::Push(SDL_QUIT);
     EventQueue::Push(SDL_VIDEOEXPOSE);
     EXPECT_FALSE(render->Update());
     EXPECT_THAT(EventQueue::Take(), ElementsAre(-SDL_VIDEOEXPOSE));
 }
 
-TEST_F(CloseRequestTest, EventsOfNoInterestSucceed) {
+TEST_F(CloseRequestTest, OtherEngineEventsSucceedAndDoNothing) {
     for (const std::uint32_t type :
          {LoadResourcesEvent, LoadGraphicsResourcesEvent, InitialSetupEvent, AfterRenderEvent,
           MouseEvent, KeyEvent, ReleaseResourcesEvent}) {

@@ -20,7 +20,7 @@ namespace {
 constexpr char kBlockError[] = "Error decompressing block\n";
 constexpr std::uint32_t kRoom = 1 << 16;
 
-/// What one call did.
+/// The result of one call.
 struct Outcome {
     int result = -1;
     Bytes output;
@@ -104,7 +104,7 @@ TEST(InflateTest, StoredBlockBeginsAtTheNextByte) {
     ExpectDecoded(out.Written(), Text("qu"));
 }
 
-TEST(InflateTest, StoredBlockOfTheGreatestLengthIsCopied) {
+TEST(InflateTest, StoredBlockOfTheLargestLengthIsCopied) {
     const Bytes data = MakeContent(Content::Noise, 65535);
     Bytes input = {0x01, 0xFF, 0xFF, 0x00, 0x00};
     input.insert(input.end(), data.begin(), data.end());
@@ -124,7 +124,7 @@ TEST(InflateTest, StoredLengthsAreReportedAsSixteenBitNumbers) {
               "Stored block has invalid length: 65535 32769\nError decompressing block\n");
 }
 
-TEST(InflateTest, StoredBlockThatTheInputDoesNotHoldFailsWithoutOutput) {
+TEST(InflateTest, StoredBlockLongerThanTheInputFailsAndWritesNothing) {
     ExpectBlockError({0x01, 0x03, 0x00, 0xFC, 0xFF, 'a', 'b'}, {});
 }
 
@@ -134,17 +134,17 @@ TEST(InflateTest, StoredBlockAboveTheCapacityFails) {
 
 // Fixed blocks
 
-TEST(InflateTest, MatchNearerThanItsLengthRepeatsTheRecentBytes) {
+TEST(InflateTest, MatchLongerThanItsDistanceRepeatsTheRecentBytes) {
     ExpectDecoded(FixedBlockWithAB().Fixed(258).Code(1, 5).Fixed(256).Written(), Text("ababab"));
 }
 
-TEST(InflateTest, DistanceOneReplicatesTheLastByte) {
+TEST(InflateTest, DistanceOneRepeatsTheLastByte) {
     Bytes expected(2 + 258, 'b');
     expected[0] = 'a';
     ExpectDecoded(FixedBlockWithAB().Fixed(285).Code(0, 5).Fixed(256).Written(), expected);
 }
 
-TEST(InflateTest, EveryLengthCodeMeansItsRange) {
+TEST(InflateTest, EveryLengthCodeGivesTheLengthsOfItsRange) {
     constexpr std::array<std::uint32_t, 29> kFirst = {3,  4,  5,  6,   7,   8,   9,   10,  11, 13,
                                                       15, 17, 19, 23,  27,  31,  35,  43,  51, 59,
                                                       67, 83, 99, 115, 131, 163, 195, 227, 258};
@@ -158,7 +158,7 @@ TEST(InflateTest, EveryLengthCodeMeansItsRange) {
     }
 }
 
-TEST(InflateTest, EveryDistanceCodeMeansItsRange) {
+TEST(InflateTest, EveryDistanceCodeGivesTheDistancesOfItsRange) {
     const Bytes noise = MakeContent(Content::Noise, 32768);
     std::uint32_t first = 1;
     for (unsigned code = 0; code < 30; ++code) {
@@ -188,7 +188,7 @@ TEST(InflateTest, EveryLiteralOfTheFixedCodeIsDecoded) {
     ExpectDecoded(out.Fixed(256).Written(), expected);
 }
 
-TEST(InflateTest, SecondCallAfterAFixedBlockGivesTheSame) {
+TEST(InflateTest, SecondCallAfterAFixedBlockGivesTheSameResult) {
     const Bytes input = FixedBlockWithAB().Fixed(258).Code(1, 5).Fixed(256).Written();
     const Outcome first = Decode(input);
     const Outcome second = Decode(input);
@@ -205,9 +205,9 @@ TEST(InflateTest, DynamicBlockIsDecodedWithItsOwnCodes) {
     ExpectDecoded(out.Written(), Text("babab"));
 }
 
-TEST(InflateTest, TablesOfOneDynamicBlockDoNotReachTheNext) {
-    // The first block has codes of 15 bits, the second none: what the first counted would
-    // otherwise give the second more codes than it has.
+TEST(InflateTest, CodesOfADynamicBlockDoNotAffectTheNextBlock) {
+    // The first block has codes of 15 bits, the second has none. If the counts of the first were
+    // kept, the second would get codes that it does not have.
     constexpr LengthEntry kLongCode[] = {{18, 86}, {15}, {15}, {18, 127}, {18, 8}, {1}, {1}};
     BitWriter out;
     WriteDynamicHeader(out, false, 257, 1, kLongCode);
@@ -217,7 +217,7 @@ TEST(InflateTest, TablesOfOneDynamicBlockDoNotReachTheNext) {
     ExpectDecoded(out.Written(), Text("abb"));
 }
 
-TEST(InflateTest, ZerosThatLeaveTheirSetAreCutThereAndTheDistancesStartAnew) {
+TEST(InflateTest, ZerosPastTheEndOfTheirSetAreDroppedAndTheDistancesStartAfresh) {
     constexpr LengthEntry kOverlong[] = {{18, 86}, {2}, {2},     {18, 127}, {18, 8},
                                          {2},      {2}, {17, 7}, {1},       {1}};
     BitWriter out;
@@ -227,7 +227,7 @@ TEST(InflateTest, ZerosThatLeaveTheirSetAreCutThereAndTheDistancesStartAnew) {
     EXPECT_FALSE(InflateWithZlib(out.Written(), kRoom).complete) << "the lengths are too many";
 }
 
-TEST(InflateTest, RepeatsThatLeaveTheirSetAreCutThereAndTheDistancesStartAnew) {
+TEST(InflateTest, RepeatsPastTheEndOfTheirSetAreDroppedAndTheDistancesStartAfresh) {
     constexpr LengthEntry kOverlong[] = {{18, 86}, {3}, {3},     {18, 127}, {18, 8},
                                          {3},      {3}, {16, 3}, {1},       {1}};
     BitWriter out;
@@ -237,7 +237,7 @@ TEST(InflateTest, RepeatsThatLeaveTheirSetAreCutThereAndTheDistancesStartAnew) {
     EXPECT_FALSE(InflateWithZlib(out.Written(), kRoom).complete) << "the lengths are too many";
 }
 
-TEST(InflateTest, StreamWhoseRepeatCrossesIntoTheDistancesIsNotDecodedAsMeant) {
+TEST(InflateTest, StreamWhoseRepeatCrossesIntoTheDistancesIsDecodedWrongly) {
     // In one sequence the last repeat is meant for symbol 257 and all four distances; in two,
     // the distances' lengths are read from what follows.
     constexpr LengthEntry kCrossing[] = {{18, 86}, {2}, {2}, {18, 127}, {18, 8}, {2}, {16, 2}};
@@ -249,7 +249,7 @@ TEST(InflateTest, StreamWhoseRepeatCrossesIntoTheDistancesIsNotDecodedAsMeant) {
     ExpectBlockError(out.Written(), {});
 }
 
-TEST(InflateTest, SetsOfTheGreatestSizesAreRead) {
+TEST(InflateTest, SetsOfTheLargestSizesAreRead) {
     // 288 and 32 symbols, of which the standard has 286 and 30.
     constexpr LengthEntry kLargest[] = {{18, 86}, {2},      {2}, {18, 127}, {18, 8}, {2},
                                         {2},      {18, 19}, {1}, {1},       {18, 19}};
@@ -259,7 +259,7 @@ TEST(InflateTest, SetsOfTheGreatestSizesAreRead) {
     ExpectDecoded(out.Written(), Text("aaaa"));
 }
 
-TEST(InflateTest, OverSubscribedCodesAreTakenAsTheyCome) {
+TEST(InflateTest, OverSubscribedCodesAreNotRefused) {
     // Three symbols of one bit: the end of the block, which is the third, can never occur.
     constexpr LengthEntry kTooMany[] = {{18, 86}, {1}, {1}, {18, 127}, {18, 8}, {1}, {0}};
     BitWriter out;
@@ -273,7 +273,7 @@ TEST(InflateTest, OverSubscribedCodesAreTakenAsTheyCome) {
 
 // Failures
 
-TEST(InflateTest, BlockTypeThreeIsInvalidAndFailsWithThatLineAlone) {
+TEST(InflateTest, BlockTypeThreeFailsWithASingleLine) {
     const Outcome outcome = Decode({0x07});
     EXPECT_EQ(outcome.result, 1);
     EXPECT_EQ(outcome.messages, "Invalid block type\n");
@@ -287,7 +287,7 @@ TEST(InflateTest, InputThatEndsBeforeTheNextBlockFails) {
     ExpectBlockError({0x00, 0x01, 0x00, 0xFE, 0xFF, 'a'}, Text("a"));
 }
 
-TEST(InflateTest, InputCutAnywhereFailsAndKeepsWhatWasDecoded) {
+TEST(InflateTest, InputCutAtAnyByteFailsAndKeepsTheDecodedBytes) {
     const Bytes data = MakeContent(Content::Picture, 3000);
     for (const int level : {0, 1, 9}) {
         const Bytes whole = DeflateWithZlib(data, level);
@@ -377,11 +377,11 @@ TEST(InflateTest, RepeatAtTheStartOfTheDistanceSetFails) {
     ExpectBlockError(out.Written(), {});
 }
 
-// What a call takes and leaves
+// Input, output and capacity
 
-TEST(InflateTest, BytesBehindTheStreamAreNotRead) {
+TEST(InflateTest, BytesAfterTheStreamAreNotRead) {
     Bytes input = FixedBlockWithAB().Fixed(256).Written();
-    input.insert(input.end(), {0xDE, 0xAD, 0xBE, 0xEF});  // where a checksum would be
+    input.insert(input.end(), {0xDE, 0xAD, 0xBE, 0xEF});  // in the place of a checksum
     ExpectDecoded(input, Text("ab"));
 }
 
@@ -405,7 +405,7 @@ TEST(InflateTest, WithoutOutputStoredBytesAreCountedButNotSkipped) {
     EXPECT_EQ(Decode(input).result, 1) << "with an output there is no last block";
 }
 
-TEST(InflateTest, WithoutOutputTheCapacityBoundsTheCount) {
+TEST(InflateTest, WithoutOutputTheCapacityLimitsTheCount) {
     const Bytes input = FixedBlockWithAB().Fixed(258).Code(1, 5).Fixed(256).Written();
     std::uint32_t count = 0;
     const auto length = static_cast<std::uint32_t>(input.size());
@@ -415,8 +415,8 @@ TEST(InflateTest, WithoutOutputTheCapacityBoundsTheCount) {
 }
 
 TEST(InflateTest, WithoutOutputManyStoredBlocksEndWithTheInput) {
-    // Each is followed at once by the next header: the count grows by 64 KiB per 5 bytes and
-    // would pass the largest number that it can hold.
+    // The next header follows each of them at once, so the count grows by 64 KiB per 5 bytes and
+    // would overflow.
     Bytes input;
     for (int block = 0; block < 100'000; ++block)
         input.insert(input.end(), {0x00, 0xFF, 0xFF, 0x00, 0x00});
@@ -438,7 +438,7 @@ TEST(InflateTest, ManyEmptyBlocksEndWithTheInput) {
     EXPECT_TRUE(outcome.output.empty());
 }
 
-TEST(InflateTest, WithoutACapacityTheOutputIsTakenToBeLargeEnough) {
+TEST(InflateTest, WithoutACapacityTheOutputIsAssumedToBeLargeEnough) {
     const Bytes data = MakeContent(Content::Text, 10'000);
     const Bytes input = DeflateWithZlib(data, 6);
     GuardedBytes output(data.size(), GuardedBytes::Against::Back);
@@ -448,13 +448,13 @@ TEST(InflateTest, WithoutACapacityTheOutputIsTakenToBeLargeEnough) {
     EXPECT_EQ(Bytes(output.data(), output.data() + count), data);
 }
 
-// Against the encoders
+// Streams of zlib and libdeflate
 
 constexpr std::size_t kSizes[] = {0, 1, 65535, 65536, std::size_t{1} << 20};
 
 class InflateZlibLevelTest : public testing::TestWithParam<int> {};
 
-TEST_P(InflateZlibLevelTest, EveryContentAndSizeComesBack) {
+TEST_P(InflateZlibLevelTest, EveryContentAndSizeIsDecoded) {
     for (const Content content : kContents) {
         for (const std::size_t size : kSizes) {
             const Bytes data = MakeContent(content, size);
@@ -470,7 +470,7 @@ INSTANTIATE_TEST_SUITE_P(AllLevels, InflateZlibLevelTest, testing::Range(0, 10))
 
 class InflateStrategyTest : public testing::TestWithParam<int> {};
 
-TEST_P(InflateStrategyTest, EveryContentComesBack) {
+TEST_P(InflateStrategyTest, EveryContentIsDecoded) {
     for (const Content content : kContents) {
         const Bytes data = MakeContent(content, 65536);
         const Outcome outcome = Decode(DeflateWithZlib(data, 9, GetParam()));
@@ -485,7 +485,7 @@ INSTANTIATE_TEST_SUITE_P(AllStrategies, InflateStrategyTest,
 
 class InflateLibdeflateLevelTest : public testing::TestWithParam<int> {};
 
-TEST_P(InflateLibdeflateLevelTest, EveryContentAndSizeComesBackUnlessALengthRepeatsAcrossTheSets) {
+TEST_P(InflateLibdeflateLevelTest, EveryContentAndSizeIsDecodedUnlessARepeatCrossesTheSets) {
     int compared = 0;
     for (const Content content : kContents) {
         for (const std::size_t size : kSizes) {
@@ -504,7 +504,7 @@ TEST_P(InflateLibdeflateLevelTest, EveryContentAndSizeComesBackUnlessALengthRepe
 
 INSTANTIATE_TEST_SUITE_P(AllLevels, InflateLibdeflateLevelTest, testing::Range(0, 13));
 
-// Whatever comes in
+// Arbitrary input
 
 /// Decodes between guarded pages, on both sides of each buffer, without looking at the result.
 void DecodeGuarded(const Bytes& bytes, std::uint32_t capacity) {
@@ -531,18 +531,18 @@ protected:
     std::mt19937 random{20'000};
 };
 
-TEST_F(InflateAnyBytesTest, RandomBytesStayWithinTheBuffersAndEnd) {
+TEST_F(InflateAnyBytesTest, DecodingRandomBytesEndsAndStaysWithinTheBuffers) {
     for (int run = 0; run < 4000; ++run) {
         Bytes bytes(Below(300));
         for (std::uint8_t& byte : bytes)
             byte = static_cast<std::uint8_t>(random());
-        if (!bytes.empty() && run % 4 != 0)  // a block type that is taken up, of either kind
+        if (!bytes.empty() && run % 4 != 0)  // begin with a block of type 1 or 2
             bytes[0] = static_cast<std::uint8_t>((bytes[0] & ~7U) | (run % 4 == 1 ? 2U : 4U));
         DecodeGuarded(bytes, Below(600));
     }
 }
 
-TEST_F(InflateAnyBytesTest, ChangedStreamsStayWithinTheBuffersAndEnd) {
+TEST_F(InflateAnyBytesTest, DecodingChangedStreamsEndsAndStaysWithinTheBuffers) {
     for (const Content content : kContents) {
         const Bytes data = MakeContent(content, 2000);
         for (const int level : {0, 1, 9}) {
@@ -559,7 +559,7 @@ TEST_F(InflateAnyBytesTest, ChangedStreamsStayWithinTheBuffersAndEnd) {
     }
 }
 
-TEST_F(InflateAnyBytesTest, EachByteReplacedStaysWithinTheBuffersAndEnds) {
+TEST_F(InflateAnyBytesTest, DecodingWithAnyByteReplacedEndsAndStaysWithinTheBuffers) {
     const Bytes stream = DeflateWithZlib(MakeContent(Content::Picture, 600), 9);
     for (std::size_t position = 0; position < stream.size(); ++position) {
         for (const int kind : {0, 1, 2}) {

@@ -31,7 +31,7 @@ protected:
         kernel = nullptr;
         Calls() = {};
         MMObject::CollectGarbage();
-        MMObject::CollectGarbage();  // a kernel that is another's child is older than its holder
+        MMObject::CollectGarbage();  // a kernel that is a child is older than its parent
         EXPECT_EQ(MMObject::RegisteredCount(), 0U) << "the test left objects behind";
     }
 
@@ -69,7 +69,7 @@ struct ChannelOf {
 
 class RouteTest : public KernelTest, public testing::WithParamInterface<ChannelOf> {};
 
-TEST_P(RouteTest, EventReachesTheSubscribersOfItsChannelAlone) {
+TEST_P(RouteTest, EventReachesOnlyTheSubscribersOfItsChannel) {
     const auto [type, channel] = GetParam();
     Join("all but this", kAllChannels & ~Channel(channel));
     Join("this", Channel(channel));
@@ -116,7 +116,7 @@ TEST_F(KernelTest, SenderDoesNotReceiveItsOwnBroadcast) {
     EXPECT_THAT(journal, ElementsAre("a 23", "c 23"));
 }
 
-TEST_F(KernelTest, SenderThatIsNoChildLeavesNobodyOut) {
+TEST_F(KernelTest, EventOfASenderThatIsNotAChildReachesEveryChild) {
     Join("a", kAllChannels);
     const Pointer<Recorder> stranger = new Recorder("stranger", journal);
     kernel->SendEvent(static_cast<Recorder*>(stranger), Event(MouseEvent));
@@ -140,7 +140,7 @@ TEST_F(KernelTest, FailureOnTheFirstChannelKeepsTheEventFromTheSecond) {
     EXPECT_THAT(journal, ElementsAre("graphics 26"));
 }
 
-TEST_F(KernelTest, EveryCatcherGetsAFreshCopy) {
+TEST_F(KernelTest, EveryCatcherGetsItsOwnCopy) {
     Join("a", kAllChannels)->act = [](Event& event) { event = Event(); };
     Event seen;
     Join("b", kAllChannels)->act = [&](const Event& event) { seen = event; };
@@ -232,7 +232,7 @@ TEST_F(KernelTest, RemovingTheOnlyAndTheLastChildWorks) {
     EXPECT_THAT(journal, ElementsAre("b 20"));
 }
 
-TEST_F(KernelTest, RemovingAStrangerChangesNothing) {
+TEST_F(KernelTest, RemovingACatcherThatNeverJoinedChangesNothing) {
     Join("a", kAllChannels);
     EXPECT_TRUE(kernel->RemoveChild(new Recorder("stranger", journal)));
     EXPECT_TRUE(kernel->RemoveChild(nullptr));
@@ -240,7 +240,7 @@ TEST_F(KernelTest, RemovingAStrangerChangesNothing) {
     EXPECT_THAT(journal, ElementsAre("a 20"));
 }
 
-TEST_F(KernelTest, SecondOfTwoAdjacentRecordsOfOneCatcherStays) {
+TEST_F(KernelTest, RemovalLeavesTheSecondOfTwoAdjacentSubscriptions) {
     Recorder* const a = Join("a", Channel(4));
     kernel->AddChild(a, Channel(5), 500);
     Join("b", kAllChannels);
@@ -250,7 +250,7 @@ TEST_F(KernelTest, SecondOfTwoAdjacentRecordsOfOneCatcherStays) {
     EXPECT_THAT(journal, ElementsAre("b 20", "a 21", "b 21"));
 }
 
-TEST_F(KernelTest, AdjacentRecordsAtTheEndAreWalkedInBounds) {
+TEST_F(KernelTest, RemovalOfAdjacentSubscriptionsAtTheEndStaysInBounds) {
     Recorder* const a = new Recorder("a", journal);
     for (const int channel : {3, 4, 5})
         kernel->AddChild(a, Channel(channel), 500);
@@ -263,7 +263,7 @@ TEST_F(KernelTest, AdjacentRecordsAtTheEndAreWalkedInBounds) {
     EXPECT_THAT(journal, ElementsAre("a 20"));
 }
 
-TEST_F(KernelTest, SeparatedRecordsOfOneCatcherAreAllRemoved) {
+TEST_F(KernelTest, RemovalTakesAllSubscriptionsThatAreNotAdjacent) {
     Recorder* const a = Join("a", kAllChannels);
     Join("b", kAllChannels);
     kernel->AddChild(a, kAllChannels, 500);
@@ -272,14 +272,14 @@ TEST_F(KernelTest, SeparatedRecordsOfOneCatcherAreAllRemoved) {
     EXPECT_THAT(journal, ElementsAre("b 20"));
 }
 
-TEST_F(KernelTest, ChildrenKeepTheirCatcherCounted) {
+TEST_F(KernelTest, SubscriptionCountsAsAReferenceToItsCatcher) {
     Recorder* const a = Join("a", kAllChannels);
     EXPECT_EQ(a->RefCount(), 1);
     kernel->RemoveChild(a);
     EXPECT_EQ(a->RefCount(), 0);
 }
 
-TEST_F(KernelTest, ChangedMaskHoldsForEveryRecordOfTheCatcher) {
+TEST_F(KernelTest, ChangedMaskAppliesToEverySubscriptionOfTheCatcher) {
     Recorder* const a = Join("a", Channel(4));
     kernel->AddChild(a, Channel(5), 500);
     EXPECT_TRUE(kernel->ChangeProps(a, Channel(8), 1));
@@ -289,7 +289,7 @@ TEST_F(KernelTest, ChangedMaskHoldsForEveryRecordOfTheCatcher) {
     EXPECT_THAT(journal, ElementsAre("a 24", "a 24"));
 }
 
-TEST_F(KernelTest, ChangingAStrangerIsNoError) {
+TEST_F(KernelTest, ChangingACatcherThatNeverJoinedIsNoError) {
     Join("a", Channel(4));
     EXPECT_TRUE(kernel->ChangeProps(new Recorder("stranger", journal), kAllChannels, 1));
     Send(RenderEvent);
@@ -300,7 +300,7 @@ TEST_F(KernelTest, KernelThatIsAChildBroadcastsToItsOwnChildren) {
     const Pointer<Kernel> outer = new Kernel;
     outer->AddChild(static_cast<Kernel*>(kernel), kAllChannels, 0);
     Recorder* const inner = Join("inner", kAllChannels);
-    kernel->AddChild(static_cast<Kernel*>(kernel), kAllChannels, 0);  // its own, yet no loop
+    kernel->AddChild(static_cast<Kernel*>(kernel), kAllChannels, 0);  // its own child, but no loop
     EXPECT_TRUE(outer->SendEvent(nullptr, Event(UpdateEvent)));
     EXPECT_THAT(journal, ElementsAre("inner 20"));
     inner->failing = {UpdateEvent};
@@ -308,7 +308,7 @@ TEST_F(KernelTest, KernelThatIsAChildBroadcastsToItsOwnChildren) {
     kernel->RemoveChild(static_cast<Kernel*>(kernel));
 }
 
-TEST_F(KernelTest, InternalEventNotesTheQuitEventAlone) {
+TEST_F(KernelTest, InternalEventNotesOnlyTheQuitEvent) {
     EXPECT_FALSE(kernel->QuitRequested());
     EXPECT_TRUE(kernel->InternalEvent(Event(OpenWindowEvent)));
     EXPECT_FALSE(kernel->QuitRequested());
@@ -316,7 +316,7 @@ TEST_F(KernelTest, InternalEventNotesTheQuitEventAlone) {
     EXPECT_TRUE(kernel->QuitRequested());
 }
 
-TEST_F(KernelTest, KernelLooksAtNoEventBeforeItRuns) {
+TEST_F(KernelTest, KernelNotesNoQuitEventBeforeItRuns) {
     Join("a", kAllChannels);
     Send(QuitEvent);
     EXPECT_FALSE(kernel->QuitRequested());
@@ -410,7 +410,7 @@ TEST_F(MainLoopTest, StartsRunsAndReleasesInOrder) {
                                      "got 26"));  // once for each of its channels
 }
 
-TEST_F(MainLoopTest, AsksForTheWindow) {
+TEST_F(MainLoopTest, AsksForAWindowOf800By600Pixels) {
     Event window;
     act = [&](const Event& event) {
         if (event.type == OpenWindowEvent)
@@ -512,7 +512,7 @@ TEST_F(MainLoopTest, QuitEventDuringARenderDoesNotStopTheRun) {
     EXPECT_EQ(frame, 3);
 }
 
-TEST_F(MainLoopTest, KernelLooksAtNoEventDuringTheStart) {
+TEST_F(MainLoopTest, KernelNotesNoQuitEventDuringTheStart) {
     bool noted = true;
     act = [&](const Event& event) {
         if (event.type == InitialSetupEvent) {
@@ -544,7 +544,7 @@ TEST_F(MainLoopTest, UpdatesCarryTheTimeSinceTheUpdateBefore) {
     EXPECT_THAT(times, ElementsAre(0U, 17U, 101U, 101U));
 }
 
-TEST_F(MainLoopTest, TimesSurviveTheEndOfTheClocksRange) {
+TEST_F(MainLoopTest, TimesAreRightWhenTheClockWraps) {
     Calls().ticks = 0xFFFFFFFFU;
     act = [](const Event& event) {
         if (event.type == RenderEvent)
@@ -580,7 +580,7 @@ TEST_F(MainLoopTest, FramesAllocateNothing) {
     };
     kernel->AddChild(stopper, Channel(4), 0);
     EXPECT_TRUE(kernel->MainLoop());
-    // The stopper's own note is short enough to need none.
+    // The journal entry of the stopper is short enough to need no allocation.
     EXPECT_EQ(atFrame[99], atFrame[1]);
 }
 

@@ -82,7 +82,7 @@ TEST_F(MatrixTest, ApplyingTheIdentityChangesNothing) {
     EXPECT_EQ(Of(copy), kIdentity);
 }
 
-TEST_F(MatrixTest, ASavedModelViewIsAppliedAfterWhatIsThere) {
+TEST_F(MatrixTest, ASavedModelViewIsMultipliedFromTheRight) {
     glScalef(2, 2, 2);
     Matrix saved;
     saved.GetModelView();
@@ -93,7 +93,7 @@ TEST_F(MatrixTest, ASavedModelViewIsAppliedAfterWhatIsThere) {
     EXPECT_EQ(Of(copy), Of(saved));
 }
 
-TEST_F(MatrixTest, TheCurrentMatrixIsMultipliedWhicheverItIs) {
+TEST_F(MatrixTest, TheCurrentMatrixIsMultipliedInEveryMatrixMode) {
     Matrix matrix;
     matrix.elements[12] = 0.5f;
     glMatrixMode(GL_PROJECTION);

@@ -19,7 +19,7 @@ using testing::ElementsAre;
 
 std::vector<std::string> freed;
 
-/// Notes its own end.
+/// Records when it is destroyed.
 class Node : public MMObject {
 public:
     explicit Node(std::string newName) : name(std::move(newName)) {}
@@ -60,7 +60,7 @@ TEST_F(MemoryTest, HeldObjectSurvivesACollection) {
     EXPECT_EQ(held->RefCount(), 1);
 }
 
-TEST_F(MemoryTest, CountingAloneFreesNothing) {
+TEST_F(MemoryTest, LastReleaseFreesNothing) {
     { const Pointer<Node> held = new Node("a"); }
     EXPECT_THAT(freed, ElementsAre());
     EXPECT_EQ(MMObject::RegisteredCount(), 1U);
@@ -130,7 +130,7 @@ TEST_F(MemoryTest, FinalSweepFreesCyclesAndHeldObjectsInOrderOfConstruction) {
 
 TEST_F(MemoryTest, FinalSweepLeavesTheCountsAlone) {
     const auto sweep = [] {
-        // The later object is destroyed last and so can still be asked.
+        // The later object is destroyed last, so its count can still be read.
         static std::int32_t count;
         class Last : public MMObject {
         public:
@@ -152,7 +152,7 @@ TEST_F(MemoryTest, PointersDoNothingAfterTheFinalSweep) {
         Pointer<Node> held = new Node("a");
         Node* const gone = held;
         MMObject::CollectAll();
-        held = nullptr;  // must not look at the object, which is gone
+        held = nullptr;  // must not read the object, which was freed
         held = gone;
         Pointer<Node> copy = held;
         std::exit(7);
@@ -183,7 +183,7 @@ TEST_F(MemoryTest, ReleaseBelowZeroIsCountedAndMakesTheObjectCollectable) {
     Node* const node = new Node("a");
     node->Release();
     EXPECT_EQ(node->RefCount(), -1);
-    // It is swept up, and its destructor then objects to the count.
+    // The collector frees it, and its destructor then asserts that the count is zero.
     EXPECT_EXIT(MMObject::CollectGarbage(), testing::ExitedWithCode(0),
                 testing::Eq("Assert failed on quarn2/memory:46 - \"refcount==0 || shutdown\"\n"));
     node->AddRef();
@@ -278,7 +278,7 @@ TEST_F(MemoryTraceTest, PointersTraceTheirConstructionAndAssignment) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "#1: MMObject::CollectGarbage\n");
 }
 
-/// Prints the trace whenever it is let go of.
+/// Prints the trace whenever a Pointer releases it.
 class Released : public MMObject {
 public:
     void Release() {
@@ -287,7 +287,7 @@ public:
     }
 };
 
-TEST_F(MemoryTraceTest, PointersTraceTheirEndByTheirOwnNameAlone) {
+TEST_F(MemoryTraceTest, DestructorOfAPointerIsTracedWithItsOwnNameAsTheClass) {
     auto* const object = new Released;
     testing::internal::CaptureStderr();
     { const Pointer<Released> pointer = object; }

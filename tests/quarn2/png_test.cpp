@@ -90,7 +90,7 @@ protected:
     TextureData image;
 };
 
-// Pictures that can be used
+// Files that are decoded
 
 class PngSizeTest : public PngTest,
                     public testing::WithParamInterface<std::pair<std::uint32_t, std::uint32_t>> {};
@@ -149,15 +149,15 @@ TEST_F(PngTest, PaethPrefersLeftThenUpOnATieWithTheUpperLeft) {
 }
 
 TEST_F(PngTest, UpOnTheFirstRowWritesNothingAndShiftsEveryLaterRow) {
-    // Only the 2 is consumed: the next byte, 0, is the filter of the second row, which gets
-    // the three bytes left of the first and the filter byte of the second. It becomes the
-    // image's first row; the last one is never written.
+    // Only the filter byte 2 is consumed. The next byte, 0, is taken as the filter of the second
+    // row, which gets the remaining three bytes of the first and the filter byte of the second.
+    // It becomes the first row of the image; the last row stays zero.
     Load(PngFile({.width = 1, .height = 2}, ZlibStream(Bytes{2, 0, 11, 12, 13, 3, 21, 22, 23, 24})),
          true);
     ExpectPixels({1, 2, {11, 12, 13, 3, 0, 0, 0, 0}});
 }
 
-TEST_F(PngTest, RowBehindAnUpOnTheFirstRowHasNothingAboveIt) {
+TEST_F(PngTest, RowAfterAnUpOnTheFirstRowHasNoRowAbove) {
     for (const std::uint8_t filter : Bytes{2, 3, 4}) {
         Load(PngFile({.width = 1, .height = 2},
                      ZlibStream(Bytes{2, filter, 11, 12, 13, 14, 21, 22, 23, 24})),
@@ -196,7 +196,7 @@ TEST_F(PngTest, OtherChunksAreSkipped) {
     ExpectPixels(pixels);
 }
 
-TEST_F(PngTest, ChunksBehindTheEndAreReadAsWell) {
+TEST_F(PngTest, ChunksAfterTheEndChunkAreReadAsWell) {
     const Pixels pixels = MakePixels(5, 4);
     const Bytes stream = ZlibStream(FilterRows(pixels, kCycling));
     Load(Joined({PngSignature(), PngHeader{.width = 5, .height = 4}.Chunk(), PngChunk("IEND", {}),
@@ -205,7 +205,7 @@ TEST_F(PngTest, ChunksBehindTheEndAreReadAsWell) {
     ExpectPixels(pixels);
 }
 
-TEST_F(PngTest, LastByteOfAnOddLengthIsNotMissed) {
+TEST_F(PngTest, LastByteOfAnOddLengthIsNotNeeded) {
     const Pixels pixels = MakePixels(5, 4);
     const Bytes comment = {'o', 'd', 'd'};
     for (const std::size_t length : {2U, 3U}) {
@@ -219,12 +219,12 @@ TEST_F(PngTest, LastByteOfAnOddLengthIsNotMissed) {
     }
 }
 
-TEST_F(PngTest, FileWithoutImageHeaderIsASinglePixel) {
+TEST_F(PngTest, FileWithoutAnImageHeaderIsASinglePixel) {
     Load(Joined({PngSignature(), PngChunk("IDAT", ZlibStream(Bytes{0, 1, 2, 3, 4}))}), true);
     ExpectPixels({1, 1, {1, 2, 3, 4}});
 }
 
-TEST_F(PngTest, LastOfSeveralImageHeadersCounts) {
+TEST_F(PngTest, LastOfSeveralImageHeadersIsUsed) {
     Load(Joined({PngSignature(), PngHeader{.width = 7, .height = 7}.Chunk(),
                  PngHeader{.width = 2}.Chunk(),
                  PngChunk("IDAT", ZlibStream(Bytes{0, 1, 2, 3, 4, 5, 6, 7, 8}))}),
@@ -232,12 +232,12 @@ TEST_F(PngTest, LastOfSeveralImageHeadersCounts) {
     ExpectPixels({2, 1, {1, 2, 3, 4, 5, 6, 7, 8}});
 }
 
-TEST_F(PngTest, BitDepthsOtherThanSixteenAreNotExamined) {
+TEST_F(PngTest, BitDepthsOtherThanSixteenAreNotChecked) {
     Load(PngFile({.bitDepth = 3}, ZlibStream(Bytes{0, 1, 2, 3, 4})), true);
     ExpectPixels({1, 1, {1, 2, 3, 4}});
 }
 
-TEST_F(PngTest, ChecksumsAreNotExamined) {
+TEST_F(PngTest, ChecksumsAreNotChecked) {
     Bytes file = PngFile(MakePixels(5, 4), kCycling);
     file.back() ^= 0xFF;
     file[8 + 8 + 13] ^= 0xFF;  // of the image header
@@ -247,14 +247,14 @@ TEST_F(PngTest, ChecksumsAreNotExamined) {
     ExpectPixels(MakePixels(5, 4));
 }
 
-TEST_F(PngTest, SecondByteOfTheStreamIsNotExamined) {
+TEST_F(PngTest, SecondByteOfTheStreamIsNotChecked) {
     Bytes stream = ZlibStream(Bytes{0, 1, 2, 3, 4});
     stream[1] ^= 0xFF;
     EXPECT_EQ(Load(PngFile({}, stream), true), kZlibRefusal);
 }
 
 TEST_F(PngTest, DataThatZlibDecodesIsUsedWithoutAMessage) {
-    // Behind the header that is skipped stands a whole zlib stream.
+    // After the header that is skipped follows a whole zlib stream.
     const Bytes stream = Joined({{0x78, 0x9C}, ZlibStream(Bytes{0, 1, 2, 3, 4})});
     EXPECT_EQ(Load(PngFile({}, stream), true), "");
     ExpectPixels({1, 1, {1, 2, 3, 4}});
@@ -268,7 +268,7 @@ TEST_F(PngTest, SuccessReplacesTheArrayAndCopiesKeepTheirs) {
     EXPECT_EQ(copy.GetData()[3], 1.0f);
 }
 
-TEST_F(PngTest, PathWithPngInItIsLoadedAsOne) {
+TEST_F(PngTest, PathWithPngAnywhereIsLoadedAsPng) {
     const std::string old = folder.Write("a.png.old", PngFile(MakePixels(5, 4), kCycling));
     testing::internal::CaptureStderr();
     EXPECT_TRUE(image.Load(old));
@@ -276,7 +276,7 @@ TEST_F(PngTest, PathWithPngInItIsLoadedAsOne) {
     ExpectPixels(MakePixels(5, 4));
 }
 
-// Files that cannot be used
+// Files that are refused
 
 TEST_F(PngTest, FileThatCannotBeOpenedIsReported) {
     for (const std::string& file :
@@ -354,7 +354,7 @@ TEST_F(PngTest, SixteenBitFilesAreUnsupported) {
     EXPECT_EQ(Refusal(PngFile({.bitDepth = 16}, ZlibStream(Bytes(9)))), kUnsupported);
 }
 
-TEST_F(PngTest, StreamWithAnotherWindowIsRefused) {
+TEST_F(PngTest, StreamWithASmallerWindowIsRefused) {
     Bytes stream = ZlibStream(Bytes{0, 1, 2, 3, 4});
     stream[0] = 0x68;  // 16 KiB
     EXPECT_EQ(Refusal(PngFile({}, stream)), kNotCompressedAsExpected);
@@ -362,11 +362,11 @@ TEST_F(PngTest, StreamWithAnotherWindowIsRefused) {
         << "libpng fits the window to small pictures";
 }
 
-TEST_F(PngTest, StreamOfAnOddMethodIsRefused) {
+TEST_F(PngTest, StreamWithAnOddFirstByteIsRefused) {
     Bytes stream = ZlibStream(Bytes{0, 1, 2, 3, 4});
     stream[0] = 0x79;
     EXPECT_EQ(Refusal(PngFile({}, stream)), kNotCompressedAsExpected);
-    stream[0] = 0x7A;  // even, and not looked at further
+    stream[0] = 0x7A;  // even, so it is accepted
     EXPECT_EQ(Load(PngFile({}, stream), true), kZlibRefusal);
 }
 
@@ -389,7 +389,7 @@ TEST_F(PngTest, StreamWithMoreBytesThanTheRowsIsRefused) {
               std::string(kZlibRefusal) + "Error decompressing block\n" + kOwnRefusal);
 }
 
-TEST_F(PngTest, StreamOfAnOptimiserLoadsUnlessALengthRepeatsAcrossTheSets) {
+TEST_F(PngTest, StreamOfLibdeflateLoadsUnlessARepeatCrossesTheSets) {
     int refused = 0;
     for (std::uint32_t width = 10; width < 60; width += 9) {
         const Pixels pixels = MakePixels(width, 24);
@@ -429,7 +429,7 @@ TEST_F(PngTest, TooFewBytesForTheRowsAreReportedWithTheRow) {
               kZlibRefusal + path + ": the image data ends in row 0 of 1\n");
 }
 
-TEST_F(PngTest, FewBytesThatZlibDecodesAreNotEnoughForMoreRows) {
+TEST_F(PngTest, MissingRowIsReportedEvenIfZlibDecodedTheData) {
     const Bytes stream = Joined({{0x78, 0x9C}, ZlibStream(Bytes{0, 1, 2, 3, 4})});
     EXPECT_EQ(Refusal(PngFile({.height = 2}, stream)),
               path + ": the image data ends in row 1 of 2\n");
@@ -451,7 +451,7 @@ TEST_F(PngTest, ChunkLongerThanTheFileIsRefused) {
     }
 }
 
-TEST_F(PngTest, BytesBehindTheLastChunkThatAreNoChunkAreRefused) {
+TEST_F(PngTest, BytesAfterTheLastChunkThatAreNoChunkAreRefused) {
     const Bytes file = PngFile(MakePixels(6, 4), kCycling);
     EXPECT_EQ(Refusal(Joined({file, Bytes(2 + file.size() % 2)})),
               path + ": the file ends within a chunk\n");
@@ -462,11 +462,11 @@ TEST_F(PngTest, ImageHeaderThatIsTooShortIsRefused) {
               path + ": the image header is too short\n");
 }
 
-TEST_F(PngTest, SizesBelowOnePixelAndAboveTheLimitAreRefusedWithIt) {
-    constexpr std::uint32_t kMost = 0xFFFF'FFFF;
+TEST_F(PngTest, SizesBelowOnePixelOrAboveTheLimitAreRefused) {
+    constexpr std::uint32_t kMax = 0xFFFF'FFFF;
     const std::pair<std::uint32_t, std::uint32_t> sizes[] = {
-        {0, 4},     {4, 0},         {8192, 8192}, {kMost, 1},
-        {1, kMost}, {kMost, kMost}, {1U << 31, 2}};  // the last one's product has a low half of 0
+        {0, 4},    {4, 0},       {8192, 8192}, {kMax, 1},
+        {1, kMax}, {kMax, kMax}, {1U << 31, 2}};  // the last product is 0 in 32 bits
     for (const auto& [width, height] : sizes) {
         const Bytes file =
             PngFile({.width = width, .height = height}, ZlibStream(Bytes{0, 1, 2, 3, 4}));
@@ -476,7 +476,7 @@ TEST_F(PngTest, SizesBelowOnePixelAndAboveTheLimitAreRefusedWithIt) {
     }
 }
 
-TEST_F(PngTest, LargestSizeIsTriedAndItsMissingRowsReported) {
+TEST_F(PngTest, LargestAllowedSizeIsDecodedUntilARowIsMissing) {
     EXPECT_EQ(Refusal(PngFile({.width = 67108863}, ZlibStream(Bytes{0, 1, 2, 3, 4}))),
               kZlibRefusal + path + ": the image data ends in row 0 of 1\n");
 }

@@ -101,7 +101,7 @@ TEST(BlankTest, GivesOpaqueBlackPixels) {
                                              0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1));
 }
 
-TEST(BlankTest, LeavesACopyItsPixels) {
+TEST(BlankTest, DoesNotChangeThePixelsOfACopy) {
     TextureData image = RedImage(3, 1, {0.1f, 0.2f, 0.3f});
     const TextureData copy = image;
     EXPECT_TRUE(image.Blank(3, 1));
@@ -134,7 +134,7 @@ TEST(InvertTest, OfBlackWithoutAlphaIsOpaqueWhite) {
     EXPECT_THAT(ValuesOf(image), Each(1.0f));
 }
 
-TEST(InvertTest, TakesAlphaAlongWhenAsked) {
+TEST(InvertTest, InvertsAlphaWhenAsked) {
     const Values values = {0.25f, 0.5f, 2.0f, 0.75f, -1.0f, 1.0f, 0.0f, 0.0f};
     TextureData image = ImageOf(2, 1, values);
     EXPECT_TRUE(image.Invert(false));
@@ -153,7 +153,7 @@ TEST(InvertTest, ChangesThePixelsOfACopyAsWell) {
 
 // Perlin
 
-TEST(PerlinTest, NoiseOfTheOriginIsAsTheFormulaGivesIt) {
+TEST(PerlinTest, NoiseOfTheOriginIsThatOfTheFormula) {
     EXPECT_FLOAT_EQ(PlainNoise(0, 0), static_cast<float>(1 - 1376312589 / 1073741824.0));
     EXPECT_NEAR(PlainNoise(0, 0), -0.2818f, 0.00005f);
 }
@@ -196,7 +196,7 @@ TEST(PerlinTest, EqualsThePlainFormulaToTheLastBit) {
     }
 }
 
-TEST(PerlinTest, CoordinatesBeyondIntegersEnd) {
+TEST(PerlinTest, CoordinatesThatAreNotInt32DoNoHarm) {
     constexpr float kInfinite = std::numeric_limits<float>::infinity();
     for (const float frequency :
          {0.0f, 1e-30f, -1e-30f, kInfinite, std::numeric_limits<float>::quiet_NaN()}) {
@@ -207,7 +207,7 @@ TEST(PerlinTest, CoordinatesBeyondIntegersEnd) {
 
 // Clamp and ScaleClamp
 
-TEST(ClampTest, BoundsTheColoursAndLeavesAlphaAlone) {
+TEST(ClampTest, LimitsTheColoursAndLeavesAlphaAlone) {
     TextureData image = ImageOf(3, 1,
                                 {-0.5f, 0.0f, 0.5f, -2.0f,  //
                                  1.0f, 1.5f, 0.25f, 2.0f,   //
@@ -227,7 +227,7 @@ TEST(ScaleClampTest, ScalesRedOverItsRangeAndCopiesItToGreenAndBlue) {
                                              0.25f, 0.25f, -1.0f));
 }
 
-TEST(ScaleClampTest, LeavesAnImageOfConstantRedAsItIs) {
+TEST(ScaleClampTest, LeavesAnImageOfConstantRedUnchanged) {
     TextureData image = RedImage(2, 3, Values(6, 0.3f));
     const Values before = ValuesOf(image);
     EXPECT_TRUE(image.ScaleClamp());
@@ -249,7 +249,7 @@ TEST(ScaleClampTest, EmptyImageStaysEmpty) {
 
 // Blur
 
-TEST(BlurTest, OfRadiusZeroLeavesAnImageWithoutTransparentPixels) {
+TEST(BlurTest, OfRadiusZeroDoesNotChangeAnImageWithoutTransparentPixels) {
     TextureData image = RandomImage(7, 5);
     for (int k = 3; k < 7 * 5 * 4; k += 4)
         image.GetData()[k] = 0.5f;
@@ -281,7 +281,7 @@ TEST(BlurTest, WeighsNeighboursExponentiallyByTheirDistance) {
     }
 }
 
-TEST(BlurTest, OddRadiiHaveAHalfInTheirWidth) {
+TEST(BlurTest, HalfOfAnOddRadiusIsNotRounded) {
     const double nearer = std::exp(1 / (-2 * 1.5 * 1.5));
     TextureData image = RedImage(3, 1, {0, 1, 0});
     EXPECT_TRUE(image.Blur(1));
@@ -289,7 +289,7 @@ TEST(BlurTest, OddRadiiHaveAHalfInTheirWidth) {
 }
 
 TEST(BlurTest, SeesTheArrayAsWidthRowsOfHeightPixels) {
-    // Only the neighbours within a row of two and the one row below or above are reached.
+    // A radius of 1 reaches only the neighbour in the row of two and the rows above and below.
     TextureData image = RedImage(3, 2, {1, 0, 0, 0, 0, 0});
     EXPECT_TRUE(image.Blur(1));
     const Values red = RedOf(image);
@@ -300,7 +300,7 @@ TEST(BlurTest, SeesTheArrayAsWidthRowsOfHeightPixels) {
     EXPECT_EQ(red[5], 0);
 }
 
-TEST(BlurTest, LeavesColoursOfTransparentPixelsOutInTheFirstDirectionAlone) {
+TEST(BlurTest, LeavesColoursOfTransparentPixelsOutOnlyInTheFirstDirection) {
     const Values pixels = {0.25f, 0.25f, 0.25f, 1, 0.75f, 0.75f, 0.75f, 0};
     TextureData across = ImageOf(2, 1, pixels);
     EXPECT_TRUE(across.Blur(1));
@@ -314,7 +314,7 @@ TEST(BlurTest, LeavesColoursOfTransparentPixelsOutInTheFirstDirectionAlone) {
     EXPECT_GT(RedOf(along)[1], 0);
 }
 
-TEST(BlurTest, OfTransparentPixelsAloneIsBlack) {
+TEST(BlurTest, OfOnlyTransparentPixelsIsBlack) {
     TextureData image = ImageOf(2, 1, {0.1f, 0.2f, 0.3f, 0, 0.4f, 0.5f, 0.6f, 0});
     EXPECT_TRUE(image.Blur(3));
     EXPECT_THAT(ValuesOf(image), Each(0.0f));
@@ -333,20 +333,20 @@ TEST(BlurTest, EqualsThePlainFormulaToTheLastBit) {
     }
 }
 
-TEST(BlurTest, KeepsTheArray) {
+TEST(BlurTest, WritesIntoTheSameArray) {
     TextureData image = RandomImage(7, 5);
     const float* const before = image.GetData();
     EXPECT_TRUE(image.Blur(2));
     EXPECT_EQ(image.GetData(), before);
 }
 
-TEST(BlurTest, OfAnEnormousRadiusEnds) {
+TEST(BlurTest, OfTheLargestRadiusIsTheMean) {
     TextureData image = RedImage(3, 1, {0, 0, 3});
     EXPECT_TRUE(image.Blur(std::numeric_limits<int>::max()));
     EXPECT_THAT(RedOf(image), Pointwise(FloatNear(1e-5f), Values{1, 1, 1}));
 }
 
-TEST(BlurTest, OfANegativeRadiusLeavesTheImage) {
+TEST(BlurTest, OfANegativeRadiusDoesNotChangeTheImage) {
     TextureData image = RandomImage(7, 5);
     const Values before = ValuesOf(image);
     EXPECT_TRUE(image.Blur(-1));
@@ -357,8 +357,8 @@ TEST(BlurTest, OfANegativeRadiusLeavesTheImage) {
 
 class TranslateTest : public testing::Test {
 protected:
-    /// The red values after the shift of an image of three columns and two rows, 1 to 6, in
-    /// which 9 fills.
+    /// The red values of an image of three columns and two rows, 1 to 6, after a shift that fills
+    /// with 9.
     static Values Shifted(int dx, int dy) {
         TextureData image = RedImage(3, 2, {1, 2, 3, 4, 5, 6});
         EXPECT_TRUE(image.Translate(dx, dy, Vector(9, 8, 7, 6)));
@@ -390,16 +390,16 @@ TEST_F(TranslateTest, MovesInBothDirections) {
     EXPECT_THAT(Shifted(2, -1), ElementsAre(9, 9, 4, 9, 9, 9));
 }
 
-TEST_F(TranslateTest, ByNothingLeavesTheImage) {
+TEST_F(TranslateTest, ByZeroDoesNotChangeTheImage) {
     EXPECT_THAT(Shifted(0, 0), ElementsAre(1, 2, 3, 4, 5, 6));
 }
 
 TEST_F(TranslateTest, OfTheFullSizeOrMoreFillsEverything) {
-    constexpr int kMost = std::numeric_limits<int>::max();
-    constexpr int kLeast = std::numeric_limits<int>::min();
-    for (const int shift : {3, -3, 4, -4, kMost, kLeast})
+    constexpr int kMax = std::numeric_limits<int>::max();
+    constexpr int kMin = std::numeric_limits<int>::min();
+    for (const int shift : {3, -3, 4, -4, kMax, kMin})
         EXPECT_THAT(Shifted(shift, 0), Each(9.0f)) << shift;
-    for (const int shift : {2, -2, 3, -3, kMost, kLeast})
+    for (const int shift : {2, -2, 3, -3, kMax, kMin})
         EXPECT_THAT(Shifted(0, shift), Each(9.0f)) << shift;
 }
 
@@ -408,7 +408,7 @@ TEST_F(TranslateTest, OfTheFullSizeOrMoreFillsEverything) {
 constexpr std::array<float, 4> kOwn = {0.1f, 0.2f, 0.3f, 0.25f};
 constexpr std::array<float, 4> kOther = {0.05f, 0.1f, 0.4f, 0.75f};
 
-/// What each mode multiplies with.
+/// The weight of each mode.
 const std::array<float, 10> kWeights = {0,
                                         1,
                                         0.25f,
@@ -438,19 +438,19 @@ TEST(BlendTest, EachPairOfModesAddsBothColoursTimesTheirWeights) {
     }
 }
 
-TEST(BlendTest, OfOneAndNothingClampsThisImage) {
+TEST(BlendTest, OfModesOneAndZeroClampsThisImage) {
     TextureData image = ImageOf(1, 2, {-0.5f, 0.5f, 1.5f, 2, 0, 1, 0.25f, -1});
     EXPECT_TRUE(image.Blend(1, 0, RandomImage(3, 2)));
     EXPECT_THAT(ValuesOf(image), ElementsAre(0, 0.5f, 1, 1, 0, 1, 0.25f, 0));
 }
 
-TEST(BlendTest, OfNothingAndNothingIsZero) {
+TEST(BlendTest, OfModesZeroAndZeroIsZero) {
     TextureData image = RandomImage(2, 3);
     EXPECT_TRUE(image.Blend(0, 0, RandomImage(3, 2)));
     EXPECT_THAT(ValuesOf(image), Each(0.0f));
 }
 
-TEST(BlendTest, OfNothingAndOneIsTheOtherImageInThisSize) {
+TEST(BlendTest, OfModesZeroAndOneIsTheOtherImageInThisSize) {
     // As `width` rows of `height` pixels: the other image is (0.1 0.2 0.3) (0.4 0.5 0.6), this
     // one four rows of two.
     const TextureData other = RedImage(2, 3, {0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.6f});
@@ -462,7 +462,7 @@ TEST(BlendTest, OfNothingAndOneIsTheOtherImageInThisSize) {
     EXPECT_EQ(image.GetHeight(), 2);
 }
 
-TEST(BlendTest, SamplesByTheSinglePrecisionQuotient) {
+TEST(BlendTest, PicksTheOtherPixelBySinglePrecisionDivision) {
     for (const auto& [width, height] : kShapes) {
         for (const auto& [otherWidth, otherHeight] : kShapes) {
             TextureData image;

@@ -53,7 +53,7 @@ TEST_F(QueuePassTest, UsedEventsDoNotGoBack) {
     EXPECT_THAT(EventQueue::Take(), ElementsAre(1, 2));
 }
 
-TEST_F(QueuePassTest, ExposeAtTheEndTakesAllKeptEventsWithIt) {
+TEST_F(QueuePassTest, AllKeptEventsAreLostIfTheLastIsAnExpose) {
     EventQueue::PushUser(1);
     EventQueue::Push(SDL_QUIT);
     EventQueue::Push(SDL_VIDEOEXPOSE);
@@ -69,7 +69,7 @@ TEST_F(QueuePassTest, ExposeBeforeTheEndGoesBackWithTheOthers) {
     EXPECT_THAT(EventQueue::Take(), ElementsAre(1, -SDL_VIDEOEXPOSE, 2));
 }
 
-TEST_F(QueuePassTest, UsedEventBehindAnExposeSavesTheKeptOnes) {
+TEST_F(QueuePassTest, KeptEventsGoBackIfAUsedEventFollowsTheExpose) {
     EventQueue::PushUser(1);
     EventQueue::Push(SDL_VIDEOEXPOSE);
     EventQueue::PushKey(true, 'a');

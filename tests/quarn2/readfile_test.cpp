@@ -25,7 +25,7 @@ class ReadWholeFileTest : public testing::Test {
 protected:
     ~ReadWholeFileTest() override { Reads() = {}; }
 
-    /// Expects the problem, for bytes and for text, and that neither keeps anything.
+    /// Expects the problem and no content, both for bytes and for text.
     void ExpectProblem(FileProblem problem, const std::string& path) {
         std::vector<std::uint8_t> bytes{1, 2, 3};
         EXPECT_EQ(ReadWholeFile(path, kLimit, bytes), problem);
@@ -137,7 +137,7 @@ TEST_F(ReadWholeFileTest, LinkToAFileIsReadAsTheFile) {
 
 TEST_F(ReadWholeFileTest, FileThatBreaksOffHalfwayCannotBeRead) {
     const std::string path = folder.Write("file", "twelve bytes");
-    for (const std::size_t bytes : {0u, 6u, 12u}) {  // the last read would tell the end
+    for (const std::size_t bytes : {0u, 6u, 12u}) {  // 12: the read that finds the end fails
         std::string text = "before";
         const FailingReads failing(bytes);
         EXPECT_EQ(ReadWholeFile(path, kLimit, text), FileProblem::CannotBeRead);

@@ -24,7 +24,7 @@ using testing::IsEmpty;
 
 constexpr std::uint32_t kInputChannels = 1U << 6 | 1U << 8;
 
-/// Keeps the input events that it is sent.
+/// Keeps the input events that it receives.
 class Listener : public EventCatcher {
 public:
     Listener() : EventCatcher(nullptr) {}
@@ -76,7 +76,7 @@ protected:
 
     void Update(std::uint32_t milliseconds) { EXPECT_TRUE(input->Update(milliseconds)); }
 
-    /// Whether the key is reported pressed in an update of that length.
+    /// Updates. @return whether the key is then reported as pressed
     bool PressedAfter(std::uint32_t milliseconds, std::size_t key = 'a') {
         Update(milliseconds);
         return Keys().keyboard.pressed[key];
@@ -155,7 +155,7 @@ TEST_F(InputTest, FurtherRepeatsComeAfterMoreThanThirtyMilliseconds) {
         EXPECT_TRUE(PressedAfter(1));
     }
     EXPECT_TRUE(PressedAfter(1000));
-    EXPECT_FALSE(PressedAfter(30)) << "what is left of a long update is not saved up";
+    EXPECT_FALSE(PressedAfter(30)) << "the rest of a long update does not count";
 }
 
 TEST_F(InputTest, RepeatingKeyStaysDown) {
@@ -166,7 +166,7 @@ TEST_F(InputTest, RepeatingKeyStaysDown) {
     EXPECT_THAT(Pressed(), IsEmpty());
 }
 
-TEST_F(InputTest, ReleaseStartsTheDelayAnew) {
+TEST_F(InputTest, ReleaseRestartsTheRepeatDelay) {
     EventQueue::PushKey(true, 'a', 'a');
     Update(1);
     Update(650);
@@ -179,14 +179,14 @@ TEST_F(InputTest, ReleaseStartsTheDelayAnew) {
     EXPECT_TRUE(PressedAfter(0));
 }
 
-TEST_F(InputTest, VeryLongUpdatesDoNoHarm) {
+TEST_F(InputTest, VeryLongUpdatesDoNotOverflow) {
     EventQueue::PushKey(true, 'a', 'a');
     for (int update = 0; update < 10; ++update)
         EXPECT_TRUE(input->Update(0xFFFFFFFFU));
     EXPECT_THAT(Down(), ElementsAre('a'));
 }
 
-TEST_F(InputTest, ShiftedLetterMarksItsSymbolAndItsCharacter) {
+TEST_F(InputTest, ShiftedLetterMarksBothItsSymbolAndItsCharacter) {
     EventQueue::PushKey(true, 'a', 'A');
     Update(10);
     EXPECT_THAT(Pressed(), ElementsAre('A', 'a'));
@@ -229,7 +229,7 @@ TEST_F(InputTest, ReleaseWithACharacterClearsThatCharacter) {
     EXPECT_THAT(Down(), IsEmpty());
 }
 
-TEST_F(InputTest, CodesBeyondTheTableAreIgnored) {
+TEST_F(InputTest, CodesOf512AndAboveAreIgnored) {
     EventQueue::PushKey(true, 'e', 0x20AC);
     EventQueue::PushKey(true, 512, 0xFFFF);
     EventQueue::PushKey(true, 0x7FFFFFFF, 512);
@@ -342,7 +342,7 @@ TEST_F(InputTest, OtherButtonsOnlyMoveThePosition) {
     EXPECT_FALSE(listener->mice[0].left || listener->mice[0].middle || listener->mice[0].right);
 }
 
-TEST_F(InputTest, ButtonOfTheSwallowedFirstEventIsKnownToTheSecond) {
+TEST_F(InputTest, ButtonPressedInTheUnreportedFirstEventIsReportedInTheSecond) {
     EventQueue::PushButton(true, 1, 10, 10);
     Update(10);
     EXPECT_THAT(listener->mice, IsEmpty());
@@ -377,7 +377,7 @@ TEST_F(InputTest, FailedMouseEventFailsTheUpdate) {
     EXPECT_FALSE(input->Update(10));
 }
 
-TEST_F(InputTest, EventsOfOthersGoBackIntoTheQueueInOrder) {
+TEST_F(InputTest, EventsForOthersGoBackIntoTheQueueInOrder) {
     EventQueue::PushUser(1);
     EventQueue::PushKey(true, 'a', 'a');
     EventQueue::Push(SDL_QUIT);
@@ -388,7 +388,7 @@ TEST_F(InputTest, EventsOfOthersGoBackIntoTheQueueInOrder) {
     EXPECT_THAT(Down(), ElementsAre('a'));
 }
 
-TEST_F(InputTest, EventsOfOthersAreDroppedWhenTheQueueEndsWithAnExpose) {
+TEST_F(InputTest, EventsForOthersAreLostIfTheQueueEndsWithAnExpose) {
     EventQueue::PushUser(1);
     EventQueue::Push(SDL_QUIT);
     EventQueue::PushKey(true, 'a', 'a');
@@ -409,7 +409,7 @@ TEST_F(InputTest, UpdateEventCarriesTheTime) {
     EXPECT_FALSE(kernel->SendEvent(nullptr, update));
 }
 
-TEST_F(InputTest, OtherEventsAreOfNoInterest) {
+TEST_F(InputTest, OtherEngineEventsSucceedAndDoNothing) {
     for (const std::uint32_t type :
          {OpenWindowEvent, LoadGraphicsResourcesEvent, InitialSetupEvent, RenderEvent,
           AfterRenderEvent, MouseEvent, KeyEvent, QuitEvent}) {
@@ -420,7 +420,7 @@ TEST_F(InputTest, OtherEventsAreOfNoInterest) {
 }
 
 TEST_F(InputTest, SubscribesToResourcesWindowUpdatesAndAfterRender) {
-    // Of the four, only resources and updates show from outside.
+    // Only resources and updates have an effect that can be seen here.
     SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
     Calls() = {};
     for (const std::uint32_t type : {LoadGraphicsResourcesEvent, InitialSetupEvent, RenderEvent})
@@ -433,12 +433,12 @@ TEST_F(InputTest, SubscribesToResourcesWindowUpdatesAndAfterRender) {
     EXPECT_THAT(Calls().journal, ElementsAre("SDL_QuitSubSystem(512)"));
 }
 
-TEST_F(InputTest, InitLeavesAJoystickSubsystemThatRunsAlone) {
+TEST_F(InputTest, InitDoesNotStartARunningJoystickSubsystemAgain) {
     EXPECT_TRUE(input->Init());
     EXPECT_THAT(Calls().journal, ElementsAre("SDL_EnableUNICODE(1)"));
 }
 
-TEST_F(InputTest, InitLetsGoOfAllKeysAndButtons) {
+TEST_F(InputTest, InitReleasesAllKeysAndButtons) {
     EventQueue::PushKey(true, 'a', 'A');
     EventQueue::PushButton(true, 1, 10, 10);
     Update(10);
@@ -450,7 +450,7 @@ TEST_F(InputTest, InitLetsGoOfAllKeysAndButtons) {
     EXPECT_FALSE(listener->mice[0].left);
 }
 
-TEST_F(InputTest, FailedInitIsReportedAndClosesTheLibrary) {
+TEST_F(InputTest, FailedInitIsReportedAndQuitsSdl) {
     SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
     Calls() = {};
     Calls().failing = {"SDL_Init"};
@@ -461,7 +461,7 @@ TEST_F(InputTest, FailedInitIsReportedAndClosesTheLibrary) {
     EXPECT_THAT(Calls().journal, ElementsAre("SDL_Init(1049088)", "SDL_Quit()"));
 }
 
-TEST_F(InputTest, TranslationIsSwitchedOnAgainInTheFirstUpdateOfAWindow) {
+TEST_F(InputTest, CharacterTranslationIsSwitchedOnAgainInTheFirstUpdateOfAWindow) {
     EXPECT_TRUE(kernel->SendEvent(nullptr, Event(OpenWindowEvent)));
     EXPECT_THAT(Calls().journal, IsEmpty());
     Update(10);
@@ -483,7 +483,7 @@ TEST_F(InputTest, UpdateAllocatesNothing) {
     trace::tracing = false;
 }
 
-TEST_F(InputTest, PointerIsFreeUnlessItIsToBeHeld) {
+TEST_F(InputTest, PointerIsNotMovedUnlessItIsGrabbed) {
     Update(10);
     EXPECT_THAT(Calls().journal, IsEmpty());
 }
@@ -500,9 +500,9 @@ TEST_F(GrabbingInputTest, PointerIsHiddenAndPutBackInEveryUpdate) {
                                              "SDL_WarpMouse(200, 200)", "SDL_ShowCursor(0)"));
 }
 
-TEST_F(GrabbingInputTest, MotionIsMeasuredFromTheHoldingPlace) {
+TEST_F(GrabbingInputTest, MotionIsMeasuredFromTheHoldingPoint) {
     Update(10);
-    EventQueue::Take();  // what the library makes of the pointer's jump
+    EventQueue::Take();  // the motion events of SDL_WarpMouse
     for (int update = 0; update < 2; ++update) {
         EventQueue::PushMotion(210, 195);
         Update(10);
@@ -549,7 +549,7 @@ TEST_F(InputTraceTest, OperationsAreTraced) {
     kernel->RemoveChild(informer);
 }
 
-/// A real window under a real pointer and keyboard.
+/// A real window with a real pointer and keyboard.
 class RealInputTest : public testing::Test {
 protected:
     RealInputTest() {
@@ -609,13 +609,13 @@ protected:
         return goOn;
     }
 
-    /// Runs frames until something is so; gives up after a time.
+    /// Runs frames until the condition holds or there were too many.
     template <typename Condition>
-    bool RunUntil(Condition isSo, int frames = 500) {
+    bool RunUntil(Condition condition, int frames = 500) {
         for (int frame = 0; frame < frames; ++frame) {
             if (!Frame())
                 return false;
-            if (isSo())
+            if (condition())
                 return true;
             SDL_Delay(10);
         }
@@ -634,7 +634,7 @@ protected:
     int clicks = 0;
 };
 
-TEST_F(RealInputTest, ShiftGivesTheCapitalBesideTheSymbol) {
+TEST_F(RealInputTest, ShiftMarksTheCapitalLetterAndTheSymbol) {
     Do("keydown shift keydown a");
     EXPECT_TRUE(RunUntil([this] { return pressed.contains('a'); }));
     Do("keyup a keyup shift");
@@ -657,7 +657,7 @@ TEST_F(RealInputTest, EscapeIsIndexTwentySeven) {
     EXPECT_THAT(pressed, ElementsAre(27));
 }
 
-TEST_F(RealInputTest, MovingUpTheScreenIsPositive) {
+TEST_F(RealInputTest, MovingUpTheScreenGivesAPositiveMotion) {
     dx = dy = 0;
     Do("mousemove_relative -- 30 -40");
     EXPECT_TRUE(RunUntil([&] { return x == 130 && y == 60; }));
@@ -665,7 +665,7 @@ TEST_F(RealInputTest, MovingUpTheScreenIsPositive) {
     EXPECT_EQ(dy, 40);
 }
 
-TEST_F(RealInputTest, PointerThatComesAndGoesLosesNoClickAndNoKey) {
+TEST_F(RealInputTest, NoClickAndNoKeyIsLostAfterThePointerLeftTheWindowOften) {
     for (int times = 0; times < 20; ++times) {
         std::string comeAndGo = "search --name '^Real input$'";
         for (int visit = 0; visit < 10; ++visit)

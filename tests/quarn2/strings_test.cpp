@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What ReadFile makes of a file with that content.
+/// Writes the content into a file and reads it with ReadFile.
 std::string ReadBack(const std::string& content) {
     const std::string name = testing::TempDir() + "strings_test."
                              + testing::UnitTest::GetInstance()->current_test_info()->name();
@@ -20,17 +20,17 @@ std::string ReadBack(const std::string& content) {
     return text;
 }
 
-TEST(ReadFileTest, MissingFileIsTheEmptyTextWithoutAMessage) {
+TEST(ReadFileTest, MissingFileGivesTheEmptyTextWithoutAMessage) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(ReadFile("/nowhere/at/all"), "");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST(ReadFileTest, EmptyFileIsTheEmptyText) {
+TEST(ReadFileTest, EmptyFileGivesTheEmptyText) {
     EXPECT_EQ(ReadBack(""), "");
 }
 
-TEST(ReadFileTest, FolderIsTheEmptyText) {
+TEST(ReadFileTest, FolderGivesTheEmptyText) {
     EXPECT_EQ(ReadFile("/"), "");
 }
 
@@ -68,7 +68,7 @@ TEST(SubstrCountTest, OccurrencesDoNotOverlap) {
     EXPECT_EQ(substr_count("aaaa", "aa"), 2U);
 }
 
-TEST(SubstrCountTest, EmptyNeedleIsNowhere) {
+TEST(SubstrCountTest, EmptyNeedleIsNotCounted) {
     EXPECT_EQ(substr_count("aaa", ""), 0U);
     EXPECT_EQ(substr_count("", ""), 0U);
 }
@@ -82,7 +82,7 @@ TEST(StrReplaceTest, ReplacementIsNotSearchedAgain) {
     EXPECT_EQ(str_replace("ab", "b", "aab"), "ab");
 }
 
-TEST(StrReplaceTest, SearchGoesOnBehindTheOccurrence) {
+TEST(StrReplaceTest, SearchContinuesAfterTheOccurrence) {
     EXPECT_EQ(str_replace("aa", "b", "aaaaa"), "bba");
 }
 

@@ -37,7 +37,7 @@ TEST(TextureDetailsTest, AreEqualWhenFileAndFlagsAre) {
     EXPECT_FALSE(TextureDetails("a/b", 0) == TextureDetails("a//b", 0));
 }
 
-TEST(TextureWithoutGLTest, ANewTextureHoldsNone) {
+TEST(TextureWithoutGLTest, ANewHandleHoldsNoTexture) {
     EXPECT_EQ(Texture().GetName(), 0u);
     EXPECT_EQ(Texture::ReferenceCount(0), 0u);
     EXPECT_EQ(Texture::ReferenceCount(4000000000u), 0u);
@@ -47,7 +47,7 @@ TEST(TextureWithoutGLTest, ReferencesAreCountedIn16Bits) {
     static_assert(std::is_same_v<decltype(Texture::ReferenceCount(0)), std::uint16_t>);
 }
 
-/// The call that the assertion is for, which the sanitizer would report before it.
+/// Binds a null pointer; the sanitizer would report this before the assertion fails.
 __attribute__((no_sanitize("undefined"))) void BindWithoutAnObject() {
     Texture* volatile none = nullptr;
     none->Bind();
@@ -110,7 +110,7 @@ TEST_F(TextureTest, TheSameFileTwiceIsOneTexture) {
     EXPECT_EQ(Texture::ReferenceCount(first.GetName()), 2u);
 }
 
-TEST_F(TextureTest, LoadingWhatTheHandleHoldsIsReassigning) {
+TEST_F(TextureTest, LoadingTheTextureThatTheHandleHoldsIsReportedAsReassigning) {
     const TextureDetails details(folder.Write("a.tga", SmallFile(1, 2, 3, 4)), 0);
     Texture texture;
     Lines(texture, details);
@@ -134,7 +134,7 @@ TEST_F(TextureTest, OtherFlagsAreAnotherTexture) {
     EXPECT_EQ(third.GetName(), single.GetName());
 }
 
-TEST_F(TextureTest, AFailedLoadHoldsNoneAndIsNotCached) {
+TEST_F(TextureTest, AFailedLoadLeavesNoTextureAndIsNotCached) {
     const std::string path = folder.Path("late.tga");
     Texture texture;
     Lines(texture, {folder.Write("a.tga", SmallFile(1, 2, 3, 4)), 0});
@@ -147,7 +147,7 @@ TEST_F(TextureTest, AFailedLoadHoldsNoneAndIsNotCached) {
     EXPECT_EQ(Texture::ReferenceCount(texture.GetName()), 1u);
 }
 
-TEST_F(TextureTest, TakingACachedTextureGivesUpTheOldOneWithoutDeletingIt) {
+TEST_F(TextureTest, TakingACachedTextureReleasesTheOldOneWithoutDeletingIt) {
     const TextureDetails details(folder.Write("a.tga", SmallFile(1, 2, 3, 4)), 0);
     const TextureDetails others(folder.Write("b.tga", SmallFile(5, 6, 7, 8)), 0);
     Texture texture;
@@ -172,7 +172,7 @@ TEST_F(TextureTest, LoadingANewFileLeavesTheOldTextureToItsOtherUsers) {
     const std::uint32_t old = texture.GetName();
     EXPECT_EQ(Lines(texture, {folder.Write("b.tga", SmallFile(5, 6, 7, 8)), 0}), "");
     EXPECT_NE(texture.GetName(), old);
-    EXPECT_EQ(Texture::ReferenceCount(old), 1u);  // kept: only a cached load gives one up
+    EXPECT_EQ(Texture::ReferenceCount(old), 1u);  // kept: only a cached file lowers the count
     Texture second;
     EXPECT_EQ(Lines(second, details), "not reloading texture\n");
     EXPECT_EQ(second.GetName(), old);
@@ -192,7 +192,7 @@ TEST_F(TextureTest, ManyFilesKeepTheirOwnTexturesAndCounts) {
     EXPECT_EQ(again.GetName(), textures[0].GetName());
 }
 
-TEST_F(TextureTest, UploadingGoesPastTheCacheAndIsNotCounted) {
+TEST_F(TextureTest, AnUploadIsNeitherCachedNorCounted) {
     Texture texture;
     EXPECT_TRUE(texture.Load(Picture(), TextureDetails("", 0)));
     const std::uint32_t first = texture.GetName();
@@ -231,7 +231,7 @@ TEST_F(TextureTest, WithoutFlagsItIsMipmappedRepeatingRGBA) {
     EXPECT_EQ(LevelParameter(3, GL_TEXTURE_WIDTH), 0);
 }
 
-TEST_F(TextureTest, EveryByteOfAFileReachesOpenGL) {
+TEST_F(TextureTest, EveryByteValueOfAFileReachesOpenGLUnchanged) {
     Bytes bytes;
     for (int i = 0; i < 256; ++i) {
         for (int channel = 0; channel < 4; ++channel)
@@ -297,7 +297,7 @@ TEST_F(TextureTest, ValuesLoseTheirFractionAsBytes) {
     EXPECT_EQ(Level(0), (Bytes{254, 254, 254, 255}));
 }
 
-TEST_F(TextureTest, ValuesOutsideTheRangeEndAtItsEnds) {
+TEST_F(TextureTest, ValuesOutsideZeroToOneBecomeZeroOr255) {
     TextureData data = Picture(1, 1);
     data.GetData()[0] = 1.01f;
     data.GetData()[1] = -0.5f;
@@ -325,7 +325,7 @@ TEST_F(TextureTest, FloatsGoToOpenGLUnchangedWithAndWithoutMipmaps) {
     }
 }
 
-TEST_F(TextureTest, OtherSidesAreScaledToPowersOfTwo) {
+TEST_F(TextureTest, SidesThatAreNotPowersOfTwoAreScaledToSome) {
     Texture texture;
     texture.Load(Picture(3, 5), TextureDetails("", 0));
     EXPECT_EQ(LevelParameter(0, GL_TEXTURE_WIDTH), 4);

@@ -50,7 +50,7 @@ TEST(TextureDataTest, ACopySharesThePixels) {
     EXPECT_EQ(image.GetData()[3], 0.5f);
 }
 
-TEST(TextureDataTest, LoadingGivesNewPixelsAndLeavesACopyItsOwn) {
+TEST(TextureDataTest, LoadingMakesNewPixelsAndDoesNotChangeThoseOfACopy) {
     TextureData image;
     image.GetData()[0] = 0.25f;
     const TextureData copy = image;
@@ -88,9 +88,10 @@ TEST(TextureDataTest, BytesWithAlphaKeepIt) {
                                            50 / 255.0f, 60 / 255.0f, 70 / 255.0f, 80 / 255.0f));
 }
 
-TEST(TextureDataTest, TheTableHoldsTheVeryBitsOfTheDivision) {
+TEST(TextureDataTest, TheTableEqualsTheDivisionToTheLastBit) {
     for (std::size_t byte = 0; byte < 256; ++byte) {
-        volatile double dividend = static_cast<double>(byte);  // divided while the test runs
+        // Volatile, so that the division is made at run time.
+        volatile double dividend = static_cast<double>(byte);
         volatile float single = static_cast<float>(byte);
         EXPECT_EQ(kUnitOfByte[byte], static_cast<float>(dividend / 255.0)) << byte;
         EXPECT_EQ(kUnitOfByte[byte], single / 255.0f) << byte;
@@ -105,10 +106,10 @@ TEST(TextureDataTest, AnImageOfNoBytesIsEmpty) {
 }
 
 TEST(TextureDataTest, BytesOfANegativeOrExcessiveSizeAreRefused) {
-    constexpr int kMost = std::numeric_limits<int>::max();
+    constexpr int kMax = std::numeric_limits<int>::max();
     const std::uint8_t byte[] = {1, 2, 3, 4};
     for (const auto& [width, height] :
-         {std::pair{-1, 1}, {1, -1}, {-2, -2}, {kMost, kMost}, {8192, 8192}, {1, 1 << 26}}) {
+         {std::pair{-1, 1}, {1, -1}, {-2, -2}, {kMax, kMax}, {8192, 8192}, {1, 1 << 26}}) {
         TextureData image;
         const float* const before = image.GetData();
         testing::internal::CaptureStderr();
@@ -133,7 +134,7 @@ TEST(TextureDataTest, APathWithNeitherFormatIsUnsupported) {
     EXPECT_EQ(LoadLine(image, "", false), ": Unsupported texture format\n");
 }
 
-TEST(TextureDataTest, CapitalLettersAreNoFormat) {
+TEST(TextureDataTest, CapitalLettersInThePathChooseNoDecoder) {
     TextureData image;
     EXPECT_EQ(LoadLine(image, "A.TGA", false), "A.TGA: Unsupported texture format\n");
     EXPECT_EQ(LoadLine(image, "A.Png", false), "A.Png: Unsupported texture format\n");
@@ -151,7 +152,7 @@ TEST(TextureDataTest, TgaAnywhereInThePathChoosesThatDecoder) {
     }
 }
 
-TEST(TextureDataTest, APngInAFolderOfTgasGoesToTheTgaDecoder) {
+TEST(TextureDataTest, APngBelowAFolderNamedTgaGoesToTheTgaDecoder) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("tga/picture.png", "\x89PNG\r\n\x1a\n and so on");
     TextureData image;

@@ -54,7 +54,7 @@ Bytes File(int width, int height, int depth, std::initializer_list<std::uint8_t>
     return file;
 }
 
-/// Every kind of packet, each byte of its own.
+/// Every kind of packet; all bytes are different.
 Bytes Whole() {
     return File(4, 2, 32, {0x02, 1,  2,  3,  4,  5, 6, 7, 8, 9, 10, 11, 12,  // three raw
                            0x83, 13, 14, 15, 16,                             // a run of four
@@ -107,7 +107,7 @@ protected:
         EXPECT_EQ(image.GetHeight(), 2);
     }
 
-    /// The image's values as bytes again.
+    /// The values of the image as bytes.
     Bytes Values() const {
         const auto count = static_cast<std::size_t>(image.GetWidth())
                            * static_cast<std::size_t>(image.GetHeight()) * 4;
@@ -194,7 +194,7 @@ TEST_F(TgaTest, AnIDFieldIsReadAsPackets) {
     EXPECT_EQ(Values(), (Bytes{'!', 'd', 'i', 255, '!', 'd', 'i', 255}));
 }
 
-TEST_F(TgaTest, WhatFollowsTheLastPixelIsIgnored) {
+TEST_F(TgaTest, BytesAfterTheLastPixelAreIgnored) {
     ASSERT_TRUE(Load(File(1, 1, 24, {0x00, 1, 2, 3, 0xFF, 0xFF, 0xFF})));
     EXPECT_EQ(Values(), (Bytes{3, 2, 1, 255}));
 }
@@ -327,8 +327,8 @@ TEST_F(TgaTest, AnImageAboveTheLimitIsRefused) {
                   "67108863 pixels");
 }
 
-TEST_F(TgaTest, ASmallFileThatClaimsAGreatImageIsRefusedBeforeItsPixelsAreAllocated) {
-    // Within the limit, yet its pixels would fill a gigabyte.
+TEST_F(TgaTest, ASmallFileWithTheSizeOfALargeImageIsRefusedBeforeItsPixelsAreAllocated) {
+    // Within the limit, but the pixels would need a gigabyte.
     const std::size_t allocated = AllocatedBytes();
     ExpectRefused(File(8192, 8191, 32, {0xFF, 1, 2, 3, 4}), "the image data ends too early");
     EXPECT_LT(AllocatedBytes() - allocated, 1000000u);
@@ -341,7 +341,7 @@ TEST_F(TgaTest, AnyBytesEndInAnImageOrOneLine) {
         Bytes file = File(static_cast<int>(random() % 7), static_cast<int>(random() % 7),
                           random() % 4 == 0 ? static_cast<int>(random() % 256) : 24, {});
         const std::size_t length = random() % 200;
-        for (std::size_t i = 0; i < length; ++i)  // most are the heads of short packets
+        for (std::size_t i = 0; i < length; ++i)  // most begin a short packet
             file.push_back(static_cast<std::uint8_t>(random() % (random() % 8 == 0 ? 256 : 3)));
         images += ExpectAnImageOrOneLine(file) ? 1 : 0;
     }
@@ -377,7 +377,7 @@ TEST_P(TgaFromImageMagickTest, HasItsPixels) {
     const Bytes raw = Picture(width, height, channels);
     const std::string source = folder.Write(channels == 4 ? "in.rgba" : "in.rgb", raw);
     path = folder.Path("written.tga");
-    // By its full name: "convert" alone may be another program.
+    // With its full name, because "convert" may be another program.
     const std::string command =
         "/usr/bin/convert-im6.q16 -size " + std::to_string(width) + "x" + std::to_string(height)
         + " -depth 8 " + (channels == 4 ? "rgba:" : "rgb:") + source + " -type "

@@ -35,7 +35,7 @@ TEST_F(TimerTest, CountsFromItsConstruction) {
     EXPECT_EQ(timer->GetTime(), 17U);
 }
 
-TEST_F(TimerTest, OutlivesTheEndOfTheClocksRange) {
+TEST_F(TimerTest, IsRightWhenTheClockWraps) {
     Calls().ticks = 0xFFFFFFF0U;
     const Pointer<Timer> timer = new Timer;
     Calls().ticks = 4;

@@ -26,7 +26,7 @@ TEST(TraceOffTest, NothingIsRecordedOrPrintedBeforeTracingIsOn) {
     EXPECT_TRUE(trace::Frames().empty());
 }
 
-TEST_F(TraceTest, StackIsPrintedInnermostFirstAndNumberedByDepth) {
+TEST_F(TraceTest, StackIsPrintedWithTheInnermostCallFirstAndNumberedByDepth) {
     const TraceFrame program("main", "");
     const TraceFrame init("Init", "App");
     const TraceFrame loop("MainLoop", "Kernel");
@@ -48,7 +48,7 @@ TEST_F(TraceTest, ReturningPopsTheFrame) {
     EXPECT_EQ(StackText(), "#2: App::Quit\n#1: ::main\n");
 }
 
-TEST_F(TraceTest, FunctionLeftThroughAnExceptionPopsItsFrame) {
+TEST_F(TraceTest, FunctionThatThrowsPopsItsFrame) {
     const TraceFrame program("main", "");
     try {
         const TraceFrame thrower("Load", "Texture");
@@ -96,7 +96,7 @@ TEST_F(TraceTest, FramesAndAssertionsThatHoldAllocateNothing) {
     EXPECT_EQ(AllocationCount(), before);
 }
 
-TEST_F(TraceTest, DeepRecursionIsRecordedWhole) {
+TEST_F(TraceTest, DeepRecursionIsRecordedCompletely) {
     std::string expected;
     for (int number = 5000; number > 0; --number)
         expected += "#" + std::to_string(number) + ": ::Recurse\n";
@@ -176,7 +176,7 @@ TEST(SignalTest, ForbiddenMemoryAccessIsReported) {
                 testing::Eq("Caught signal SIGSEGV - Invalid memory segment access (ANSI)\n"));
 }
 
-TEST(SignalTest, AbortIsReportedUnderItsOlderName) {
+TEST(SignalTest, AbortIsReportedAsSigiot) {
     const auto crash = [] {
         InstallSignalHandlers();
         std::abort();
@@ -185,10 +185,10 @@ TEST(SignalTest, AbortIsReportedUnderItsOlderName) {
                 testing::Eq("Caught signal SIGIOT - IOT Trap (4.2 BSD)\n"));
 }
 
-// What a library keeps for the program's end may wait for a lock that the interrupted code holds.
-TEST(SignalTest, NothingThatWasKeptForTheProgramsEndRuns) {
+// An exit handler may wait for a lock that the interrupted code holds.
+TEST(SignalTest, ExitHandlersDoNotRunAfterASignal) {
     const auto crash = [] {
-        std::atexit([] { std::cerr << "kept for the end\n"; });
+        std::atexit([] { std::cerr << "exit handler\n"; });
         InstallSignalHandlers();
         std::raise(SIGINT);
     };
@@ -206,7 +206,7 @@ TEST(SignalTest, OtherSignalsKeepTheirDefaultAction) {
     EXPECT_EXIT(end(SIGPIPE), testing::KilledBySignal(SIGPIPE), testing::Eq(""));
 }
 
-TEST_F(TraceTest, SignalWithoutANamePrintsTheStackAlone) {
+TEST_F(TraceTest, SignalWithoutANamePrintsOnlyTheStack) {
     const TraceFrame program("main", "");
     EXPECT_EXIT(SignalHandler(31), testing::ExitedWithCode(1),
                 testing::Eq("Stack Trace:\n#1: ::main\n"));

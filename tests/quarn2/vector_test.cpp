@@ -24,7 +24,7 @@ TEST(VectorTest, MissingComponentsAreZeroAndOne) {
     EXPECT_EQ(Text(Vector(1, 2, 3, 4)), "(1, 2, 3, 4)");
 }
 
-TEST(VectorTest, IsPrintedInTheStreamsOwnForm) {
+TEST(VectorTest, IsPrintedWithTheNumberFormatOfTheStream) {
     EXPECT_EQ(Text(Vector(0.5f, -1.25f, 1e7f, 0.1234567f)), "(0.5, -1.25, 1e+07, 0.123457)");
     std::ostringstream stream;
     stream.precision(2);

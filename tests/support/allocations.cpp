@@ -9,7 +9,7 @@
 
 namespace {
 
-// The OpenGL driver allocates from threads of its own.
+// Atomic, because the OpenGL driver allocates in its own threads.
 std::atomic<std::size_t> count;
 std::atomic<std::size_t> bytes;
 
@@ -23,8 +23,9 @@ std::size_t AllocatedBytes() {
     return bytes;
 }
 
-// Every form is replaced: a sanitizer has its own of whatever is missing here, and no memory may
-// come from one and go to the other. Forms for larger alignments are left to it in pairs.
+// A sanitizer has its own version of every form that is not replaced here, and memory from one
+// version must not be freed by the other. So both halves of a pair are replaced, or neither, as
+// with the forms for larger alignments.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     ++count;
     bytes += size;

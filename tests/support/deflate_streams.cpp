@@ -19,7 +19,8 @@ namespace {
 
 constexpr int kRawWindow = -15;
 
-/// Stops the test program: its own means have failed, whatever is being tested.
+/// Stops the test program if a function of this file fails, which says nothing about what is
+/// tested.
 void Demand(bool condition) {
     if (!condition)
         std::abort();
@@ -54,7 +55,7 @@ constexpr std::array<unsigned, 3> kRepeatBits = {2, 3, 7};
 constexpr std::array<std::size_t, 19> kLengthOrder = {16, 17, 18, 0, 8,  7, 9,  6, 10, 5,
                                                       11, 4,  12, 3, 13, 2, 14, 1, 15};
 
-/// Whether a repeat of the dynamic block that begins at `position` crosses the border.
+/// Whether a repeat of the dynamic block that begins at `position` crosses the sets.
 bool BlockRepeatsAcross(std::span<const std::uint8_t> stream, std::size_t position) {
     BitCursor in(stream, position);
     in.Number(1);
@@ -198,7 +199,7 @@ bool RepeatsCrossTheSets(std::span<const std::uint8_t> stream) {
     state.next_in = const_cast<Bytef*>(stream.data());
     state.avail_in = static_cast<uInt>(stream.size());
     bool crosses = false;
-    bool atBlock = true;  // data_type tells about block ends only
+    bool atBlock = true;  // data_type reports only the ends of blocks
     int result = Z_OK;
     Bytes scratch(std::size_t{1} << 16);
     while (result == Z_OK && !crosses) {
@@ -244,7 +245,7 @@ Bytes MakeContent(Content content, std::size_t size) {
             const std::size_t column = i % kRowBytes;
             if (column == 0) {
                 bytes[i] = static_cast<std::uint8_t>(i / kRowBytes % 5);
-            } else if (column % 4 != 0) {  // alpha is constant and differs by nothing
+            } else if (column % 4 != 0) {  // alpha is constant, so its difference is 0
                 bytes[i] = static_cast<std::uint8_t>(random() % 5 + random() % 5 - 4);
             }
         }

@@ -25,7 +25,7 @@ public:
     /// Whole bytes, after Align.
     BitWriter& Append(std::span<const std::uint8_t> more);
 
-    /// What has been written, the last byte filled up with zeros.
+    /// The bytes written so far. Unused bits of the last one are zero.
     const Bytes& Written() const { return bytes; }
 
 private:
@@ -48,7 +48,7 @@ void WriteDynamicHeader(BitWriter& out, bool last, unsigned literalSymbols,
 Bytes DeflateWithZlib(std::span<const std::uint8_t> data, int level, int strategy = 0);
 Bytes DeflateWithLibdeflate(std::span<const std::uint8_t> data, int level);
 
-/// What zlib makes of a raw stream, up to `capacity` bytes.
+/// How zlib decodes a raw stream, up to `capacity` bytes.
 struct ZlibResult {
     bool complete = false;  ///< the stream ended well within the capacity
     Bytes output;
@@ -59,13 +59,13 @@ ZlibResult InflateWithZlib(std::span<const std::uint8_t> stream, std::size_t cap
 /// border between the literal/length set and the distance set.
 bool RepeatsCrossTheSets(std::span<const std::uint8_t> stream);
 
-/// Contents to compress. `Picture` is RGBA rows of 64 pixels behind their filter bytes.
+/// Contents to compress. `Picture` is RGBA rows of 64 pixels, each after its filter byte.
 enum class Content { Text, Zeros, Noise, Picture };
 constexpr Content kContents[] = {Content::Text, Content::Zeros, Content::Noise, Content::Picture};
 Bytes MakeContent(Content content, std::size_t size);
 std::string NameOf(Content content);
 
-/// Bytes between two pages that must not be touched; the process dies when they are.
+/// Bytes between two pages that may not be accessed: doing so ends the process.
 class GuardedBytes {
 public:
     enum class Against { Front, Back };  ///< the page that the bytes lie next to

@@ -10,7 +10,7 @@
 #include <cstring>
 #include <vector>
 
-/// The window system's event queue without a window system: it holds what a test puts there.
+/// SDL's event queue without a display: it has only the events that a test puts there.
 class EventQueue {
 public:
     EventQueue() {
@@ -42,7 +42,7 @@ public:
         SDL_Event event{};
         event.type = down ? SDL_KEYDOWN : SDL_KEYUP;
         event.key.state = down ? SDL_PRESSED : SDL_RELEASED;
-        // Also numbers that are not in the enumeration.
+        // Copied, because the number may be outside the enumeration.
         std::memcpy(&event.key.keysym.sym, &symbol, sizeof symbol);
         event.key.keysym.unicode = static_cast<Uint16>(character);
         Push(event);
@@ -66,7 +66,8 @@ public:
         Push(event);
     }
 
-    /// Empties the queue: the codes of user events, the negative types of others.
+    /// Empties the queue.
+    /// @return the codes of user events and the negative types of other events
     static std::vector<int> Take() {
         std::vector<int> taken;
         for (SDL_Event event; SDL_PollEvent(&event) != 0;)

@@ -7,7 +7,7 @@
 
 #include "quarn2/font.h"
 
-/// Answers for a font's glyphs, so that texts can be measured where there is no OpenGL.
+/// Sets the advances of a font, so that texts can be measured without OpenGL.
 class FontAccess {
 public:
     /// Gives every glyph the same advance at size 1.

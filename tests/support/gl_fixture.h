@@ -8,9 +8,9 @@
 
 #include "tests/support/gl_window.h"
 
-/// A test that draws into one window, which all tests of the program share: textures and lists
-/// live as long as its context. Begins with the matrices at the identity, in the model-view
-/// mode, and expects OpenGL to have no complaint at the end.
+/// A test that draws into one window. All tests of the program share it, because textures and
+/// lists live as long as its context. A test begins with identity matrices in the model-view mode
+/// and expects that OpenGL has no error at the end.
 class GLTest : public testing::Test {
 protected:
     GLTest() : window(SharedWindow()) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 /// A real OpenGL window for tests that draw. Opens on construction and aborts the test
-/// program with a message when there is no display: a drawing test never passes unseen.
+/// program with a message if there is no display, so that no drawing test passes without one.
 class GLWindowForTests {
 public:
     explicit GLWindowForTests(int pixelsWide = 800, int pixelsHigh = 600);

@@ -10,19 +10,19 @@
 #include <string>
 #include <vector>
 
-/// The calls that code under test makes to the window system's library: a journal, and answers
-/// that the real library does not give on demand. Linking `test_library_calls` puts it between
-/// the two; whatever is not answered here is passed on.
+/// The calls of the code under test to SDL and GLEW: a journal, and results that these libraries
+/// do not give on demand. Linking `test_library_calls` puts this between the two; a call without
+/// such a result goes to the library.
 struct LibraryCalls {
     std::vector<std::string> journal;    ///< such as "SDL_ShowCursor(1)"
-    std::set<std::string> failing;       ///< functions that fail without being called
-    std::optional<std::uint32_t> ticks;  ///< the clock stands still there
+    std::set<std::string> failing;       ///< functions that fail and do not reach the library
+    std::optional<std::uint32_t> ticks;  ///< the clock stands still at this time
     std::optional<std::uint32_t> loaderResult;
     bool hardwareBlits = false;
-    std::function<void()> afterVideoMode;  ///< runs in the fresh context
+    std::function<void()> afterVideoMode;  ///< runs in the new OpenGL context
 };
 
-/// What a function that is made to fail leaves in SDL_GetError.
+/// What SDL_GetError returns after such a failure.
 inline constexpr char kFailure[] = "made to fail";
 
 LibraryCalls& Calls();

@@ -10,10 +10,10 @@
 
 #include "quarn2/texturedata.h"
 
-// The costly operations of an image as their formulas read, one pixel after the other: what the
-// fast ones must equal to the last bit.
+// The slow operations of an image, written one pixel after the other as in their formulas. The
+// fast ones must give the same result to the last bit.
 
-/// Floats of an image as the operations that see it as `width` rows of `height` pixels do.
+/// The floats of an image as `width` rows of `height` pixels, as some of the operations see it.
 struct PlainImage {
     explicit PlainImage(const TextureData& image)
         : width(image.GetWidth()),

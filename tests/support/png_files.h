@@ -23,7 +23,7 @@ struct Pixels {
 /// A picture with gradients, edges, noise and varying alpha.
 Pixels MakePixels(std::uint32_t width, std::uint32_t height);
 
-/// The rows behind their filter bytes. `filter` gives the type for each row.
+/// The rows, each after its filter byte. `filter` gives the type for each row.
 Bytes FilterRows(const Pixels& pixels, const std::function<std::uint8_t(std::uint32_t)>& filter);
 
 /// A zlib stream with the 32 KiB window, as zlib writes it.
@@ -35,7 +35,7 @@ Bytes PngSignature();
 /// `type` has four letters.
 Bytes PngChunk(const std::string& type, std::span<const std::uint8_t> data);
 
-/// The fields of an image header, by default those of a file that can be used.
+/// The fields of an image header, by default those of a file that can be loaded.
 struct PngHeader {
     std::uint32_t width = 1;
     std::uint32_t height = 1;

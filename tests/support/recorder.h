@@ -13,7 +13,8 @@
 #include "quarn2/eventcatcher.h"
 #include "quarn2/kernel.h"
 
-/// A catcher that notes what it is sent, as "name type", in a journal that several may share.
+/// A catcher that writes each event that it receives into a journal, as "name type". Several may
+/// share a journal.
 class Recorder : public EventCatcher {
 public:
     Recorder(std::string newName, std::vector<std::string>& newJournal)
@@ -27,7 +28,7 @@ public:
     }
 
     std::function<void(Event&)> act;  ///< may change its copy
-    std::set<std::uint32_t> failing;  ///< kinds that are answered with false
+    std::set<std::uint32_t> failing;  ///< types for which it returns false
 
 private:
     std::string name;

@@ -7,7 +7,7 @@
 
 #include "quarn2/trace.h"
 
-/// Has the call trace on for as long as it lives; the program can switch it on but never off.
+/// Switches the call trace on as long as the object lives. The program itself cannot switch it off.
 class TraceSwitch {
 public:
     TraceSwitch() { trace::Start(); }

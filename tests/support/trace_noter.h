@@ -11,7 +11,7 @@
 
 #include "quarn2/trace.h"
 
-/// The call trace as it stands, innermost first, such as "Texture::Load".
+/// The call trace now, innermost call first, such as "Texture::Load".
 inline std::vector<std::string> CurrentCalls() {
     std::vector<std::string> calls;
     for (const trace::Frame& frame : trace::Frames())
@@ -19,7 +19,7 @@ inline std::vector<std::string> CurrentCalls() {
     return calls;
 }
 
-/// Takes the place of standard error and notes the call trace of the first write.
+/// Replaces the buffer of standard error and records the call trace of the first write.
 class TraceNoter : public std::streambuf {
 public:
     TraceNoter() : before(std::cerr.rdbuf(this)) {}

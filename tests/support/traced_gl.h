@@ -7,6 +7,6 @@
 #include <vector>
 
 /// The call traces of the last glGetFloatv and glMultMatrixf, innermost first. Linking
-/// `test_traced_gl` puts itself between the code under test and these two.
+/// `test_traced_gl` puts it between the code under test and these two.
 std::vector<std::string>& CallsOfGetFloat();
 std::vector<std::string>& CallsOfMultMatrix();

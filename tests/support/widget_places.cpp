@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kWidth = 800;
 constexpr int kHeight = 600;
-constexpr int kStep = 2;  // no widget is thinner
+constexpr int kStep = 2;  // pixels; every widget is thicker
 
 void MoveTo(int x, int y) {
     GLWidget::MouseMoveWidgets(Vector(static_cast<float>(x), static_cast<float>(y)));

@@ -7,19 +7,19 @@
 #include <string>
 #include <vector>
 
-/// Where a widget can be hit, in window pixels from the top left, borders included.
+/// Where a click hits a widget, in window pixels from the top left, borders included.
 struct WidgetPlace {
     int left, top, right, bottom;
 };
 
-/// Finds the widgets that can be reached now the way a player finds them: by moving the mouse
-/// over an 800 by 600 window and looking which widgets notice. By tag.
+/// Finds the widgets that a player can reach now: moves the mouse over an 800 by 600 window and
+/// looks which widgets get the focus. By tag.
 std::map<std::string, WidgetPlace> ReachableWidgets();
 
 /// Presses and releases the left mouse button in the middle of a place.
 void ClickAt(const WidgetPlace& place);
 
-/// Moves the mouse there.
+/// Moves the mouse into the middle of a place.
 void MoveToMiddle(const WidgetPlace& place);
 
 /// The buttons with which tab windows show their tabs, by tag.
