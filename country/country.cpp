@@ -4,6 +4,7 @@
 #include "country/country.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "country/random.h"
@@ -24,6 +25,16 @@ float Order(float funds, float sellPrice, float buyPrice, float level) {
     return funds / std::min(sellPrice, buyPrice) * level;
 }
 
+/// Adds a trade to its deal.
+/// @param goods  below 0 if the country gave them
+void Book(Deal& bought, Deal& sold, float price, float goods) {
+    const double amount = static_cast<double>(goods);
+    const double doubloons = static_cast<double>(price * goods);
+    Deal& deal = amount < 0.0 ? sold : bought;
+    deal.goods += std::fabs(amount);
+    deal.doubloons += std::fabs(doubloons);
+}
+
 }  // namespace
 
 Country::Country(const std::string& countryName, int people)
@@ -41,6 +52,7 @@ Country::Country(const std::string& countryName, int people)
 void Country::Process(float seconds) {
     TraceFrame frame("Process", "Country");
     Assert("country", __LINE__, "seconds >= 0.0f", seconds >= 0.0f);
+    trades = {};
     funds += Income(seconds);
     funds -= military.Cost(seconds);
     Population::Process(seconds);
@@ -61,6 +73,9 @@ void Country::Sell(float livestockAmount, float grainAmount, const Country* part
     grain.amount -= grainAmount;
     funds += partner->livestockSellPrice * livestockAmount;
     funds += partner->grainSellPrice * grainAmount;
+    Book(trades.livestockBought, trades.livestockSold, partner->livestockSellPrice,
+         -livestockAmount);
+    Book(trades.grainBought, trades.grainSold, partner->grainSellPrice, -grainAmount);
 }
 
 void Country::Buy(float livestockAmount, float grainAmount, float fineGoods,
@@ -74,6 +89,8 @@ void Country::Buy(float livestockAmount, float grainAmount, float fineGoods,
     // kept: the payment uses the partner's buy prices, the check its lower sell prices
     funds -= partner->livestockBuyPrice * livestockAmount;
     funds -= partner->grainBuyPrice * grainAmount;
+    Book(trades.livestockBought, trades.livestockSold, partner->livestockBuyPrice, livestockAmount);
+    Book(trades.grainBought, trades.grainSold, partner->grainBuyPrice, grainAmount);
 }
 
 bool Country::BuyPossible(float livestockAmount, float grainAmount, float fineGoods,

@@ -10,6 +10,21 @@
 #include "country/economy.h"
 #include "country/population.h"
 
+/// Goods that changed hands, and the doubloons paid for them.
+struct Deal {
+    double goods = 0.0;
+    double doubloons = 0.0;
+};
+
+/// What a country traded. Neither value of a deal is ever below 0: a negative purchase is a sale,
+/// and a negative sale is a purchase.
+struct Trades {
+    Deal livestockBought;
+    Deal livestockSold;
+    Deal grainBought;
+    Deal grainSold;
+};
+
 /// A people with its treasury, its prices and its name. Money is in doubloons. Prices are set
 /// when the country is made. Trading with a country does not change that country.
 class Country : public Population {
@@ -21,6 +36,7 @@ public:
     float livestockSellPrice;     ///< per head, what this country pays a seller
     float grainSellPrice;         ///< per unit, what this country pays a seller
     float funds;                  ///< may go below 0
+    Trades trades;                ///< since the last tick; no rule reads it
     std::string name;
     std::vector<Country*> continent;  ///< every country of the game, this one too; not owned
     /// Countries that sell fine goods to this one. One that is missing counts as false.

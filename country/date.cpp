@@ -99,6 +99,13 @@ std::string Date::Text() const {
     return buffer.data();
 }
 
+std::string Date::DayText() const {
+    TraceFrame frame("DayText", "Date");
+    std::array<char, 40> buffer;  // three numbers of 11 characters and two separators at most
+    std::snprintf(buffer.data(), buffer.size(), "%d/%d/%d", year, month, day);
+    return buffer.data();
+}
+
 std::string Date::TimeText() const {
     TraceFrame frame("TimeText", "Date");
     std::array<char, 40> buffer;

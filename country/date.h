@@ -27,6 +27,9 @@ public:
     /// Without leading zeros: "1358/5/16 0:0:0".
     std::string Text() const;
 
+    /// The day alone, without leading zeros: "1358/5/16".
+    std::string DayText() const;
+
     /// The time of day alone, with leading zeros: "09:05:00".
     std::string TimeText() const;
 

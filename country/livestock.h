@@ -16,7 +16,9 @@ public:
     /// is lowered, and stays so until the workers are set again.
     void Process(float seconds);
 
-private:
+    /// Whether a production of `rate` is more than the herd can grow by in `seconds`.
     bool OutgrowsHerd(float rate, float seconds) const;
+
+private:
     void LowerToGrowthLimit(float seconds);
 };

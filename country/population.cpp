@@ -4,6 +4,8 @@
 #include "country/population.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <iostream>
 
 #include "country/random.h"
@@ -12,6 +14,19 @@
 
 namespace {
 
+/// In the order of FoodState.
+constexpr std::array<std::string_view, 6> kMessages{
+    "the people are starving fast!", "the people are starving slowly!",
+    "the people are hungry!",        "",
+    "the people are well fed!",      "the people are gorging themselves!",
+};
+
+/// How many of the living are dead when `before` people become `after`: the population may fall
+/// below 0.
+double Dead(float before, float after) {
+    return static_cast<double>(std::max(0.0f, before)) - static_cast<double>(std::max(0.0f, after));
+}
+
 float RollWeeks(float spread, float lowest) {
     const double roll = RollUnit();
     return static_cast<float>((roll * spread + lowest) * kSecondsPerWeek);
@@ -19,16 +34,20 @@ float RollWeeks(float spread, float lowest) {
 
 }  // namespace
 
+std::string_view MessageOf(FoodState state) {
+    return kMessages[static_cast<std::size_t>(state)];
+}
+
 Population::Population(int people) : population(static_cast<float>(people)), messages(&std::cout) {
     TraceFrame frame("Population", "Population");
 }
 
-float Population::IdleCount() const {
-    TraceFrame frame("IdleCount", "Population");
+float Population::IdleShare() const {
+    TraceFrame frame("IdleShare", "Population");
     float sum = 0.0f;
     for (const float share : shares)
         sum += share;
-    return (1.0f - sum) * population;
+    return 1.0f - sum;
 }
 
 void Population::Normalise(Profession profession) {
@@ -74,32 +93,52 @@ void Population::Process(float seconds) {
     FeelJustice(seconds);
 }
 
+FoodState Population::FindFoodState() const {
+    TraceFrame frame("FindFoodState", "Population");
+    if (grain.IsEmpty() || livestock.IsEmpty())
+        return FoodState::StarvingFast;
+    if (grain.IsStarving() || livestock.IsStarving())
+        return FoodState::StarvingSlowly;
+    if (grain.IsHungry() || livestock.IsHungry())
+        return FoodState::Hungry;
+    if (grain.IsGorging() || livestock.IsGorging())
+        return FoodState::Gorging;
+    if (grain.IsWellFed() || livestock.IsWellFed())
+        return FoodState::WellFed;
+    return FoodState::Content;
+}
+
 void Population::FeelHunger(float seconds) {
     TraceFrame frame("FeelHunger", "Population");
     const float hunger = grain.HungerFactor() * livestock.HungerFactor();
-    if (grain.IsEmpty() || livestock.IsEmpty()) {
+    foodState = FindFoodState();
+    switch (foodState) {
+    case FoodState::StarvingFast:
         morale -= OverTick(RollSmallStep() * 5.0f, seconds);
         famineChance += OverTick(hunger * RollSmallStep() * 5.0f, seconds);
         famineChance = 1.0f;  // kept: certain, but the roll above is still made
-        Say("the people are starving fast!");
-    } else if (grain.IsStarving() || livestock.IsStarving()) {
+        break;
+    case FoodState::StarvingSlowly:
         morale -= OverTick(2.0f * RollSmallStep(), seconds);
         famineChance += OverTick(2.0f * RollSmallStep() * hunger, seconds);
-        Say("the people are starving slowly!");
-    } else if (grain.IsHungry() || livestock.IsHungry()) {
+        break;
+    case FoodState::Hungry:
         morale -= OverTick(RollSmallStep() * hunger, seconds);
         famineChance += OverTick(RollSmallStep(), seconds);
-        Say("the people are hungry!");
-    } else if (grain.IsGorging() || livestock.IsGorging()) {
+        break;
+    case FoodState::Content:
+        return;
+    case FoodState::Gorging:
         morale += OverTick(2.0f * RollSmallStep(), seconds);
         famineChance -= OverTick(2.0f * RollSmallStep(), seconds);
-        Say("the people are gorging themselves!");
-    } else if (grain.IsWellFed() || livestock.IsWellFed()) {
+        break;
+    case FoodState::WellFed:
         morale += OverTick(RollSmallStep(), seconds);
         opinion += OverTick(RollSmallStep(), seconds);
         famineChance -= OverTick(RollSmallStep(), seconds);
-        Say("the people are well fed!");
+        break;
     }
+    Say(MessageOf(foodState));
 }
 
 void Population::ConsiderRebellion() {
@@ -113,7 +152,7 @@ void Population::ConsiderRebellion() {
 
 void Population::SufferPlague(float seconds) {
     TraceFrame frame("SufferPlague", "Population");
-    if (!(plagueTime > 0.0f)) {
+    if (!InPlague()) {
         plagueTime = 0.0f;
         return;
     }
@@ -121,20 +160,29 @@ void Population::SufferPlague(float seconds) {
     const float doctors = Count(Profession::Doctors) / population;
     plagueTime = std::max(plagueTime - std::min(5.0f * doctors, 1.0f) * seconds, 0.0f);
     const double roll = RollUnit();
-    const double deaths = (roll * 100.0f + 300.0f) * std::max(1.0f - 2.0f * doctors, 0.0f);
-    population = static_cast<float>(population - OverTick(deaths, seconds));
+    const float before = population;
+    population = static_cast<float>(population - OverTick(DeadOfPlague(roll), seconds));
+    disasters.deadOfPlague += Dead(before, population);
+}
+
+double Population::DeadOfPlague(double roll) const {
+    TraceFrame frame("DeadOfPlague", "Population");
+    const float doctors = Count(Profession::Doctors) / population;
+    return (roll * 100.0f + 300.0f) * std::max(1.0f - 2.0f * doctors, 0.0f);
 }
 
 void Population::SufferFamine(float seconds) {
     TraceFrame frame("SufferFamine", "Population");
-    if (!(famineTime > 0.0f)) {
+    if (!InFamine()) {
         famineTime = 0.0f;
         return;
     }
     famineChance = 0.0f;
     famineTime = std::max(famineTime - seconds, 0.0f);
     const double roll = RollUnit();
-    population = static_cast<float>(population - OverTick(roll * 200.0f + 1000.0f, seconds));
+    const float before = population;
+    population = static_cast<float>(population - OverTick(DeadOfFamine(roll), seconds));
+    disasters.deadOfFamine += Dead(before, population);
 }
 
 void Population::RollDisasters(float seconds) {
@@ -143,11 +191,15 @@ void Population::RollDisasters(float seconds) {
     // start a plague
     const float weeks = seconds / kSecondsPerWeek;
     const double famineRoll = RollUnit();
-    if (1.0f - famineChance < weeks * famineRoll && GraceIsOver())
+    if (1.0f - famineChance < weeks * famineRoll && GraceIsOver()) {
         famineTime = RollWeeks(8.0f, 18.0f);
+        ++disasters.famines;
+    }
     const double plagueRoll = RollUnit();
-    if (0.99f < weeks * plagueRoll && GraceIsOver())
+    if (0.99f < weeks * plagueRoll && GraceIsOver()) {
         plagueTime = RollWeeks(4.0f, 8.0f);
+        ++disasters.plagues;
+    }
 }
 
 void Population::FeelInjustice(float seconds) {
@@ -160,15 +212,19 @@ void Population::FeelInjustice(float seconds) {
 
 void Population::Grow(float seconds) {
     TraceFrame frame("Grow", "Population");
-    if (!grain.IsStarving() && !livestock.IsStarving())
-        population += OverTick(0.0075f * IdleCount(), seconds);
+    population += OverTick(Births(population), seconds);
+}
+
+float Population::Births(float people) const {
+    TraceFrame frame("Births", "Population");
+    if (grain.IsStarving() || livestock.IsStarving())
+        return 0.0f;
+    return 0.0075f * (IdleShare() * people);
 }
 
 void Population::Eat(float seconds) {
     TraceFrame frame("Eat", "Population");
-    float people = OverTick(population, seconds);
-    if (famineTime > 0.0f)
-        people *= 1.5f;
+    const float people = Eaten(OverTick(population, seconds));
     grain.Consume(people);
     livestock.Consume(people);
 }
@@ -181,7 +237,7 @@ void Population::FeelJustice(float seconds) {
     morale = static_cast<float>(morale + OverTick(roll * 0.003f + 0.001f, seconds));
 }
 
-void Population::Say(const char* message) const {
+void Population::Say(std::string_view message) const {
     TraceFrame frame("Say", "Population");
     if (messages != nullptr)
         *messages << message << std::endl;  // each line is flushed

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <iosfwd>
+#include <string_view>
 
 #include "country/education.h"
 #include "country/grain.h"
@@ -19,6 +20,20 @@ enum class Profession { Farmers, Butchers, Educators, Warriors, Doctors };
 inline constexpr std::array kProfessions{Profession::Farmers, Profession::Butchers,
                                          Profession::Educators, Profession::Warriors,
                                          Profession::Doctors};
+
+/// How well the people eat, and so what they say of their food.
+enum class FoodState { StarvingFast, StarvingSlowly, Hungry, Content, WellFed, Gorging };
+
+/// The line that the people write in that state; empty if they are content.
+std::string_view MessageOf(FoodState state);
+
+/// Counted from the day when the country is made. No rule reads it.
+struct DisasterCount {
+    int famines = 0;  ///< begun so far; one that begins during another counts too
+    int plagues = 0;  ///< as famines
+    double deadOfFamine = 0.0;
+    double deadOfPlague = 0.0;
+};
 
 /// The people of a country: how many there are, what they do, how well they eat, how content
 /// they are, and what strikes them.
@@ -38,6 +53,8 @@ public:
     bool rebellion = false;     ///< never false again once it is true
     bool revolt = false;        ///< only shown
     float elapsed = 0.0f;       ///< game seconds since the country was created
+    FoodState foodState = FoodState::Content;  ///< as the last tick found it; no rule reads it
+    DisasterCount disasters;
 
     /// No famine, plague or rebellion begins in a country's first 48 weeks.
     static constexpr float kGracePeriod = 29030400.0f;
@@ -51,7 +68,7 @@ public:
 
     float Count(Profession profession) const { return Share(profession) * population; }
     /// Negative while the shares add up to more than 1.
-    float IdleCount() const;
+    float IdleCount() const { return IdleShare() * population; }
 
     /// Makes room for the share of `profession`, which was just set: if the shares add up to more
     /// than 1, each of the other four loses a quarter of the excess, but none goes below 0. Then
@@ -60,6 +77,21 @@ public:
 
     /// One tick. Writes what the people say of their food to the message stream.
     void Process(float seconds);
+
+    bool GraceIsOver() const { return elapsed > kGracePeriod; }
+    bool InFamine() const { return famineTime > 0.0f; }
+    bool InPlague() const { return plagueTime > 0.0f; }
+
+    // Changes in a week, for the rules and for those who look ahead
+
+    /// @param roll  from 0 to 1
+    static double DeadOfFamine(double roll) { return roll * 200.0f + 1000.0f; }
+    /// @param roll  from 0 to 1
+    double DeadOfPlague(double roll) const;
+    /// Children of the idle among that many people; below 0 while the shares add up to more than 1.
+    float Births(float people) const;
+    /// Person-weeks eaten by that many people.
+    float Eaten(float people) const { return InFamine() ? people * 1.5f : people; }
 
     /// Where the messages go, one line each, flushed; standard output if this is not called.
     /// @param stream  not owned; null drops the messages
@@ -70,7 +102,8 @@ private:
         return static_cast<std::size_t>(profession);
     }
 
-    bool GraceIsOver() const { return elapsed > kGracePeriod; }
+    float IdleShare() const;
+    FoodState FindFoodState() const;
     void FeelHunger(float seconds);
     void ConsiderRebellion();
     void SufferPlague(float seconds);
@@ -80,7 +113,7 @@ private:
     void Grow(float seconds);
     void Eat(float seconds);
     void FeelJustice(float seconds);
-    void Say(const char* message) const;
+    void Say(std::string_view message) const;
 
     std::array<float, kProfessions.size()> shares{0.25f, 0.5f};
     std::ostream* messages;  // not owned

@@ -187,6 +187,11 @@ TEST(CountryTest, CampaignsEqualASecondSimpleImplementationOfTheRules) {
             ASSERT_EQ(country.plagueTime, plain.plagueTime);
             ASSERT_EQ(country.elapsed, plain.elapsed);
             ASSERT_EQ(country.rebellion, plain.rebellion);
+            ASSERT_EQ(country.foodState, plain.food);
+            ASSERT_EQ(country.disasters.famines, plain.famines);
+            ASSERT_EQ(country.disasters.plagues, plain.plagues);
+            ASSERT_EQ(country.disasters.deadOfFamine, plain.deadOfFamine);
+            ASSERT_EQ(country.disasters.deadOfPlague, plain.deadOfPlague);
         }
         famines += country.famineTime > 0.0f ? 1 : 0;
         plagues += country.plagueTime > 0.0f ? 1 : 0;
@@ -310,6 +315,40 @@ TEST_F(TradeTest, OrderIsWhatTheFundsBuyAtTheLowerPrice) {
     EXPECT_EQ(player.LivestockOrder(partner, 0.0f), 0.0f);
     partner.livestockSellPrice = 2.0f;
     EXPECT_EQ(player.LivestockOrder(partner, 1.0f), 500.0f);
+}
+
+TEST_F(TradeTest, TradesOfAllOrdersSinceTheLastTickAreCounted) {
+    player.Buy(100.0f, 0.0f, 0.0f, &partner);
+    player.Buy(50.0f, 20.0f, 0.0f, &partner);
+    player.Sell(30.0f, 40.0f, &partner);
+    EXPECT_EQ(player.trades.livestockBought.goods, 150.0);
+    EXPECT_NEAR(player.trades.livestockBought.doubloons, 150.0 * 1.0, 1e-4);
+    EXPECT_EQ(player.trades.grainBought.goods, 20.0);
+    EXPECT_NEAR(player.trades.grainBought.doubloons, 20.0 * 1.25, 1e-4);
+    EXPECT_EQ(player.trades.livestockSold.goods, 30.0);
+    EXPECT_NEAR(player.trades.livestockSold.doubloons, 30.0 * 0.8, 1e-4);
+    EXPECT_EQ(player.trades.grainSold.goods, 40.0);
+    EXPECT_NEAR(player.trades.grainSold.doubloons, 40.0 * 1.0, 1e-4);
+    player.Process(0.0f);
+    EXPECT_EQ(player.trades.livestockBought.goods, 0.0);
+    EXPECT_EQ(player.trades.grainSold.doubloons, 0.0);
+}
+
+TEST_F(TradeTest, RefusedPurchaseIsNotCounted) {
+    player.Buy(10000.0f, 10000.0f, 0.0f, &partner);
+    EXPECT_EQ(player.trades.livestockBought.goods, 0.0);
+    EXPECT_EQ(player.trades.grainBought.goods, 0.0);
+}
+
+TEST_F(TradeTest, NegativePurchaseIsCountedAsASaleAndANegativeSaleAsAPurchase) {
+    player.Buy(-10.0f, 0.0f, 0.0f, &partner);
+    EXPECT_EQ(player.trades.livestockSold.goods, 10.0);
+    EXPECT_NEAR(player.trades.livestockSold.doubloons, 10.0 * 1.0, 1e-4);
+    player.Sell(0.0f, -8.0f, &partner);
+    EXPECT_EQ(player.trades.grainBought.goods, 8.0);
+    EXPECT_NEAR(player.trades.grainBought.doubloons, 8.0 * 1.0, 1e-4);
+    EXPECT_EQ(player.trades.livestockBought.goods, 0.0);
+    EXPECT_EQ(player.trades.grainSold.goods, 0.0);
 }
 
 TEST_F(TradeTest, MissingPartnerEndsTheProgram) {

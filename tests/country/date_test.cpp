@@ -47,6 +47,10 @@ TEST(DateTest, FieldsThatCannotBeReadAreZero) {
     EXPECT_EQ(Date("1358/05/16 noon").Text(), "1358/5/16 0:0:0");
 }
 
+TEST(DateTest, DayTextIsTheDayWithoutLeadingZeros) {
+    EXPECT_EQ(Date("1358/05/06 12:34:56").DayText(), "1358/5/6");
+}
+
 TEST(DateTest, TimeTextHasLeadingZeros) {
     EXPECT_EQ(Date("1358/5/16 7:8:9").TimeText(), "07:08:09");
     EXPECT_EQ(Date("1358/5/16 17:48:39").TimeText(), "17:48:39");

@@ -21,6 +21,9 @@ struct PlainCountry {
     float famineChance, famineTime, plagueTime, elapsed;
     float shares[5];
     bool rebellion;
+    FoodState food = FoodState::Content;
+    int famines = 0, plagues = 0;
+    double deadOfFamine = 0.0, deadOfPlague = 0.0;
 
     explicit PlainCountry(const Country& country)
         : funds(country.funds),
@@ -48,6 +51,8 @@ struct PlainCountry {
     static float K() { return static_cast<float>(std::rand() % 4) / 1000.0f + 0.001f; }
     static float F(double value) { return static_cast<float>(value); }
 
+    static double Living(float people) { return people > 0.0f ? static_cast<double>(people) : 0.0; }
+
     float Idle() const {
         return (1.0f - (shares[0] + shares[1] + shares[2] + shares[3] + shares[4])) * population;
     }
@@ -68,20 +73,26 @@ struct PlainCountry {
         const float h = gf * lf;
         elapsed += s;
 
+        food = FoodState::Content;
         if (grain == 0.0f || livestock == 0.0f) {
+            food = FoodState::StarvingFast;
             morale -= K() * 5.0f * s / W;
             K();
             famineChance = 1.0f;
         } else if (grainRation <= 0.5f * 0.2f || livestockRation <= 0.5f * 0.1f) {
+            food = FoodState::StarvingSlowly;
             morale -= 2.0f * K() * s / W;
             famineChance += 2.0f * K() * h * s / W;
         } else if (grainRation <= 0.75f * 0.2f || livestockRation <= 0.75f * 0.1f) {
+            food = FoodState::Hungry;
             morale -= K() * h * s / W;
             famineChance += K() * s / W;
         } else if (grainRation >= 2.0f * 0.2f || livestockRation >= 2.0f * 0.1f) {
+            food = FoodState::Gorging;
             morale += 2.0f * K() * s / W;
             famineChance -= 2.0f * K() * s / W;
         } else if (grainRation >= 1.3333334f * 0.2f || livestockRation >= 1.3333334f * 0.1f) {
+            food = FoodState::WellFed;
             morale += K() * s / W;
             opinion += K() * s / W;
             famineChance -= K() * s / W;
@@ -105,7 +116,9 @@ struct PlainCountry {
             if (plagueTime < 0.0f)
                 plagueTime = 0.0f;
             const float exposed = 1.0f - 2.0f * d > 0.0f ? 1.0f - 2.0f * d : 0.0f;
+            const double before = Living(population);
             population = F(population - (U() * 100.0 + 300.0) * exposed * s / W);
+            deadOfPlague += before - Living(population);
         } else {
             plagueTime = 0.0f;
         }
@@ -114,16 +127,22 @@ struct PlainCountry {
             famineTime -= s;
             if (famineTime < 0.0f)
                 famineTime = 0.0f;
+            const double before = Living(population);
             population = F(population - (U() * 200.0 + 1000.0) * s / W);
+            deadOfFamine += before - Living(population);
         } else {
             famineTime = 0.0f;
         }
 
         double u = U();
-        if (1.0f - famineChance < s / W * u && elapsed > 29030400.0f)
+        const bool famineBegins = 1.0f - famineChance < s / W * u && elapsed > 29030400.0f;
+        famines += famineBegins ? 1 : 0;
+        if (famineBegins)
             famineTime = F((U() * 8.0 + 18.0) * W);
         u = U();
-        if (0.99f < s / W * u && elapsed > 29030400.0f)
+        const bool plagueBegins = 0.99f < s / W * u && elapsed > 29030400.0f;
+        plagues += plagueBegins ? 1 : 0;
+        if (plagueBegins)
             plagueTime = F((U() * 4.0 + 8.0) * W);
 
         if (std::fabs(crime - justice) >= 0.1f)
