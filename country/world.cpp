@@ -10,7 +10,11 @@
 #include "country/random.h"
 #include "quarn2/trace.h"
 
-World::World() : date(start::kDate), player(start::kName, start::kPeople), newspaper(&player) {
+World::World()
+    : date(start::kDate),
+      player(start::kName, start::kPeople),
+      newspaper(&player),
+      chronicle(player) {
     TraceFrame frame("World", "World");
     const NameGenerator names(NameGenerator::kCountryPattern);
     for (std::unique_ptr<Country>& country : countries) {
@@ -34,9 +38,12 @@ World::World() : date(start::kDate), player(start::kName, start::kPeople), newsp
 
 void World::Advance(float seconds) {
     TraceFrame frame("Advance", "World");
+    const long wholeSeconds = std::lround(seconds);
+    chronicle.NoteBefore(player, date);
     player.Process(seconds);
     newspaper.Update(seconds);
-    date.Advance(std::lround(seconds));
+    date.Advance(wholeSeconds);
+    chronicle.NoteAfter(player, date, wholeSeconds);
 }
 
 float World::RollClockSeconds() {

@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Merovinska founders
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "country/date.h"
+#include "country/population.h"
+
+class Country;
+
+/// What happened to a country, and when: one entry per event, the last thousand of them.
+///
+/// It compares the country before and after each advance. It rolls nothing, changes nothing in the
+/// country, and allocates memory only for an entry.
+class Chronicle {
+public:
+    enum class Event {
+        LivestockBought,
+        LivestockSold,
+        GrainBought,
+        GrainSold,
+        DebtBegun,
+        DebtEnded,
+        GraceEnded,
+        StarvingFast,
+        StarvingSlowly,
+        Hungry,
+        Content,
+        WellFed,
+        Gorging,
+        HerdSlaughtered,
+        HerdLimited,
+        HerdShrinking,
+        HerdEmpty,
+        HerdFilled,
+        GranaryEmpty,
+        GranaryFilled,
+        RebellionBegun,
+        RebellionEnded,
+        PlagueEnded,
+        PlagueBegun,
+        PlagueRenewed,
+        FamineEnded,
+        FamineBegun,
+        FamineRenewed,
+        NobodyLeft,
+    };
+    static constexpr std::size_t kEventCount = 29;
+
+    struct Entry {
+        Event event;
+        Date date;
+        std::int64_t second;  ///< game seconds since the chronicle began
+        /// The numbers of the sentence, in its order, not rounded.
+        std::array<double, 2> numbers;
+
+        /// Whether the event is bad for the country.
+        bool IsAlarm() const;
+        /// Appends the sentence. Weeks and numbers below 10 are rounded to tenths, other numbers
+        /// and all numbers of people to whole ones.
+        void WriteTo(std::string& text) const;
+    };
+
+    static constexpr std::size_t kMaxEntries = 1000;
+    /// An entry is news for eight weeks.
+    static constexpr std::int64_t kNewsSeconds = 8 * 604800;
+
+    /// @param country  the one to write about, as it is at the beginning
+    explicit Chronicle(const Country& country);
+
+    /// Notes what the player did since the last advance. Call it before the country's tick.
+    /// @param date  before the advance
+    void NoteBefore(const Country& country, const Date& date);
+
+    /// Notes what the tick did. Nothing more is noted once nobody is left.
+    /// @param date     after the advance
+    /// @param seconds  of the advance
+    void NoteAfter(const Country& country, const Date& date, long seconds);
+
+    /// At most kMaxEntries.
+    std::size_t Size() const { return entries.size(); }
+    /// @param index  0 for the newest entry; less than Size()
+    const Entry& Newest(std::size_t index) const;
+    /// All entries so far, those too that are no longer kept. It grows whenever an entry is added.
+    std::uint64_t Count() const { return count; }
+    /// The newest entry while it is news; else null. Valid until the next entry.
+    const Entry* News() const;
+
+private:
+    /// A famine, a plague or a rebellion in progress.
+    struct Disaster {
+        std::int64_t begin;  ///< second of the chronicle
+        double deadBefore;   ///< the country's count when it began
+    };
+
+    void Note(Event event, const Date& date, double first = 0.0, double second = 0.0);
+    void NoteTrades(const Country& country, const Date& date);
+    void NoteDebt(const Country& country, const Date& date);
+    void NoteFood(const Country& country, const Date& date);
+    void NoteHerd(const Country& country, const Date& date, float seconds);
+    void NoteGranary(const Country& country, const Date& date);
+    void NoteDisasters(const Country& country, const Date& date);
+    void NoteNobodyLeft(const Country& country, const Date& date);
+    void Begin(std::optional<Disaster>& disaster, double dead) const;
+    void NoteEnd(std::optional<Disaster>& disaster, Event event, const Date& date, double dead);
+
+    std::vector<Entry> entries;  // a ring once it is full
+    std::uint64_t count = 0;
+    std::int64_t now = 0;  // second
+
+    // The country as it was last seen.
+    float fundsSeen;
+    FoodState foodSeen;
+    bool graceSeen;
+    bool herdSeen;
+    bool granarySeen;
+    int faminesSeen;
+    int plaguesSeen;
+    bool nobodySeen;
+    // The country before the advance.
+    float herdBefore;
+    float productionBefore;
+
+    std::optional<Disaster> famine;
+    std::optional<Disaster> plague;
+    std::optional<Disaster> rebellion;
+};
