@@ -51,6 +51,7 @@ struct Options {
     std::string step = "604800";
     bool noNewspaper = false;
     bool summary = false;
+    bool chronicle = false;
     Campaign campaign;
 };
 
@@ -171,6 +172,9 @@ void Declare(CLI::App& app, Options& options) {
     CLI::Option* summary =
         app.add_flag("--summary", options.summary, "A row per campaign instead of one per tick");
     seeds->needs(summary);
+    app.add_flag("--chronicle", options.chronicle,
+                 "Print what happened, a line per event, instead of rows; the last 1000 events")
+        ->excludes(summary);
     app.footer(kSummaryHelp);
 }
 
@@ -235,6 +239,16 @@ void PrintSummaries(Campaign& campaign, Seeds seeds) {
     }
 }
 
+void PrintChronicle(const Campaign& campaign) {
+    const Chronicle chronicle = WriteChronicle(campaign);
+    for (std::size_t index = chronicle.Size(); index > 0; --index) {
+        const Chronicle::Entry& entry = chronicle.Newest(index - 1);
+        std::string line = entry.date.DayText() + ": ";
+        entry.WriteTo(line);
+        std::puts(line.c_str());
+    }
+}
+
 void RunAsAsked(Options& options) {
     Campaign& campaign = options.campaign;
     campaign.newspaper = !options.noNewspaper;
@@ -245,6 +259,8 @@ void RunAsAsked(Options& options) {
         options.seeds.empty() ? Seeds{campaign.seed, campaign.seed} : *ParseSeeds(options.seeds);
     if (options.summary) {
         PrintSummaries(campaign, seeds);
+    } else if (options.chronicle) {
+        PrintChronicle(campaign);
     } else {
         PrintRows(campaign);
     }

@@ -11,10 +11,13 @@
 #include <cstdio>
 #include <fstream>
 #include <iostream>
+#include <regex>
 #include <sstream>
 #include <string>
 
+#include "country/chronicle.h"
 #include "country/country.h"
+#include "country/date.h"
 #include "country/rates.h"
 #include "country/start.h"
 #include "tools/countrysim/campaign.h"
@@ -208,6 +211,18 @@ TEST(ManualTest, TableOfTheStartHasTheNumbersOfTheStart) {
     const std::string manual = Manual();
     for (const std::string& row : rows)
         EXPECT_THAT(manual, testing::HasSubstr(row));
+}
+
+TEST(ManualTest, TableOfTheChronicleHasARowForEveryEvent) {
+    const std::string manual = Manual();
+    for (std::size_t index = 0; index < Chronicle::kEventCount; ++index) {
+        const auto event = static_cast<Chronicle::Event>(index);
+        std::string sentence;
+        Chronicle::Entry{event, Date(start::kDate), 0, {111.0, 222.0}}.WriteTo(sentence);
+        std::string pattern = std::regex_replace(sentence, std::regex("[.!]"), "\\$&");
+        pattern = std::regex_replace(pattern, std::regex("111|222"), "[0-9.]+");
+        EXPECT_TRUE(std::regex_search(manual, std::regex("\n\\| " + pattern + " \\|"))) << sentence;
+    }
 }
 
 TEST(ManualTest, TableOfTheAdviceBeginsWithTheResultsOfAThousandCountries) {

@@ -17,6 +17,7 @@
 #include <string>
 #include <vector>
 
+#include "country/chronicle.h"
 #include "country/start.h"
 #include "country/world.h"
 
@@ -449,6 +450,59 @@ TEST(CountrysimTest, TradeOfZeroWeeksSellsAllToTheFirstNeighbourBeforeTheTick) {
               Fields(Row(1, player).substr(0, Row(1, player).size() - 1)));
 }
 
+/// The chronicle as countrysim prints it.
+std::string LinesOf(const Chronicle& chronicle) {
+    std::string lines;
+    for (std::size_t index = chronicle.Size(); index > 0; --index) {
+        const Chronicle::Entry& entry = chronicle.Newest(index - 1);
+        lines += entry.date.DayText() + ": ";
+        entry.WriteTo(lines);
+        lines += '\n';
+    }
+    return lines;
+}
+
+TEST(CountrysimTest, ChronicleIsThatOfTheGameWithTheSameSeed) {
+    for (const int seed : {1, 7, 1358}) {
+        std::srand(static_cast<unsigned>(seed));
+        World world;
+        GovernAsTheGame(world.player);
+        for (int week = 0; week < 150; ++week)
+            world.Advance(kWeek);
+        EXPECT_GT(world.chronicle.Size(), 5u);
+        const Result result = RunTool("--chronicle --weeks 150 --seed " + std::to_string(seed));
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.error, "");
+        EXPECT_EQ(result.out, LinesOf(world.chronicle));
+    }
+}
+
+TEST(CountrysimTest, ChronicleHasTheTradesOfItsPolicy) {
+    std::srand(5);
+    World world;
+    Country& player = world.player;
+    GovernAsTheGame(player);
+    player.Sell(player.livestock.amount, player.grain.amount, world.countries[0].get());
+    world.Advance(kWeek);
+    EXPECT_EQ(Rows("--chronicle --seed 5 --weeks 1 --trade 0"), LinesOf(world.chronicle));
+    EXPECT_THAT(LinesOf(world.chronicle), testing::HasSubstr("heads of livestock were sold"));
+}
+
+TEST(CountrysimTest, ChronicleOfABareCountryIsPrinted) {
+    EXPECT_THAT(Rows("--chronicle --bare --weeks 100 --gration 0.2"),
+                testing::StartsWith("1358/5/23: The people are starving slowly!\n"));
+}
+
+TEST(CountrysimTest, ChronicleOfZeroWeeksIsEmpty) {
+    EXPECT_EQ(Rows("--chronicle --weeks 0"), "");
+}
+
+TEST(CountrysimTest, ChronicleThatCannotBeWrittenEndsWithStatusOne) {
+    const Result result = RunTool("--chronicle --weeks 100", "/dev/full");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.error, "countrysim: cannot write the rows\n");
+}
+
 class BadOptionTest : public testing::TestWithParam<const char*> {};
 
 TEST_P(BadOptionTest, PrintsOneErrorLineAndEndsWithStatusTwo) {
@@ -473,8 +527,8 @@ INSTANTIATE_TEST_SUITE_P(
                     "--summary --seeds -", "--summary --seeds ''", "--summary --seeds 1-2-3",
                     "--summary --seeds 1-x", "--summary --seeds 1-4294967296",
                     "--summary --seeds 1-3 --seed 1", "--trade x", "--trade=-1", "--trade nan",
-                    "--trade 3 --bare", "--renew=maybe", "--summary=maybe",
-                    "\"$(printf 'two\\nlines')\""));
+                    "--trade 3 --bare", "--renew=maybe", "--summary=maybe", "--chronicle --summary",
+                    "--chronicle=maybe", "\"$(printf 'two\\nlines')\""));
 
 TEST(CountrysimTest, HelpNamesEveryOptionAndEndsWithStatusZero) {
     const Result result = RunTool("--help");
@@ -483,7 +537,7 @@ TEST(CountrysimTest, HelpNamesEveryOptionAndEndsWithStatusZero) {
     for (const char* option :
          {"--seed", "--weeks", "--step", "--farmers", "--butchers", "--educators", "--warriors",
           "--doctors", "--lration", "--gration", "--justice", "--bare", "--no-newspaper", "--renew",
-          "--trade", "--seeds", "--summary", "weeks survived"})
+          "--trade", "--seeds", "--summary", "--chronicle", "weeks survived"})
         EXPECT_THAT(result.out, testing::HasSubstr(option));
 }
 

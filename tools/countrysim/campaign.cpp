@@ -62,7 +62,7 @@ void Trade(Country& country, const Country& partner, float weeks) {
 /// @param partner  null for none
 /// @param paper    null for none
 void RunIn(Country& country, const Country* partner, Newspaper* paper, const Campaign& campaign,
-           const Watcher& watch) {
+           const Watcher& watch, const std::function<void(const Country&)>& before) {
     const Policy& policy = campaign.policy;
     const double total = campaign.weeks * static_cast<double>(kSecondsPerWeek);
     for (double spent = 0.0; spent < total;) {
@@ -71,6 +71,8 @@ void RunIn(Country& country, const Country* partner, Newspaper* paper, const Cam
         if (policy.trade && partner != nullptr)
             Trade(country, *partner, *policy.trade);
         const float seconds = campaign.step ? *campaign.step : World::RollClockSeconds();
+        if (before)
+            before(country);
         country.Process(seconds);
         if (paper != nullptr)
             paper->Update(seconds);
@@ -107,7 +109,8 @@ std::int64_t WholeWeeks(double seconds) {
 }  // namespace
 
 void Run(const Campaign& campaign, std::ostream* messages, const Watcher& watch,
-         const std::function<void(const Country&)>& begin) {
+         const std::function<void(const Country&)>& begin,
+         const std::function<void(const Country&)>& before) {
     const auto govern = [&](Country& country) {
         country.SetMessageStream(messages);
         Govern(country, campaign.policy, campaign.bare);
@@ -118,13 +121,13 @@ void Run(const Campaign& campaign, std::ostream* messages, const Watcher& watch,
     if (campaign.bare) {
         Country country(start::kName, start::kPeople);
         govern(country);
-        RunIn(country, nullptr, nullptr, campaign, watch);
+        RunIn(country, nullptr, nullptr, campaign, watch, before);
         return;
     }
     World world;
     govern(world.player);
     RunIn(world.player, world.countries[start::kPartner].get(),
-          campaign.newspaper ? &world.newspaper : nullptr, campaign, watch);
+          campaign.newspaper ? &world.newspaper : nullptr, campaign, watch, before);
 }
 
 Summary Summarise(const Campaign& campaign) {
@@ -146,4 +149,20 @@ Summary Summarise(const Campaign& campaign) {
         },
         [&](const Country& country) { NoteFigures(summary, country, true); });
     return summary;
+}
+
+Chronicle WriteChronicle(const Campaign& campaign) {
+    Date date(start::kDate);
+    std::optional<Chronicle> chronicle;
+    Run(
+        campaign, nullptr,
+        [&](const Country& country, double, float seconds) {
+            const long wholeSeconds = std::lround(seconds);
+            date.Advance(wholeSeconds);
+            chronicle->NoteAfter(country, date, wholeSeconds);
+            return country.population > 0.0f;
+        },
+        [&](const Country& country) { chronicle.emplace(country); },
+        [&](const Country& country) { chronicle->NoteBefore(country, date); });
+    return *chronicle;
 }

@@ -9,6 +9,7 @@
 #include <iosfwd>
 #include <optional>
 
+#include "country/chronicle.h"
 #include "country/country.h"
 #include "country/start.h"
 
@@ -43,11 +44,18 @@ struct Campaign {
 using Watcher = std::function<bool(const Country& country, double spent, float seconds)>;
 
 /// Seeds rand() and runs the campaign with the random numbers of a game that was started with
-/// that seed. The date, which needs none, does not advance.
+/// that seed. The date does not advance: that would take longer than all the rest.
 /// @param messages  where the people's messages go; null for nowhere
-/// @param begin     called with the country before the first tick
+/// @param begin     called with the country before the campaign
+/// @param before    called with the country before each tick, after the trade
 void Run(const Campaign& campaign, std::ostream* messages, const Watcher& watch,
-         const std::function<void(const Country&)>& begin = {});
+         const std::function<void(const Country&)>& begin = {},
+         const std::function<void(const Country&)>& before = {});
+
+/// Runs the campaign, without messages and with the date of the game, until its weeks are over or
+/// it has no people.
+/// @return what happened
+Chronicle WriteChronicle(const Campaign& campaign);
 
 /// A figure over a campaign, taken at the end of each tick.
 struct Range {
