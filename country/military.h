@@ -21,6 +21,7 @@ public:
     /// @return the upkeep in doubloons for that many seconds
     float Cost(float seconds) const;
 
-    /// One round of training and recruiting, whatever the seconds. Not part of a country's tick.
+    /// One round of training and recruiting, for any number of seconds. Not part of a country's
+    /// tick.
     void Process(float seconds);
 };

@@ -23,7 +23,7 @@ public:
             std::string name = folder;
             Require(mkdtemp(name.data()) != nullptr);
             std::filesystem::current_path(name);
-            Require(rmdir(name.c_str()) == 0);  // it stays the working directory, for ever empty
+            Require(rmdir(name.c_str()) == 0);  // stays the working directory, without a file in it
             return true;
         }();
         Toolkit& toolkit = Toolkit::Get();

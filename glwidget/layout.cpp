@@ -29,7 +29,7 @@ void RegisterDefaultTheme() {
         GLWidget::currentTheme = theme;
 }
 
-/// Looks no further than needed: a layout may nest as deep as it is long.
+/// Stops after `count` steps: each line of a layout may nest one level deeper than the line before.
 bool HasMoreAncestors(const GLWidget* widget, int count) {
     for (; widget != nullptr && count >= 0; --count)
         widget = widget->GetParent();

@@ -66,8 +66,8 @@ FileProblem ReadOpenFile(const OpenFile& file, std::uintmax_t maxBytes, Bytes& b
     const auto size = static_cast<std::uintmax_t>(status.st_size);
     if (size > maxBytes)
         return FileProblem::TooLarge;
-    // One byte more than the file has shows whether it has grown since. The files of /proc say
-    // that they are empty.
+    // One byte more is asked for than the file's size, to notice a file that grows meanwhile. Files
+    // of /proc have the size 0 and still have bytes.
     std::size_t count = 0;
     bytes.resize(static_cast<std::size_t>(size) + 1);
     for (;;) {

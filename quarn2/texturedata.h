@@ -68,7 +68,7 @@ public:
     /// Four floats per pixel: red, green, blue, alpha. Copies of the image share them.
     float* GetData() { return data.get(); }
     const float* GetData() const { return data.get(); }
-    /// Always 32, whatever the file had.
+    /// Always 32, also for a file of 24 bits.
     int GetBitsPerPixel() const { return 32; }
 
 private:

@@ -477,7 +477,8 @@ std::vector<ExpectedEntries::Expected> Newest(const Chronicle& chronicle, std::u
     return entries;
 }
 
-/// Whole campaigns of many policies. Every number is compared exactly.
+/// Plays whole campaigns with random settings. Every number must be exactly that of the second
+/// implementation.
 TEST(ChronicleOfWorldTest, EntriesAreThoseOfASecondSimpleImplementationOfTheRules) {
     std::mt19937 random(7);
     const auto upTo = [&](float highest) {

@@ -79,7 +79,7 @@ TEST_F(ContainerTest, DeletingAnOwnedButtonClearsItsTag) {
     EXPECT_EQ(GLWidget::GetByTag("part", false), nullptr);
 }
 
-TEST_F(ContainerTest, DeletingAnOwnedButtonKeepsATagThatANewerWidgetTook) {
+TEST_F(ContainerTest, TagStaysWithANewerWidgetWhenAnOwnedButtonIsDeleted) {
     OwnedButton part(new Button("part", nullptr, kOrigin, theme, "x"));
     Button taker("part", nullptr, kOrigin, theme, "y");
     part.reset();

@@ -343,7 +343,7 @@ TEST_F(LayoutTest, WindowOnATabIsAttachedWhenSolid) {
     EXPECT_EQ(Find("w")->GetParent(), tabs);
 }
 
-TEST_F(LayoutTest, DeferredWidgetsWaitForSolidAndTheEndAddsNoFurtherPass) {
+TEST_F(LayoutTest, ContainersAddedAfterTheLastSolidStatementAreNotAttached) {
     Build(
         "CADD TWin t NULL 0 0\n"
         "NTAB t 0 First tab\n"

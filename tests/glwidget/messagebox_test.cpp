@@ -98,7 +98,7 @@ struct Set {
 
 class MessageBoxSetTest : public MessageBoxTest, public testing::WithParamInterface<Set> {};
 
-TEST_P(MessageBoxSetTest, ButtonsStandInAFrameAtAFixedDistance) {
+TEST_P(MessageBoxSetTest, ButtonsOfTheSetStandInAFrameAtAFixedDistanceFromEachOther) {
     Show("message", GetParam().buttons);
     GLWidget* const frame = Find("__msgbox_frm");
     ASSERT_NE(frame, nullptr);
@@ -234,7 +234,7 @@ TEST_F(MessageBoxTest, NextBoxRegistersALabelAndAFrameOfItsOwn) {
     EXPECT_NE(Find("__msgbox_frm"), frame);
 }
 
-TEST_F(MessageBoxTest, TagsOfAClosedBoxGoBackToNoOtherWidget) {
+TEST_F(MessageBoxTest, NoWidgetHasTheTagsOfAClosedBoxNotEvenAnEarlierOne) {
     PlainWidget earlier("__msgbox_ok", nullptr, Vector(0.0f, 0.0f), theme);
     Show("message", 1);
     Click("__msgbox_ok");

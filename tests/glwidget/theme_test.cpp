@@ -198,7 +198,7 @@ TEST_F(ThemeTest, TextureNameIsCutAtItsLimit) {
     EXPECT_FALSE(theme.fade);
 }
 
-TEST_F(ThemeTest, BuiltInThemeHasTheSheetsNameAndValues) {
+TEST_F(ThemeTest, BuiltInThemeHasItsFixedValuesAndNamesThePictureGuiTga) {
     Theme theme;
     theme.border = 5.0f;
     testing::internal::CaptureStderr();

@@ -111,7 +111,7 @@ TEST_F(PngTest, FileWrittenByLibpngLoads) {
     ExpectLoads(EncodeWithLibpng(MakePixels(200, 150)));
 }
 
-TEST_F(PngTest, EachFilterIsUndoneOnEveryRowButTheFirst) {
+TEST_F(PngTest, RowsFromTheSecondOnMayUseEachFilter) {
     const Pixels pixels = MakePixels(37, 23);
     for (std::uint8_t filter = 0; filter <= 4; ++filter) {
         SCOPED_TRACE(int{filter});
@@ -120,7 +120,7 @@ TEST_F(PngTest, EachFilterIsUndoneOnEveryRowButTheFirst) {
     }
 }
 
-TEST_F(PngTest, EachFilterButUpIsUndoneOnTheFirstRow) {
+TEST_F(PngTest, FirstRowMayUseEachFilterButUp) {
     const Pixels pixels = MakePixels(37, 3);
     for (const std::uint8_t filter : Bytes{0, 1, 3, 4}) {
         SCOPED_TRACE(int{filter});

@@ -24,7 +24,7 @@ inline std::string SampleValue(const Field& field) {
     return {};
 }
 
-/// What stands behind x and y of a widget of the kind, each field with a value that it takes.
+/// What stands after x and y of a widget of the kind, each field with a value that it takes.
 inline std::string SampleFields(const Kind& kind) {
     std::string text(kind.form);
     for (const Field& field : kind.fields) {

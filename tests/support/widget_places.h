@@ -22,5 +22,5 @@ void ClickAt(const WidgetPlace& place);
 /// Moves the mouse into the middle of a place.
 void MoveToMiddle(const WidgetPlace& place);
 
-/// The buttons with which tab windows show their tabs, by tag.
+/// The tags of all buttons that open a tab.
 std::vector<std::string> TabButtons();

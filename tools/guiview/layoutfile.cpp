@@ -60,7 +60,7 @@ private:
         Place beyond = reader.Here();
         beyond.column = static_cast<int>(taken + kLineLimit) + 1;
         findings.Error(path, beyond,
-                       "what lies 10000 bytes behind a statement is read as another one");
+                       "what lies 10000 bytes after a statement is read as another one");
     }
 
     void ReadKind() {

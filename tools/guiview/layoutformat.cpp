@@ -47,7 +47,8 @@ struct Cell {
     explicit Cell(std::string word) : before(std::move(word)) {}
 };
 
-/// A statement's fields in their columns, those that stand in none, and what the toolkit skips.
+/// One line of a layout: the fields that are aligned in columns, those that follow without a
+/// column, and the comment at the end, which the toolkit skips.
 struct Row {
     std::size_t line;
     std::vector<Cell> cells;

@@ -95,7 +95,7 @@ private:
     bool FollowTheme(const Statement& statement) {
         const Word* const additional = statement.Find(kNone);
         if (additional != nullptr && additional->text != kNone) {
-            Error(*additional, "the word behind THEM's theme is " + Quoted(additional->text)
+            Error(*additional, "the word after THEM's theme is " + Quoted(additional->text)
                                    + " and must be NULL");
             // what follows is still measured in this theme
             line = "THEM " + std::string(statement.Text("theme")) + " NULL";

@@ -11,7 +11,7 @@ namespace guiview {
 
 namespace {
 
-constexpr float kLetter = 0.042f;  ///< glyph width and height, whatever the themes say
+constexpr float kLetter = 0.042f;  ///< glyph width and height, the same with every theme
 constexpr float kLineHeight = 1.2f * kLetter;
 constexpr Vector kLine{1.0f, 0.0f, 0.9f};
 constexpr Vector kPaper{0.1f, 0.0f, 0.1f};

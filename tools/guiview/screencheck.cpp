@@ -160,7 +160,7 @@ void ScreenCheck::CheckLabel(const Node& node) {
 void ScreenCheck::CheckWidth(const Node& node, const std::string& text, float room) {
     const Theme& theme = node.widget->GetTheme();
     float widest = 0.0f;
-    // Line by line: measured together, a short line would count what a longer one left behind.
+    // Line by line: measured together, a short line would also count what a longer one left.
     for (const std::string& line : SplitLines(text))
         widest = std::max(widest, MeasureText(theme, line));
     if (widest > room + kTolerance) {

@@ -11,7 +11,7 @@
 namespace guiview {
 
 /// Reports what does not fit: widgets outside the screen or their window, siblings that overlap,
-/// texts wider than their widgets, and what answers a click meant for something above it.
+/// texts wider than their widgets, and widgets that a click reaches though another covers them.
 class ScreenCheck {
 public:
     /// @param path      as which the layout is reported

@@ -43,7 +43,7 @@ std::optional<Word> LineReader::Next() {
 Word LineReader::Rest() {
     std::size_t begin = SkipAny(line, at, kBlanks);
     if (begin == line.size() && line.ends_with('\r'))
-        --begin;  // the line end's own, behind an empty text
+        --begin;  // an empty text begins at the carriage return that was skipped
     std::string_view rest = line.substr(begin);
     if (!rest.empty() && rest.back() == '\r')
         rest.remove_suffix(1);

@@ -142,10 +142,9 @@ TEST_F(LayoutFileTest, CommentsMayHoldAnyBytes) {
 
 TEST_F(LayoutFileTest, LineThatIsTooLongToBeSkippedIsAnError) {
     EXPECT_EQ(Found("// " + std::string(9999, '-') + "\n"), "");
-    EXPECT_EQ(
-        Found("// " + std::string(10000, '-') + "\n"),
-        "test.gui:1:10003: error: what lies 10000 bytes behind a statement is read as another "
-        "one\n");
+    EXPECT_EQ(Found("// " + std::string(10000, '-') + "\n"),
+              "test.gui:1:10003: error: what lies 10000 bytes after a statement is read as another "
+              "one\n");
 }
 
 TEST_F(LayoutFileTest, CarriageReturnsCountAsBlanks) {

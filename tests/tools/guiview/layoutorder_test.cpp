@@ -135,7 +135,7 @@ TEST_F(LayoutOrderTest, TabTitleAfterSolidIsAnError) {
 
 TEST_F(LayoutOrderTest, ThemeFollowedByAnotherWordThanNullIsAnError) {
     EXPECT_EQ(Found("THEM default.theme NUL\n"),
-              "test.gui:1:20: error: the word behind THEM's theme is 'NUL' and must be NULL\n");
+              "test.gui:1:20: error: the word after THEM's theme is 'NUL' and must be NULL\n");
 }
 
 TEST_F(LayoutOrderTest, ThemeWithoutNullIsAnError) {
