@@ -29,7 +29,7 @@ void RegisterDefaultTheme() {
         GLWidget::currentTheme = theme;
 }
 
-/// Stops after `count` steps: each line of a layout may nest one level deeper than the line before.
+/// Stops after `count` steps: the widgets of a long layout may all be nested in each other.
 bool HasMoreAncestors(const GLWidget* widget, int count) {
     for (; widget != nullptr && count >= 0; --count)
         widget = widget->GetParent();

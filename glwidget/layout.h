@@ -20,20 +20,20 @@
 class Layout {
 public:
     /// Registers the theme "default" and builds the layout. @return true
-    /// @param path  as which the file is reported
+    /// @param path  the name of the file in messages
     static bool Start(std::istream& file, const std::string& path);
 
-    /// @param file  as which it is reported
+    /// @param file  its name in messages
     Layout(std::istream& stream, std::string file) : reader(stream), path(std::move(file)) {}
 
     /// @return true
     bool Build();
 
-    /// Containers that may stand around a widget. Drawing a child saves two matrices per
-    /// container and three of its own; OpenGL promises room for 32.
+    /// How many containers a widget may lie in. Drawing it saves two matrices per container and
+    /// three more; OpenGL guarantees room for 32.
     static constexpr int kMaxAncestors = 12;
 
-    /// Where a layout names a widget: that there is none.
+    /// What a layout writes in place of a widget's tag if there is no widget.
     static constexpr std::string_view kNone = "NULL";
     /// Tags that begin with this belong to the widgets that the toolkit makes, and deletes, itself.
     static constexpr std::string_view kToolkitPrefix = "__";
@@ -74,7 +74,7 @@ private:
 
     void Process(std::string_view word);
     void Create(std::optional<int> tab);
-    /// Whether the tree takes the widget; if not, it stays outside and a line says why.
+    /// Whether the widget can be attached; if not, a line on standard error says why.
     bool Fits(const Attachment& attachment) const;
     static void Attach(const Attachment& attachment);
     void CentreWidget(bool inX, bool inY);

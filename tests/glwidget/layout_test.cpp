@@ -27,7 +27,7 @@ protected:
             directory.Write(std::string(name) + ".theme", kPlainTheme);
     }
 
-    /// Without a texture, so that nothing is looked for.
+    /// Without a texture, so that no picture is loaded.
     static constexpr const char* kPlainTheme =
         "1 1 1\n1 1 1\n1 1 1\n1 1 1\n1\n1\n1\n0.125\n0.1\n1\n0.04 0.05\n0.7 1\n0 0 "
         "0\n0.1\nNULL\n1\n";
@@ -64,7 +64,7 @@ protected:
 
 using LayoutDeathTest = LayoutTest;
 
-TEST_F(LayoutTest, FileIsNamedBeforeTheDefaultThemeIsRead) {
+TEST_F(LayoutTest, NameOfTheFileIsWrittenBeforeTheDefaultThemeIsRead) {
     directory.Write("my.gui", "// nothing\n");
     testing::internal::CaptureStderr();
     EXPECT_TRUE(GLWidget::StartGUI("my.gui"));
@@ -74,14 +74,14 @@ TEST_F(LayoutTest, FileIsNamedBeforeTheDefaultThemeIsRead) {
     EXPECT_TRUE(report.ends_with("read theme default.theme\nProcessing '//'\n")) << report;
 }
 
-TEST_F(LayoutTest, MissingFileIsAnEmptyOne) {
+TEST_F(LayoutTest, MissingFileIsReadAsAnEmptyOne) {
     testing::internal::CaptureStderr();
     EXPECT_TRUE(GLWidget::StartGUI("nowhere.gui"));
     EXPECT_TRUE(testing::internal::GetCapturedStderr().ends_with("read theme default.theme\n"));
     EXPECT_TRUE(GLWidget::widgets.empty());
 }
 
-TEST_F(LayoutTest, DirectoryInsteadOfAFileIsAnEmptyOne) {
+TEST_F(LayoutTest, DirectoryIsReadAsAnEmptyFile) {
     testing::internal::CaptureStderr();
     EXPECT_TRUE(GLWidget::StartGUI("."));
     testing::internal::GetCapturedStderr();
@@ -100,7 +100,7 @@ TEST_F(LayoutTest, CommentsAndTheDefaultThemeMakeNoWidget) {
     EXPECT_EQ(GLWidget::currentTheme->border, 0.005f);
 }
 
-TEST_F(LayoutTest, MissingDefaultThemeIsTheBuiltInOneWithItsSheet) {
+TEST_F(LayoutTest, WithoutAThemeFileTheDefaultThemeHasTheBuiltInValues) {
     std::filesystem::remove("default.theme");
     const std::string report = Build("");
     EXPECT_THAT(report, Not(HasSubstr("reading theme")));
@@ -113,7 +113,7 @@ TEST_F(LayoutTest, DefaultThemeIsReadFromItsFile) {
     EXPECT_EQ(GLWidget::themes["default"]->border, 0.125f);
 }
 
-TEST_F(LayoutTest, DefaultThemeServesUntilAnotherIsNamed) {
+TEST_F(LayoutTest, WidgetsUseTheDefaultThemeUntilTheLayoutNamesAnother) {
     directory.Write("other.theme", kPlainTheme);
     Build("CADD Frame first NULL 0 0 0\nTHEM other.theme NULL\nCADD Frame second NULL 0 0 0\n");
     EXPECT_EQ(Find("first")->*&PlainWidget::theme, GLWidget::themes["default"]);
@@ -238,7 +238,7 @@ TEST_F(LayoutTest, TabWindowsReportNamesParentAndTheme) {
     EXPECT_THAT(report, HasSubstr("adding tabwindow t w (0, 0, 0, 1) other.theme\n"));
 }
 
-TEST_F(LayoutTest, CheckAndOptionTakeTheRestOfTheLineAsCaption) {
+TEST_F(LayoutTest, CaptionOfCheckboxAndOptionIsTheRestOfTheLine) {
     Build("CADD Check c NULL 0 0 a tick \nCADD Opt o NULL 0 0 an option\n");
     EXPECT_EQ(Find("c")->GetType(), "Checkbox");
     EXPECT_EQ(Find("c")->GetText(), "a tick ");
@@ -271,14 +271,14 @@ TEST_F(LayoutTest, SliderTakesItsExtent) {
     EXPECT_FLOAT_EQ(Find("s")->Getbbox().z, 0.5f + 0.1f);
 }
 
-TEST_F(LayoutTest, TextTakesColumnsAndRowsInThisOrder) {
+TEST_F(LayoutTest, TextBoxTakesColumnsBeforeRows) {
     const std::string report = Build("CADD Text x NULL 0 0 10 3\n");
     EXPECT_THAT(report, HasSubstr("textbox 10 3\n"));
     EXPECT_EQ(Find("x")->GetType(), "Textbox");
     ExpectBox("x", 0.0f, 0.0f, 11.0f * 0.04f, 0.05f * 1.3f * 3.0f);
 }
 
-TEST_F(LayoutTest, ComboTakesNothingMore) {
+TEST_F(LayoutTest, ComboHasNoFieldsOfItsOwn) {
     Build("CADD Combo c NULL 0 0\nTEXT c first item\nTEXT c 100%\\n\nTEXT c\nTEXT NULL nothing\n");
     GLWidget* const combo = Find("c");
     EXPECT_EQ(combo->GetType(), "Combobox");
@@ -298,12 +298,12 @@ TEST_F(LayoutTest, PercentBeforeBackslashNIsEscapedFirst) {
     EXPECT_EQ(Find("l")->GetText(), "%%\n%%%%\\\n");
 }
 
-TEST_F(LayoutTest, WhatFollowsTheLastFieldIsAComment) {
+TEST_F(LayoutTest, TextAfterTheLastFieldIsAComment) {
     Build("CADD Slide s NULL 0 0 1 0 a wide slider\nCADD Frame f NULL 0 0 0 a frame\n");
     EXPECT_EQ(GLWidget::widgets.size(), 2u);
 }
 
-TEST_F(LayoutTest, LeavesAreAttachedAtOnceAndContainersWhenSolid) {
+TEST_F(LayoutTest, ContainersAreAttachedAtSolidAndOtherWidgetsAtOnce) {
     Build(
         "CADD Win w NULL 0 0 0 title\n"
         "CADD Frame f w 0 0 0\n"
@@ -313,7 +313,7 @@ TEST_F(LayoutTest, LeavesAreAttachedAtOnceAndContainersWhenSolid) {
     EXPECT_EQ(ChildrenOf(Find("f")), (std::vector<GLWidget*>{Find("a")}));
 }
 
-TEST_F(LayoutTest, KindTellsWhetherAWidgetIsAttachedAtOnce) {
+TEST_F(LayoutTest, EveryKindIsAttachedAtOnceOrAtSolid) {
     for (const char* kind :
          {"Check", "Opt", "Combo", "Butt", "Slide", "Text", "Label", "Win", "Frame", "TWin"}) {
         Build("CADD Win w NULL 0 0 0 title\nCADD " + std::string(kind)
@@ -332,7 +332,7 @@ TEST_F(LayoutTest, TreeIsSolidifiedAtTheEndOfTheFile) {
     EXPECT_LT(box.z, 1.3f * 4.0f / 3.0f) << "anchored to the right edge";
 }
 
-TEST_F(LayoutTest, WindowOnATabIsAttachedWhenSolid) {
+TEST_F(LayoutTest, WindowOnATabIsAttachedAtSolid) {
     Build(
         "CADD TWin t NULL 0 0\n"
         "TADD 2 Win w t 0 0 0 inner\n"
@@ -343,7 +343,7 @@ TEST_F(LayoutTest, WindowOnATabIsAttachedWhenSolid) {
     EXPECT_EQ(Find("w")->GetParent(), tabs);
 }
 
-TEST_F(LayoutTest, ContainersAddedAfterTheLastSolidStatementAreNotAttached) {
+TEST_F(LayoutTest, EndOfTheFileDoesNotSolidifyAgainAfterSolid) {
     Build(
         "CADD TWin t NULL 0 0\n"
         "NTAB t 0 First tab\n"
@@ -355,7 +355,7 @@ TEST_F(LayoutTest, ContainersAddedAfterTheLastSolidStatementAreNotAttached) {
     EXPECT_EQ(Find("late")->GetParent(), Find("t"));
 }
 
-TEST_F(LayoutTest, SecondSolidAttachesOnlyWhatCameSince) {
+TEST_F(LayoutTest, SecondSolidAttachesOnlyWidgetsThatCameAfterTheFirst) {
     Build("CADD Win w NULL 0 0 0\nCADD Frame a w 0 0 0\nSOLID\nCADD Frame b w 0 0 0\nSOLID\n");
     EXPECT_EQ(ChildrenOf(Find("w")), (std::vector<GLWidget*>{Find("a"), Find("b")}));
 }
@@ -404,7 +404,7 @@ TEST_F(LayoutTest, WidgetWithAParentIsCentredInIt) {
     ExpectBox("c", 0.0f, y, 0.5f, y + 0.25f);
 }
 
-TEST_F(LayoutDeathTest, UnknownParentIsNamedAndFailsTheAssertion) {
+TEST_F(LayoutDeathTest, UnknownParentIsReportedAndFailsTheAssertion) {
     for (const char* line : {"CADD Check c nowhere 0 0 x\n", "TEXT nowhere text\n",
                              "NTAB nowhere 0 title\n", "CENTRE nowhere\n"}) {
         EXPECT_EXIT(
@@ -427,7 +427,7 @@ TEST_F(LayoutTest, MalformedNumbersAreZeroAndTheNextLineIsReadAsItself) {
     ExpectBox("f", 0.5f, 0.5f, 0.5f, 0.5f);
 }
 
-TEST_F(LayoutTest, NumberThatIsNotOnItsLineIsLookedForInTheNext) {
+TEST_F(LayoutTest, NumberThatIsMissingOnItsLineIsReadFromTheNext) {
     Build(
         "CADD Frame f NULL 0.5\n0.25 0 comment\nCADD Frame g NULL\n\n 0.75\t-0.5\n1 comment\n"
         "CADD Frame h NULL 0 0 0\n");
@@ -436,7 +436,7 @@ TEST_F(LayoutTest, NumberThatIsNotOnItsLineIsLookedForInTheNext) {
     EXPECT_NE(Find("h"), nullptr);
 }
 
-TEST_F(LayoutTest, StatementThatTheFileCutsShortMakesNothing) {
+TEST_F(LayoutTest, StatementThatIsCutShortByTheEndOfTheFileMakesNothing) {
     for (const char* line : {"CADD", "CADD Frame", "CADD Frame f", "TADD", "TADD 0", "TADD 0 Frame",
                              "TADD x Frame f NULL 0 0", "NTAB", "TEXT", "CENTRE", "CONF"}) {
         Build(line);
@@ -444,7 +444,7 @@ TEST_F(LayoutTest, StatementThatTheFileCutsShortMakesNothing) {
     }
 }
 
-TEST_F(LayoutTest, TagsOfTheToolkitAreNotTheLayouts) {
+TEST_F(LayoutTest, TagsOfTheToolkitCannotBeUsedByALayout) {
     const std::string refusal = "test.gui: the tag '__msgbox_ok' belongs to the toolkit\n";
     EXPECT_THAT(Build("CADD Butt __msgbox_ok NULL 0 0 press\n"), EndsWith(refusal));
     EXPECT_THAT(Build("CADD Butt b __msgbox_ok 0 0 press\n"), EndsWith(refusal));
@@ -456,7 +456,7 @@ TEST_F(LayoutTest, TagsOfTheToolkitAreNotTheLayouts) {
     EXPECT_EQ(Find("b"), nullptr);
 }
 
-TEST_F(LayoutTest, ParentThatShowsNoWidgetsIsReported) {
+TEST_F(LayoutTest, ParentThatDrawsNoChildrenIsReported) {
     const std::string report = Build("CADD Butt b NULL 0 0 press\nCADD Check c b 0 0 tick\n");
     EXPECT_THAT(report, EndsWith("test.gui: 'b' is a Button and does not show 'c'\n"));
     EXPECT_EQ(ChildCount("b"), 1u);
@@ -469,7 +469,7 @@ TEST_F(LayoutTest, ParentWithoutTabsIsReported) {
     EXPECT_THAT(Build("NTAB f 0 title\n"), EndsWith("test.gui: 'f' is a Frame and has no tabs\n"));
 }
 
-TEST_F(LayoutTest, TabIndexesThatNoTabCanHaveAreOneLineEach) {
+TEST_F(LayoutTest, EveryTabIndexThatNoTabCanHaveIsReported) {
     for (const char* index : {"-1", "2147483647", "64"}) {
         const std::string start = std::string("CADD TWin t NULL 0 0\n");
         const std::string line = std::string("tabwindow t cannot have a tab ") + index + "\n";
@@ -498,13 +498,13 @@ TEST_F(LayoutTest, SizesThatAreNotNumbersAreReportedAndTakenAsZero) {
     EXPECT_THAT(Build("CADD Text x NULL 0 0 nan\n"), HasSubstr(line));
 }
 
-TEST_F(LayoutTest, TextBoxOfAbsurdSizeIsReportedAndBounded) {
+TEST_F(LayoutTest, SizeOfATextBoxIsLimitedWithAReport) {
     const std::string report = Build("CADD Text x NULL 0 0 2147483647 -1\n");
     EXPECT_THAT(report, AnyOf(HasSubstr("2147483647"), HasSubstr("-1")));
     EXPECT_LE(Find("x")->Getbbox().z, 1025.0f * 0.04f + 0.001f);
 }
 
-TEST_F(LayoutTest, WidgetThatNamesItselfAsParentGetsTheEarlierOne) {
+TEST_F(LayoutTest, WidgetThatNamesItsOwnTagAsParentGetsTheEarlierWidgetOfThatTag) {
     Build("CADD Frame f NULL 0 0 0\nCADD Frame f f 0 0 0\nCADD Frame f f 0 0 0\n");
     GLWidget* const innermost = Find("f");
     ASSERT_NE(innermost->GetParent(), nullptr);
@@ -513,7 +513,7 @@ TEST_F(LayoutTest, WidgetThatNamesItselfAsParentGetsTheEarlierOne) {
     GLWidget::UpdateWidgets(16);
 }
 
-TEST_F(LayoutTest, NestingIsBounded) {
+TEST_F(LayoutTest, WidgetsNestedTooDeepAreReportedAndLeftOut) {
     std::string layout = "CADD Frame f0 NULL 0 0 0\n";
     for (int i = 1; i <= Layout::kMaxAncestors + 2; ++i) {
         layout += "CADD Frame f" + std::to_string(i) + " f" + std::to_string(i - 1) + " 0 0 0\n";
@@ -528,7 +528,7 @@ TEST_F(LayoutTest, NestingIsBounded) {
     EXPECT_EQ(ChildCount("f12"), 0u);
 }
 
-TEST_F(LayoutTest, HundredThousandNestedFramesAreSurvived) {
+TEST_F(LayoutTest, HundredThousandNestedFramesAreRead) {
     std::string layout = "CADD Frame f0 NULL 0 0 0\n";
     for (int i = 1; i < 100000; ++i) {
         const std::string tag = std::to_string(i);
@@ -547,7 +547,7 @@ std::string Pick(const char* const (&words)[count]) {
     return words[static_cast<std::size_t>(std::rand()) % count] + std::string(" ");
 }
 
-TEST_F(LayoutTest, MegabyteOfRandomStatementsIsSurvived) {
+TEST_F(LayoutTest, MegabyteOfRandomStatementsIsRead) {
     static constexpr const char* kKinds[] = {"Win",  "Frame", "TWin",  "Check", "Opt",   "Combo",
                                              "Butt", "Slide", "Label", "Text",  "Gadget"};
     static constexpr const char* kTags[] = {"a", "b", "c", "d", "e", "NULL", "__atab0x"};
@@ -591,7 +591,7 @@ TEST_F(LayoutTest, MegabyteOfRandomStatementsIsSurvived) {
     }
 }
 
-TEST_F(LayoutDeathTest, MegabyteOfRandomWordsEndsInTheEndOrInItsAssertion) {
+TEST_F(LayoutDeathTest, MegabyteOfRandomWordsIsReadOrFailsAnAssertion) {
     static constexpr const char* kWords[] = {
         "CADD", "TADD", "NTAB", "TEXT", "SOLID", "CENTRE", "THEM", "CONF", "Win",  "Frame",
         "TWin", "Butt", "NULL", "0",    "-1",    "1e30",   "nan",  "//",   "\r\n", "%s%n"};

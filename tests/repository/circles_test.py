@@ -11,7 +11,7 @@ import unittest
 from pathlib import Path
 
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
-FOLDERS = ["quarn2", "country", "app"]
+FOLDERS = ["quarn2", "glwidget", "country", "app"]
 
 # What nm writes for symbols that one object alone may define: code, data, zeroed and constant data.
 DEFINED = "TDBR"

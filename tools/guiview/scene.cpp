@@ -19,8 +19,6 @@ namespace guiview {
 
 namespace {
 
-constexpr float kLineStep = 1.3f;  // glyph heights
-
 /// Where a widget's children have their origin, in the coordinates of the widget's parent.
 Vector InnerOrigin(GLWidget& widget) {
     if (const auto* window = dynamic_cast<GLWindow*>(&widget))
@@ -29,24 +27,6 @@ Vector InnerOrigin(GLWidget& widget) {
         return frame->InnerOrigin();
     const Vector box = widget.Getbbox();
     return {box.x, box.y};
-}
-
-bool IsHorizontal(const Node& slider) {
-    return slider.declared->statement->Number("width") > 0.0f;
-}
-
-/// A slider's bounding box reaches half a knob to either side of its track and a whole one
-/// beyond the end; the knob reaches half of it beyond both ends. On a vertical track it hangs to
-/// the left.
-Box DrawnBox(const Node& node) {
-    const Box& box = node.box;
-    if (node.As<Slider>() == nullptr)
-        return box;
-    const float knob = node.widget->GetTheme().boxSize;
-    const float half = knob / 2.0f;
-    if (IsHorizontal(node))
-        return {box.left - half, box.bottom + half, box.right - half, box.top - half};
-    return {box.left - half, box.bottom - half, box.right - knob, box.top - half};
 }
 
 /// Where the lines of a label's text are. The last one stands at the label's lower edge, however
@@ -63,23 +43,10 @@ Box LinesBox(const Node& node) {
         if (!line.empty())
             lowest = lines;
     }
-    const float step = kLineStep * theme.fontSize.y;
+    const float step = FontRender::kLineStep * theme.fontSize.y;
     const float left = node.box.left + theme.fontSize.x / 2.0f;
     return {left, node.box.bottom + (lines - lowest) * step, left + widest,
             node.box.bottom + lines * step};
-}
-
-/// A slider answers half a knob around the box of its track.
-Box ClickBox(const Node& node) {
-    const Box& box = node.box;
-    if (!node.Is(&Kind::takesClicks))
-        return {};
-    if (node.As<Slider>() == nullptr)
-        return box;
-    const float half = node.widget->GetTheme().boxSize / 2.0f;
-    if (IsHorizontal(node))
-        return {box.left - half, box.bottom, box.right - half, box.top};
-    return {box.left, box.bottom - half, box.right, box.top - half};
 }
 
 }  // namespace
@@ -112,8 +79,12 @@ void Scene::Add(GLWidget* widget, const Node* parent, std::optional<int> tab,
     node.box = BoxOf(widget->Getbbox(), origin);
     const bool hasFinalText =
         node.As<Label>() != nullptr && labelsWithFinalText.contains(entry->tag);
-    node.drawn = hasFinalText ? LinesBox(node) : DrawnBox(node);
-    node.clicks = ClickBox(node);
+    const auto* const slider = node.As<Slider>();
+    node.drawn = slider != nullptr ? BoxOf(slider->DrawnBox(), origin) : node.box;
+    if (hasFinalText)
+        node.drawn = LinesBox(node);
+    if (node.Is(&Kind::takesClicks))
+        node.clicks = slider != nullptr ? BoxOf(slider->GrabBox(), origin) : node.box;
     node.shown = parent == nullptr || parent->shown;
     if (parent != nullptr && tab)
         node.shown = node.shown && std::ranges::count(parent->widget->GetChildren(), widget) > 0;

@@ -14,7 +14,6 @@ namespace guiview {
 
 namespace {
 
-constexpr float kLineStep = 1.3f;  // glyph heights
 /// What a list is taken to hold when the layout gives it no items: the program fills it, the
 /// game with twelve countries.
 constexpr std::size_t kItemsOfTheProgram = 12;
@@ -123,8 +122,7 @@ void ScreenCheck::CheckText(const Node& node) {
     } else if (node.As<Combobox>() != nullptr) {
         const float button = node.widget->GetChildren().front()->Getbbox().z;
         for (const std::string& item : node.widget->GetTexts()) {
-            CheckWidth(node, item,
-                       node.box.Width() - button - 3.0f * theme.border - theme.fontSize.x);
+            CheckWidth(node, item, node.box.Width() - button - theme.Margin() - theme.fontSize.x);
         }
     } else if (node.declared->GetKind().text == TextGround::Title) {
         CheckTitle(node);
@@ -149,7 +147,7 @@ void ScreenCheck::CheckLabel(const Node& node) {
     // one. What matters is where they then reach, which is looked at as for any widget.
     if (lines == std::count(label.GetText().begin(), label.GetText().end(), '\n') + 1)
         CheckWidth(node, wrapped, node.box.Width() - theme.fontSize.x / 2.0f);
-    const float step = kLineStep * theme.fontSize.y;
+    const float step = FontRender::kLineStep * theme.fontSize.y;
     if (static_cast<float>(lines) * step <= node.box.Height() + kTolerance)
         return;
     const auto room = static_cast<long>((node.box.Height() + kTolerance) / step);
