@@ -18,6 +18,7 @@
 #include "glwidget/slider.h"
 #include "glwidget/tabwindow.h"
 #include "glwidget/textbox.h"
+#include "glwidget/toolkit.h"
 #include "quarn2/trace.h"
 
 namespace {
@@ -169,19 +170,15 @@ constexpr Kind kKinds[] = {
      }},
 };
 
-std::vector<const Kind*>& Registered() {
-    static std::vector<const Kind*>& kinds = *new std::vector<const Kind*>;
-    return kinds;
-}
-
 template <typename Condition>
 const Kind* FindIf(Condition condition) {
     const auto own = std::ranges::find_if(kKinds, condition);
     if (own != std::end(kKinds))
         return own;
+    const std::vector<const Kind*>& registered = Toolkit::Get().kinds;
     const auto further =
-        std::ranges::find_if(Registered(), [&](const Kind* kind) { return condition(*kind); });
-    return further == Registered().end() ? nullptr : *further;
+        std::ranges::find_if(registered, [&](const Kind* kind) { return condition(*kind); });
+    return further == registered.end() ? nullptr : *further;
 }
 
 }  // namespace
@@ -190,7 +187,8 @@ std::vector<const Kind*> Kinds() {
     std::vector<const Kind*> all;
     for (const Kind& kind : kKinds)
         all.push_back(&kind);
-    all.insert(all.end(), Registered().begin(), Registered().end());
+    const std::vector<const Kind*>& registered = Toolkit::Get().kinds;
+    all.insert(all.end(), registered.begin(), registered.end());
     return all;
 }
 
@@ -206,7 +204,7 @@ void RegisterKind(const Kind& kind) {
     TraceFrame frame("RegisterKind", "");
     Assert("glwidget/kinds", __LINE__, "FindKind(kind.word, kind.form) == nullptr",
            FindKind(kind.word, kind.form) == nullptr);
-    Registered().push_back(&kind);
+    Toolkit::Get().kinds.push_back(&kind);
 }
 
 const Kind& Creation::Read(GuiReader& reader, const Kind& kind) {

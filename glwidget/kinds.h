@@ -115,6 +115,6 @@ const Kind* FindKind(std::string_view word, std::string_view form = {});
 /// The first kind of that class, or null.
 const Kind* KindOfType(std::string_view type);
 
-/// Makes a further kind known to layouts. The row, which stays the caller's, must live as long as
-/// layouts are read, and its word and form must be new.
+/// Makes a further kind known to layouts until the toolkit is reset. The caller keeps the row
+/// alive until then. Its word and form must be new.
 void RegisterKind(const Kind& kind);

@@ -18,6 +18,7 @@
 class GLWidget;
 class Texture;
 class Theme;
+struct Kind;
 
 /// Everything of which the toolkit has one per process. `GLWidget` gives the same objects under
 /// its own names: `GLWidget::tags` is `Toolkit::Get().tags`.
@@ -44,6 +45,8 @@ struct Toolkit {
     ThemeMap themes;                                ///< every named theme, not owned
     std::list<std::shared_ptr<Theme>> ownedThemes;  ///< also those that lost their name
     Theme* currentTheme = nullptr;                  ///< for a layout's widgets, not owned
+
+    std::vector<const Kind*> kinds;  ///< those that the program has registered, not owned
 
     FontRender font;              ///< the one font; its size is set before each use
     std::uint32_t fontLoads = 0;  ///< counts them: what was measured before is out of date

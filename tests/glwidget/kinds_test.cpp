@@ -89,11 +89,6 @@ protected:
 
 using KindsDeathTest = KindsTest;
 
-void RegisterPlain() {
-    if (FindKind(kPlain.word) == nullptr)
-        RegisterKind(kPlain);
-}
-
 TEST_F(KindsTest, LayoutMakesAWidgetOfTheClassThatTheRowNames) {
     for (const Kind* kind : Kinds()) {
         Build(Line(*kind, "a", "NULL"));
@@ -167,7 +162,7 @@ TEST_F(KindsTest, TabOfAKindThatHasNoneIsReported) {
 }
 
 TEST_F(KindsTest, RegisteredKindIsMadeFromALayout) {
-    RegisterPlain();
+    RegisterKind(kPlain);
     const std::string report = Build("CADD Plainest a NULL 0 0 -7 0.25 1 comment\n");
     EXPECT_THAT(report, HasSubstr("adding a 'Plainest' - a\n"));
     ASSERT_NE(GLWidget::GetByTag("a", false), nullptr);
@@ -177,11 +172,20 @@ TEST_F(KindsTest, RegisteredKindIsMadeFromALayout) {
 }
 
 TEST_F(KindsTest, FieldsThatALineLacksAreZero) {
-    RegisterPlain();
+    RegisterKind(kPlain);
     Build("CADD Plainest a NULL 0 0 7 x 1\n");
     EXPECT_EQ(madeFrom, "7 0 0");
     Build("CADD Plainest a NULL 0 0 3");
     EXPECT_EQ(madeFrom, "3 0 0");
+}
+
+TEST_F(KindsTest, ResetForgetsRegisteredKinds) {
+    const std::size_t own = Kinds().size();
+    RegisterKind(kPlain);
+    EXPECT_EQ(Kinds().size(), own + 1);
+    Toolkit::Get().Reset();
+    EXPECT_EQ(Kinds().size(), own);
+    EXPECT_EQ(FindKind("Plainest"), nullptr);
 }
 
 TEST_F(KindsDeathTest, WordThatIsTakenFailsAnAssertion) {

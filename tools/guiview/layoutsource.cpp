@@ -39,7 +39,8 @@ void FillTexts(const SampleTexts& texts) {
         GLWidget* const widget = GLWidget::GetByTag(tag, false);
         if (widget == nullptr)
             continue;
-        if (widget->GetType() != "Combobox") {
+        const Kind* const kind = KindOfType(widget->GetType());
+        if (kind == nullptr || !kind->takesItems) {
             widget->SetText(text);
             continue;
         }
@@ -79,6 +80,7 @@ BuiltLayout::BuiltLayout(const LayoutSource& layout) : visit(layout.Folder()) {
     before.parts = Toolkit::Get().parts;
     std::swap(before, Toolkit::Get());
     Toolkit::Get().ResetWithoutWindow();
+    Toolkit::Get().kinds = before.kinds;
     layout.Build();
 }
 
