@@ -6,11 +6,12 @@
 #include <GL/gl.h>
 
 #include <algorithm>
-#include <fstream>
 #include <iostream>
 #include <memory>
+#include <sstream>
 
 #include "glwidget/configuration.h"
+#include "glwidget/reader.h"
 #include "quarn2/trace.h"
 
 namespace {
@@ -20,6 +21,10 @@ constexpr float kEdgeThreshold = 90.0f;
 
 /// Never destroyed, because references to it are given out.
 const std::string& kNoText = *new std::string;
+
+void ReportStart(const std::string& path) {
+    std::cerr << "Starting GUI from " << path << '\n';
+}
 
 /// As GLWidget::ForEach, for the top level.
 template <typename Handle>
@@ -401,7 +406,7 @@ bool GLWidget::MessageBox(const std::string& message, int buttons) {
 }
 
 bool GLWidget::Init(const std::string& path) {
-    std::ifstream file(path);
+    std::istringstream file = OpenGuiFile(path);
     return Init(file);
 }
 
@@ -412,13 +417,15 @@ bool GLWidget::Init(std::istream& file) {
 }
 
 bool GLWidget::StartGUI(const std::string& path) {
-    std::ifstream file(path);
-    return StartGUI(file, path);
+    TraceFrame frame("StartGUI", "GLWidget");
+    ReportStart(path);
+    std::istringstream file = OpenGuiFile(path);
+    return Toolkit::Get().parts.buildLayout(file, path);
 }
 
 bool GLWidget::StartGUI(std::istream& file, const std::string& path) {
     TraceFrame frame("StartGUI", "GLWidget");
-    std::cerr << "Starting GUI from " << path << '\n';
+    ReportStart(path);
     return Toolkit::Get().parts.buildLayout(file, path);
 }
 

@@ -4,10 +4,12 @@
 #include "glwidget/layout.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iostream>
+#include <sstream>
+#include <utility>
 
 #include "glwidget/tabwindow.h"
+#include "quarn2/readfile.h"
 #include "quarn2/trace.h"
 
 namespace {
@@ -19,10 +21,15 @@ void RegisterDefaultTheme() {
     const auto known = GLWidget::themes.find(kDefaultTheme);
     const Theme* const previous = known != GLWidget::themes.end() ? known->second : nullptr;
     Theme* const theme = GLWidget::NewTheme(kDefaultTheme);
-    std::ifstream file(kDefaultThemeFile);
-    if (file) {
+    std::string text;
+    const FileProblem problem = ReadWholeFile(kDefaultThemeFile, GuiReader::kMaxFileBytes, text);
+    if (problem == FileProblem::None) {
+        std::istringstream file(std::move(text));
         Theme::Read(*theme, file, kDefaultThemeFile);
     } else {
+        // Without such a file the built-in values are usual and not reported.
+        if (problem != FileProblem::Missing)
+            std::cerr << Describe(kDefaultThemeFile, problem, GuiReader::kMaxFileBytes) << '\n';
         Theme::BuiltIn(*theme);
     }
     if (GLWidget::currentTheme == nullptr || GLWidget::currentTheme == previous)

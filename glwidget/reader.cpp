@@ -4,6 +4,18 @@
 #include "glwidget/reader.h"
 
 #include <algorithm>
+#include <iostream>
+#include <utility>
+
+#include "quarn2/readfile.h"
+
+std::istringstream OpenGuiFile(const std::string& path) {
+    std::string text;
+    const FileProblem problem = ReadWholeFile(path, GuiReader::kMaxFileBytes, text);
+    if (problem != FileProblem::None)
+        std::cerr << Describe(path, problem, GuiReader::kMaxFileBytes) << '\n';
+    return std::istringstream(std::move(text));
+}
 
 #include "quarn2/strings.h"
 

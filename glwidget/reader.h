@@ -3,10 +3,17 @@
 
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <istream>
+#include <sstream>
 #include <string>
 
 #include "quarn2/vector.h"
+
+/// Opens a layout, theme or configuration file. If it cannot be read, one line on standard error
+/// says why, and the stream is empty.
+std::istringstream OpenGuiFile(const std::string& path);
 
 /// Reads the toolkit's text files: layouts, themes and the configuration. Words and numbers
 /// are separated by white space, line ends included. A read that fails does not change its
@@ -40,6 +47,8 @@ public:
     /// Skips lines that begin with "//".
     void SkipComments();
 
+    /// A longer file is not read.
+    static constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{16} << 20;
     static constexpr std::size_t kFieldLimit = 511;
     static constexpr std::streamsize kSkipLimit = 10000;
 

@@ -4,9 +4,9 @@
 #include "glwidget/theme.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iostream>
 #include <iterator>
+#include <sstream>
 
 #include "glwidget/reader.h"
 #include "glwidget/toolkit.h"
@@ -81,25 +81,35 @@ private:
     Theme& theme;
 };
 
+void ReportStart(const std::string& path) {
+    std::cerr << "reading theme " << path << '\n';
+}
+
 }  // namespace
 
 void Theme::Read(Theme& theme, const std::string& path) {
-    std::ifstream file(path);
-    Read(theme, file, path);
+    TraceFrame frame("Read", "Theme");
+    ReportStart(path);
+    std::istringstream file = OpenGuiFile(path);
+    theme.ReadLines(file, path);
 }
 
 void Theme::Read(Theme& theme, std::istream& file, const std::string& path) {
     TraceFrame frame("Read", "Theme");
-    std::cerr << "reading theme " << path << '\n';
+    ReportStart(path);
+    theme.ReadLines(file, path);
+}
+
+void Theme::ReadLines(std::istream& file, const std::string& path) {
     GuiReader reader(file);
     for (const Line& line : kLines) {
         reader.SkipComments();
-        std::visit(LineReader(reader, line, theme), line.member);
+        std::visit(LineReader(reader, line, *this), line.member);
         reader.EndLine();
     }
-    if (theme.textureName != kNoTexture) {
-        std::cerr << "loading " << theme.textureName << '\n';
-        theme.LoadImage();
+    if (textureName != kNoTexture) {
+        std::cerr << "loading " << textureName << '\n';
+        LoadImage();
     }
     std::cerr << "read theme " << path << '\n';
 }

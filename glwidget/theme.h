@@ -58,8 +58,8 @@ public:
     /// Between the edge of a container, or of the screen, and what it holds.
     float Margin() const { return 3.0f * border; }
 
-    /// Fills `theme` from a theme file, reporting every value on standard error. A value that
-    /// is missing or malformed leaves the field as it was.
+    /// Fills `theme` from a theme file and writes every value on standard error. A value that
+    /// is missing or malformed leaves the field as it was; so does a file that cannot be read.
     static void Read(Theme& theme, const std::string& path);
     /// @param path  as which the file is reported
     static void Read(Theme& theme, std::istream& file, const std::string& path);
@@ -80,5 +80,6 @@ public:
     static void BuiltIn(Theme& theme);
 
 private:
+    void ReadLines(std::istream& file, const std::string& path);
     void LoadImage();
 };

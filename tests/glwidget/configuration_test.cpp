@@ -101,7 +101,7 @@ TEST_F(ConfigurationTest, MissingFileIsReadAsAnEmptyOne) {
     testing::internal::CaptureStderr();
     EXPECT_TRUE(GLWidget::Init("nowhere"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Loading \nError loading the font\nLoaded.\n");
+              "nowhere is missing\nLoading \nError loading the font\nLoaded.\n");
     EXPECT_EQ(GLWidget::fadeRate, 0.005f);
 }
 

@@ -145,7 +145,10 @@ TEST_F(ThemeTest, MissingFileIsReadAsAnEmptyOne) {
     testing::internal::CaptureStderr();
     Theme::Read(theme, "nowhere.theme");
     const std::string report = testing::internal::GetCapturedStderr();
-    EXPECT_TRUE(report.starts_with("reading theme nowhere.theme\n(1, 1, 1, 1)\n")) << report;
+    EXPECT_TRUE(
+        report.starts_with("reading theme nowhere.theme\nnowhere.theme is missing\n"
+                           "(1, 1, 1, 1)\n"))
+        << report;
     EXPECT_NE(report.find("gui.tga\n1\nloading gui.tga\n"), std::string::npos) << report;
     EXPECT_TRUE(report.ends_with("read theme nowhere.theme\n")) << report;
     ExpectBuiltInValues(theme);
