@@ -8,6 +8,7 @@
 #include <cmath>
 #include <system_error>
 
+#include "glwidget/reader.h"
 #include "quarn2/readfile.h"
 
 namespace guiview {
@@ -18,7 +19,6 @@ constexpr std::string_view kWhite = " \t\r\v\f";
 /// What stands between the fields of a line; the toolkit keeps the others in a text.
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::string_view kComment = "//";
-constexpr std::uintmax_t kMaxBytes = (16U << 20U) - 1;
 
 std::size_t SkipAny(std::string_view line, std::size_t from, std::string_view which) {
     return std::min(line.find_first_not_of(which, from), line.size());
@@ -105,7 +105,7 @@ std::string OutsideRange(const Field& field, const Word& word, const std::string
 
 std::optional<std::string> ReadTextFile(const std::string& path) {
     std::string content;
-    if (ReadWholeFile(path, kMaxBytes, content) != FileProblem::None)
+    if (ReadWholeFile(path, GuiReader::kMaxFileBytes, content) != FileProblem::None)
         return std::nullopt;
     return content;
 }

@@ -59,8 +59,8 @@ std::string Malformed(const Field& field, const Word& word, const std::string& n
 /// The same of a word that is not malformed.
 std::string OutsideRange(const Field& field, const Word& word, const std::string& name);
 
-/// A text file's content. A file of 16 MiB or more is no text of ours.
-/// @return nothing when it is no readable file
+/// The content of a text file.
+/// @return nothing if it cannot be read or is larger than the toolkit allows
 std::optional<std::string> ReadTextFile(const std::string& path);
 
 /// The lines without their line ends.
