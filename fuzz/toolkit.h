@@ -14,7 +14,7 @@
 #include "tests/support/font_access.h"
 
 /// The toolkit without a window, in an empty folder: it measures texts with glyphs of one width
-/// and takes every font and picture for loaded.
+/// and counts every font and picture as loaded.
 class FuzzedToolkit {
 public:
     FuzzedToolkit() {
@@ -23,7 +23,7 @@ public:
             std::string name = folder;
             Require(mkdtemp(name.data()) != nullptr);
             std::filesystem::current_path(name);
-            Require(rmdir(name.c_str()) == 0);  // stays the working directory, without a file in it
+            Require(rmdir(name.c_str()) == 0);  // it stays the working directory and stays empty
             return true;
         }();
         Toolkit& toolkit = Toolkit::Get();
