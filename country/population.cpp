@@ -224,7 +224,7 @@ float Population::Births(float people) const {
 
 void Population::Eat(float seconds) {
     TraceFrame frame("Eat", "Population");
-    const float people = Eaten(OverTick(population, seconds));
+    const float people = Eaten(OverTick(population, seconds), InFamine());
     grain.Consume(people);
     livestock.Consume(people);
 }

@@ -90,8 +90,8 @@ public:
     double DeadOfPlague(double roll) const;
     /// Children of the idle among that many people; below 0 while the shares add up to more than 1.
     float Births(float people) const;
-    /// Person-weeks eaten by that many people.
-    float Eaten(float people) const { return InFamine() ? people * 1.5f : people; }
+    /// Person-weeks eaten by that many person-weeks of people.
+    static float Eaten(float people, bool famine) { return famine ? people * 1.5f : people; }
 
     /// Where the messages go, one line each, flushed; standard output if this is not called.
     /// @param stream  not owned; null drops the messages
