@@ -44,6 +44,7 @@ void World::Advance(float seconds) {
     newspaper.Update(seconds);
     date.Advance(wholeSeconds);
     chronicle.NoteAfter(player, date, wholeSeconds);
+    history.Add(player, wholeSeconds);
 }
 
 float World::RollClockSeconds() {
