@@ -54,6 +54,7 @@ public:
     };
     static constexpr std::size_t kEventCount = 29;
 
+    /// What happened, on which day, and the numbers of it.
     struct Entry {
         Event event;
         Date date;

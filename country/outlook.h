@@ -49,5 +49,7 @@ struct HerdOutlook : Outlook {
     void WriteTo(std::string& text) const;
 };
 
+/// What the next week will do to the granary.
 Outlook GrainOutlook(const Population& people);
+/// What the next week will do to the herd.
 HerdOutlook LivestockOutlook(const Population& people);
