@@ -5,8 +5,9 @@
 
 #include "glwidget/glwidget.h"
 
-/// A push button with a caption or, with an empty one, an image. `clicked` is raised by the
-/// press, `active` holds while the button is held down.
+/// `Butt caption`, one word, or `Butt TEX width height`, both above 0: a push button with a caption
+/// or with the picture of its theme. A press sets `clicked`; `active` is true while the button is
+/// held down.
 class Button : public GLWidget {
 public:
     Button(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,

@@ -7,7 +7,7 @@
 
 #include "glwidget/glwidget.h"
 
-/// A tick box with a caption behind it.
+/// `Check caption`, the rest of the line: a tick box with a caption after it.
 class Checkbox : public GLWidget {
 public:
     Checkbox(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,

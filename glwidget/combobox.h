@@ -11,8 +11,9 @@
 #include "glwidget/container.h"
 #include "glwidget/glwidget.h"
 
-/// One line showing the chosen text of a list; a click on it, or on the button at its side,
-/// opens the list below. The application reads GetCurrentText and polls BeenChanged.
+/// `Combo`, without fields: one line showing the chosen text of a list; a click on it, or on the
+/// button at its side, opens the list below. The application reads GetCurrentText and polls
+/// BeenChanged.
 class Combobox : public GLWidget {
 public:
     Combobox(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme);

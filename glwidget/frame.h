@@ -7,7 +7,8 @@
 
 #include "glwidget/glwidget.h"
 
-/// Groups widgets, with or without an outline around them. Never has the focus itself.
+/// `Frame border`, 0 or 1: groups widgets, with or without an outline around them. Never has the
+/// focus itself.
 class Frame : public GLWidget {
 public:
     Frame(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,

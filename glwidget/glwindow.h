@@ -7,8 +7,8 @@
 
 #include "glwidget/glwidget.h"
 
-/// A titled panel, which the user drags by its title bar when it is movable. A window with a
-/// parent stays inside the parent's valid area.
+/// `Win movable title`, 0 or 1 and the rest of the line: a titled panel, which the user drags by
+/// its title bar when it is movable. A window with a parent stays inside the parent's valid area.
 class GLWindow : public GLWidget {
 public:
     GLWindow(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,

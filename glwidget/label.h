@@ -9,8 +9,9 @@
 
 #include "glwidget/glwidget.h"
 
-/// Static text, broken into lines at the widget's width. A text that says what it said before
-/// costs a comparison; its breaks are found again only when something they depend on changed.
+/// `Label text`, the rest of the line: static text, broken into lines at the widget's width. A text
+/// that says what it said before costs a comparison; its breaks are found again only when something
+/// they depend on changed.
 class Label : public GLWidget {
 public:
     /// Sized for the given text. Writes lines, height and text on standard error.

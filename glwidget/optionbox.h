@@ -7,7 +7,8 @@
 
 #include "glwidget/checkbox.h"
 
-/// A box of a group of which one is active: its container tells the others when one is chosen.
+/// `Opt caption`, the rest of the line: a box of a group of which one is active: its container
+/// tells the others when one is chosen.
 class Optionbox : public Checkbox {
 public:
     using Checkbox::Checkbox;

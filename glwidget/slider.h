@@ -7,8 +7,9 @@
 
 #include "glwidget/glwidget.h"
 
-/// A knob on a straight track. The value is `level`, a fraction of the track, 0.5 at first;
-/// dragging keeps it strictly between 0 and 1. The application polls it.
+/// `Slide width height`, one of them 0 and the other above 0: a knob on a straight track. The value
+/// is `level`, a fraction of the track, 0.5 at first; dragging keeps it strictly between 0 and 1.
+/// The application polls it.
 class Slider : public GLWidget {
 public:
     /// @param position  start of the track; the widget's own position is half a knob below it

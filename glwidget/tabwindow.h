@@ -11,8 +11,8 @@
 #include "glwidget/container.h"
 #include "glwidget/glwindow.h"
 
-/// A window whose content is switched by a row of buttons. While it is built all tabs' widgets
-/// are its children; from Solidify on only the shown tab's are.
+/// `TWin`, without fields: a window whose content is switched by a row of buttons. While it is
+/// built all tabs' widgets are its children; from Solidify on only the shown tab's are.
 class TabWindow : public GLWindow {
 public:
     TabWindow(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme);

@@ -10,8 +10,9 @@
 
 #include "glwidget/glwidget.h"
 
-/// A text entry field of a fixed number of columns and rows. Focus means being edited: a click
-/// gives it, and only another unique widget of the same container takes it away.
+/// `Text columns rows`, each 1 to 1000: a text entry field of a fixed number of columns and rows.
+/// Focus means being edited: a click gives it, and only another unique widget of the same container
+/// takes it away.
 class Textbox : public GLWidget {
 public:
     /// Columns or rows outside the limits become the nearest limit, with one line on standard

@@ -177,6 +177,29 @@ class Documents(unittest.TestCase):
             time.sleep(0.05)
         self.assertIsNone(viewer.poll())
 
+    def test_guiview_checks_and_draws_the_widget_of_the_engine_example(self):
+        data = self.sandbox / "data"
+
+        def guiview(line, *options):
+            (data / "meter.gui").write_text(f"CONF gui.conf\n{line}\n")
+            return subprocess.run([BUILD / "tests/docs/guiview_with_meter", *options, "meter.gui"],
+                                  cwd=data, stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                                  timeout=100)
+
+        meter = "CADD Meter level NULL -1 0 0.5 0.1"
+        good = guiview(meter, "--check")
+        self.assertEqual((good.returncode, good.stdout), (0, ""), good.stderr)
+        flat = guiview(meter.replace("0.1", "0"), "--check")
+        self.assertEqual((flat.returncode, flat.stdout), (
+            1, "meter.gui:2:32: error: '0' is out of range for height: above 0\n"))
+        missing = guiview(meter.removesuffix(" 0.1"), "--check")
+        self.assertEqual(missing.returncode, 1)
+
+        for line, picture in ((meter, "with.png"), ("", "without.png")):
+            drawn = guiview(line, "--png", picture)
+            self.assertEqual((drawn.returncode, drawn.stderr), (0, ""))
+        self.assertNotEqual((data / "with.png").read_bytes(), (data / "without.png").read_bytes())
+
     def test_game_can_be_paused_and_continued(self):
         game = Game(self.sandbox / "paused")
         self.addCleanup(game.close)

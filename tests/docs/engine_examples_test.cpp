@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,19 @@ TEST_F(MeterExample, KeepsItsLevelWithinTheBar) {
     EXPECT_FALSE(meter.MouseClick(true, false, false));
     EXPECT_FLOAT_EQ(meter.Getbbox().z, 0.4f);
     EXPECT_FLOAT_EQ(meter.Getbbox().w, 0.1f);
+}
+
+TEST_F(MeterExample, IsMadeByALayoutOnceItsKindIsRegistered) {
+    RegisterKind(kMeterKind);
+    std::istringstream layout("CADD Meter level NULL 0 0 0.4 0.1\n");
+    testing::internal::CaptureStderr();
+    GLWidget::StartGUI(layout, "test.gui");
+    testing::internal::GetCapturedStderr();
+    GLWidget* const meter = GLWidget::GetByTag("level", false);
+    ASSERT_NE(meter, nullptr);
+    EXPECT_EQ(meter->GetType(), "Meter");
+    EXPECT_FLOAT_EQ(meter->Getbbox().z, 0.4f);
+    EXPECT_FLOAT_EQ(meter->Getbbox().w, 0.1f);
 }
 
 class DrawnMeterExample : public DrawnWidgetTest {};
