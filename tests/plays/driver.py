@@ -14,6 +14,7 @@ from pathlib import Path
 
 from Xlib import X, display
 from Xlib.error import BadWindow
+from Xlib.ext import damage
 from Xlib.protocol import event as protocol
 from virtualdisplay import VirtualDisplay
 
@@ -27,8 +28,11 @@ SCREEN = (1280, 1024)
 # until the timeout, which is long because a build with sanitizers on a busy machine is slow.
 TIMEOUT = 90.0
 POLL_INTERVAL = 0.02
-# Pixels that stay the same for this time will not change again: a highlight fades in 0.2 seconds.
+# Pixels that stay the same for this time and for this number of frames will not change again: a
+# highlight fades in 0.2 seconds, and what the mouse does is visible two frames later. On a busy
+# machine one frame can take half a second.
 REST_TIME = 0.4
+REST_FRAMES = 4
 
 RETRY_TIME = 0.25  # after which a movement of the mouse without an effect is repeated
 
@@ -93,6 +97,7 @@ class Game:
                                             # processes are all in another session.
                                             process_group=0)
         self.pointer = None
+        self.shown_frames = 0
         self.open_tabs = {}
 
     def close(self):
@@ -124,6 +129,14 @@ class Game:
             except BadWindow:  # SDL opened a window for a test, and has closed it again
                 pass
         return None
+
+    def frames(self):
+        """How many frames the game has shown since its start."""
+        connection = self.display.connection
+        while connection.pending_events():
+            if connection.next_event().type == connection.extension_event.DamageNotify:
+                self.shown_frames += 1
+        return self.shown_frames
 
     def grab(self, left, top, right, bottom):
         """The pixels of a part of the window. All four sides belong to the part."""
@@ -169,13 +182,15 @@ class Game:
         """The widget's pixels, after they have stayed the same for a while."""
         last = self.look(tag, part)
         since = time.monotonic()
+        frame = self.frames()
 
         def rests():
-            nonlocal last, since
+            nonlocal last, since, frame
             now = self.look(tag, part)
             if now != last:
-                last, since = now, time.monotonic()
-            return time.monotonic() - since > REST_TIME
+                last, since, frame = now, time.monotonic(), self.frames()
+            return (time.monotonic() - since > REST_TIME
+                    and self.frames() >= frame + REST_FRAMES)
 
         self.wait(rests, f"{tag} to stop changing")
         return last
@@ -184,6 +199,8 @@ class Game:
         self.window = self.wait(self.find_window, f'a window "{TITLE}"')
         self.wait(lambda: self.window.get_attributes().map_state == X.IsViewable,
                   "its window to be shown")
+        self.display.connection.damage_query_version()
+        self.window.damage_create(damage.DamageReportRawRectangles)  # one event for each frame
         place = self.window.translate_coords(self.display.root, 0, 0)
         self.origin = -place.x, -place.y
         for label in ("farmerslab", "popinfo", "date"):
