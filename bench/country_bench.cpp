@@ -135,7 +135,7 @@ void WorldCreation(benchmark::State& state) {
 }
 BENCHMARK(WorldCreation);
 
-/// An edition at a crime level in hundredths: the stories below 15 draw names.
+/// An edition at a crime level in hundredths: below 15 the stories have random names.
 void Edition(benchmark::State& state) {
     std::srand(1);
     Country country(start::kName, start::kPeople);
@@ -156,11 +156,11 @@ void Name(benchmark::State& state) {
 }
 BENCHMARK(Name);
 
-/// The sixteen draws of a country's name alone: the floor of the case above.
+/// Only the sixteen random numbers of a country's name: the lowest cost of the case above.
 void NameRolls(benchmark::State& state) {
     std::srand(1);
     for ([[maybe_unused]] auto _ : state) {
-        for (int draw = 0; draw < 16; ++draw)
+        for (int roll = 0; roll < 16; ++roll)
             benchmark::DoNotOptimize(std::rand());
     }
 }

@@ -16,7 +16,7 @@
 [[nodiscard]] bool DecodePNG(const std::string& path, std::span<const std::uint8_t> bytes,
                              DecodedImage& image);
 
-/// Decodes run-length-encoded true-colour images (type 10) of 24 or 32 bits. The rows keep the
-/// order of the file, the origin bit is ignored.
+/// Decodes run-length-encoded true-colour images (type 10) of 24 or 32 bits. The rows stay in the
+/// order of the file; the origin bit is ignored.
 [[nodiscard]] bool DecodeTGA(const std::string& path, std::span<const std::uint8_t> bytes,
                              DecodedImage& image);

@@ -11,7 +11,7 @@
 /// Key symbols and character codes that the engine tracks, 0 to 511.
 inline constexpr std::size_t kKeyCount = 512;
 
-/// One flag per key, indexed by the input library's key symbol or character code.
+/// One flag per key, indexed by SDL's key symbol or character code.
 using KeyFlags = std::array<bool, kKeyCount>;
 
 /// The numbers are sent and stored.
@@ -35,7 +35,7 @@ struct KeyboardEvent {
 
     KeyFlags down;           ///< held
     KeyFlags pressed;        ///< pressed, or repeating, in this update
-    std::uint32_t mods = 0;  ///< modifier mask as the input library reports it
+    std::uint32_t mods = 0;  ///< modifier mask as SDL reports it
 };
 
 /// An event of any kind, sent by value.

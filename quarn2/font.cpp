@@ -117,7 +117,7 @@ bool MakeImage(const FT_Bitmap& bitmap, TextureData& image) {
     if (wide * high > static_cast<std::size_t>(TextureData::kMaxPixels))
         return false;
     std::vector<std::uint8_t> pixels(wide * high * 4);
-    // kept: a row is as long as the glyph is wide, whatever the pitch. A bitmap with less than a
+    // kept: a row is as long as the glyph is wide, not as the pitch. A bitmap with less than a
     // byte per pixel therefore ends before the last row.
     const std::span<const std::uint8_t> coverage(
         bitmap.buffer, std::size_t{bitmap.rows} * static_cast<std::size_t>(std::abs(bitmap.pitch)));

@@ -69,7 +69,7 @@ constexpr std::array<std::uint8_t, kDistanceSymbols> FixedDistanceLengths() {
 constexpr HuffmanTable kFixedCodes = BuildHuffmanTable(FixedLengths());
 constexpr HuffmanTable kFixedDistances = BuildHuffmanTable(FixedDistanceLengths());
 
-/// Hands out the input's bits, least significant first, from a buffer of 64 that is refilled
+/// Returns the bits of the input, least significant first, from a buffer of 64 that is refilled
 /// by whole words while the input lasts.
 class BitReader {
 public:

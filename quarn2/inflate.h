@@ -10,7 +10,7 @@
 // repeats cross from the literal/length set into the distance set is refused or decoded wrongly.
 
 /// Decodes one whole stream. A failure writes its line on standard error; what was decoded
-/// before it stays in `output`, and `*outputCount` tells how many bytes that is.
+/// before it stays in `output`, and `*outputCount` is the number of these bytes.
 /// @param output  null: the bytes are only counted, and the contents of stored blocks are not
 ///                skipped
 /// @param capacity  bytes that `output` has room for; needing more is a failure, even if they

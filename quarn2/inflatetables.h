@@ -14,7 +14,7 @@ inline constexpr std::size_t kLiteralSymbols = 288;
 inline constexpr std::size_t kDistanceSymbols = 30;
 inline constexpr int kEndOfBlock = 256;
 
-/// §3.2.5: what a length code, counted from symbol 257, stands for.
+/// §3.2.5: the lengths of the length codes, counted from symbol 257.
 inline constexpr std::array<std::int16_t, 29> kBaseLengths = {
     3,  4,  5,  6,  7,  8,  9,  10, 11,  13,  15,  17,  19,  23, 27,
     31, 35, 43, 51, 59, 67, 83, 99, 115, 131, 163, 195, 227, 258};
@@ -22,7 +22,7 @@ inline constexpr std::array<std::int16_t, 29> kLengthExtraBits = {
     0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3, 4, 4, 4, 4, 5, 5, 5, 5, 0};
 static_assert(kBaseLengths.back() == 258 && kLengthExtraBits[27] == 5);
 
-/// §3.2.5: what a distance code stands for.
+/// §3.2.5: the distances of the distance codes.
 inline constexpr std::array<std::int16_t, kDistanceSymbols> kBaseDistances = {
     1,   2,   3,   4,   5,   7,    9,    13,   17,   25,   33,   49,   65,    97,    129,
     193, 257, 385, 513, 769, 1025, 1537, 2049, 3073, 4097, 6145, 8193, 12289, 16385, 24577};

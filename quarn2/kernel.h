@@ -25,7 +25,7 @@ struct Child {
     std::uint32_t priority;  ///< kept for the catcher; delivery follows the order of joining
 };
 
-/// Hands events to its children and runs the program's main loop. Children must not be added,
+/// Sends events to its children and runs the program's main loop. Children must not be added,
 /// changed or removed from inside GotEvent.
 class Kernel : public EventCatcher {
 public:

@@ -68,7 +68,7 @@ public:
     /// Four floats per pixel: red, green, blue, alpha. Copies of the image share them.
     float* GetData() { return data.get(); }
     const float* GetData() const { return data.get(); }
-    /// Always 32, also for a file of 24 bits.
+    /// Always 32, for every file.
     int GetBitsPerPixel() const { return 32; }
 
 private:
@@ -76,7 +76,7 @@ private:
     [[nodiscard]] bool LoadFile(const std::string& path, ImageDecoder* decode,
                                 const std::string& notOpened);
     /// Whether an image of that size may be made: it is not negative and not above kMaxPixels.
-    /// If not, one line on standard error tells the limit.
+    /// If not, one line on standard error names the limit.
     [[nodiscard]] static bool CanHold(int width, int height);
     std::size_t PixelCount() const {
         return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The results of GLEW, whose header cannot be included beside the header of OpenGL.
+// The results of GLEW, whose header cannot be included together with that of OpenGL.
 constexpr std::uint32_t kLoaded = 0;
 constexpr std::uint32_t kNoDisplayOfGLX = 4;
 

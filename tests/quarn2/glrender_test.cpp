@@ -344,7 +344,7 @@ TEST_F(CloseRequestTest, OtherEngineEventsSucceedAndDoNothing) {
 }
 
 TEST(RenderWithoutKernelTest, FailsTheAssertion) {
-    // A fork would leave the driver's threads behind.
+    // A forked process does not have the driver's threads.
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_EXIT(new GLRender(nullptr), testing::ExitedWithCode(0),
                 testing::Eq("Assert failed on glrender:158 - \"k\"\n"));

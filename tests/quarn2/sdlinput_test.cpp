@@ -516,7 +516,7 @@ TEST_F(GrabbingInputTest, MotionIsMeasuredFromTheHoldingPoint) {
 }
 
 TEST(InputWithoutKernelTest, FailsTheAssertion) {
-    // A fork would leave the driver's threads behind.
+    // A forked process does not have the driver's threads.
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_EXIT(new SDLInput(nullptr, false), testing::ExitedWithCode(0),
                 testing::Eq("Assert failed on quarn2/memory:160 - \"obj!=NULL\"\n"));

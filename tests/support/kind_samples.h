@@ -24,7 +24,7 @@ inline std::string SampleValue(const Field& field) {
     return {};
 }
 
-/// What stands after x and y of a widget of the kind, each field with a value that it takes.
+/// The fields of a widget of the kind after x and y, each with a valid value.
 inline std::string SampleFields(const Kind& kind) {
     std::string text(kind.form);
     for (const Field& field : kind.fields) {
