@@ -24,10 +24,12 @@ struct Row {
 };
 
 constexpr std::array<Row, Chronicle::kEventCount> kRows{{
-    {Chronicle::Event::LivestockBought, false, "{heads} of livestock were bought for {doubloons}."},
-    {Chronicle::Event::LivestockSold, false, "{heads} of livestock were sold for {doubloons}."},
-    {Chronicle::Event::GrainBought, false, "{units} of grain were bought for {doubloons}."},
-    {Chronicle::Event::GrainSold, false, "{units} of grain were sold for {doubloons}."},
+    {Chronicle::Event::LivestockBought, false,
+     "The country bought {heads} of livestock for {doubloons}."},
+    {Chronicle::Event::LivestockSold, false,
+     "The country sold {heads} of livestock for {doubloons}."},
+    {Chronicle::Event::GrainBought, false, "The country bought {units} of grain for {doubloons}."},
+    {Chronicle::Event::GrainSold, false, "The country sold {units} of grain for {doubloons}."},
     {Chronicle::Event::DebtBegun, true, "The treasury has a debt of {doubloons}."},
     {Chronicle::Event::DebtEnded, false, "The debt is paid. The treasury has {doubloons}."},
     {Chronicle::Event::GraceEnded, false,
@@ -45,9 +47,9 @@ constexpr std::array<Row, Chronicle::kEventCount> kRows{{
     {Chronicle::Event::HerdShrinking, true,
      "The butchers wanted more than a third of the herd. Now they slaughter {heads} a week."},
     {Chronicle::Event::HerdEmpty, true, "The herd is gone."},
-    {Chronicle::Event::HerdFilled, false, "There is a herd again, of {heads}."},
+    {Chronicle::Event::HerdFilled, false, "The herd has {heads} again."},
     {Chronicle::Event::GranaryEmpty, true, "The granary is empty."},
-    {Chronicle::Event::GranaryFilled, false, "There are {units} in the granary again."},
+    {Chronicle::Event::GranaryFilled, false, "The granary has {units} again."},
     {Chronicle::Event::RebellionBegun, true,
      "The people rebel. Farmers and butchers stop working."},
     {Chronicle::Event::RebellionEnded, false,
@@ -125,8 +127,13 @@ double Weeks(float seconds) {
     return static_cast<double>(seconds / kSecondsPerWeek);
 }
 
-bool HasAny(const FoodStock& stock) {
-    return stock.amount > 0.0f;
+bool IsUsedUp(const FoodStock& stock) {
+    return !(stock.amount > 0.0f);
+}
+
+/// At least one unit, so that a trace of food is no news.
+bool IsFilled(const FoodStock& stock) {
+    return stock.amount >= 1.0f;
 }
 
 bool HasPeople(const Country& country) {
@@ -163,9 +170,9 @@ void Chronicle::Entry::WriteTo(std::string& text) const {
 Chronicle::Chronicle(const Country& country)
     : fundsSeen(country.funds),
       foodSeen(country.foodState),
-      graceSeen(!country.GraceIsOver()),
-      herdSeen(HasAny(country.livestock)),
-      granarySeen(HasAny(country.grain)),
+      inGrace(!country.GraceIsOver()),
+      herdSeen(!IsUsedUp(country.livestock)),
+      granarySeen(!IsUsedUp(country.grain)),
       faminesSeen(country.disasters.famines),
       plaguesSeen(country.disasters.plagues),
       nobodySeen(!HasPeople(country)),
@@ -196,8 +203,8 @@ void Chronicle::NoteAfter(const Country& country, const Date& date, long seconds
     if (nobodySeen)
         return;
     NoteDebt(country, date);
-    if (graceSeen && country.GraceIsOver()) {
-        graceSeen = false;
+    if (inGrace && country.GraceIsOver()) {
+        inGrace = false;
         Note(Event::GraceEnded, date);
     }
     if (HasPeople(country)) {
@@ -240,10 +247,9 @@ void Chronicle::NoteFood(const Country& country, const Date& date) {
 
 void Chronicle::NoteHerd(const Country& country, const Date& date, float seconds) {
     TraceFrame frame("NoteHerd", "Chronicle");
-    const bool herd = HasAny(country.livestock);
     const float production = country.livestock.production;
     // A tick lowers the production only if the butchers want more than the herd can grow by.
-    const bool lowered = production < productionBefore && herdBefore > 0.0f;
+    const bool lowered = production < productionBefore && herdBefore >= 1.0f;
     if (lowered && herdBefore + production * seconds <= 0.0f) {
         Note(Event::HerdSlaughtered, date, static_cast<double>(herdBefore));
         herdSeen = false;
@@ -251,21 +257,24 @@ void Chronicle::NoteHerd(const Country& country, const Date& date, float seconds
         const Event event = production < 0.0f ? Event::HerdShrinking : Event::HerdLimited;
         Note(event, date, std::fabs(static_cast<double>(production * kSecondsPerWeek)));
     }
-    if (herdSeen && !herd)
+    if (herdSeen && IsUsedUp(country.livestock)) {
+        herdSeen = false;
         Note(Event::HerdEmpty, date);
-    if (!herdSeen && herd)
+    } else if (!herdSeen && IsFilled(country.livestock)) {
+        herdSeen = true;
         Note(Event::HerdFilled, date, static_cast<double>(country.livestock.amount));
-    herdSeen = herd;
+    }
 }
 
 void Chronicle::NoteGranary(const Country& country, const Date& date) {
     TraceFrame frame("NoteGranary", "Chronicle");
-    const bool granary = HasAny(country.grain);
-    if (granarySeen && !granary)
+    if (granarySeen && IsUsedUp(country.grain)) {
+        granarySeen = false;
         Note(Event::GranaryEmpty, date);
-    if (!granarySeen && granary)
+    } else if (!granarySeen && IsFilled(country.grain)) {
+        granarySeen = true;
         Note(Event::GranaryFilled, date, static_cast<double>(country.grain.amount));
-    granarySeen = granary;
+    }
 }
 
 void Chronicle::NoteDisasters(const Country& country, const Date& date) {

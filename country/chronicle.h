@@ -89,7 +89,8 @@ public:
     std::size_t Size() const { return entries.size(); }
     /// @param index  0 for the newest entry; less than Size()
     const Entry& Newest(std::size_t index) const;
-    /// All entries so far, those too that are no longer kept. It grows whenever an entry is added.
+    /// The number of all entries so far, also of those that are no longer kept. Every new entry
+    /// changes it.
     std::uint64_t Count() const { return count; }
     /// The newest entry while it is news; else null. Valid until the next entry.
     const Entry* News() const;
@@ -119,7 +120,7 @@ private:
     // The country as it was last seen.
     float fundsSeen;
     FoodState foodSeen;
-    bool graceSeen;
+    bool inGrace;
     bool herdSeen;
     bool granarySeen;
     int faminesSeen;

@@ -82,7 +82,7 @@ public:
     bool InFamine() const { return famineTime > 0.0f; }
     bool InPlague() const { return plagueTime > 0.0f; }
 
-    // Changes in a week, for the rules and for those who look ahead
+    // What a week changes, for the rules and for the outlook
 
     /// @param roll  from 0 to 1
     static double DeadOfFamine(double roll) { return roll * 200.0f + 1000.0f; }

@@ -63,7 +63,7 @@ protected:
     Chronicle chronicle{country};
 };
 
-TEST_F(ChronicleTest, NothingIsNotedIfNothingHappens) {
+TEST_F(ChronicleTest, AdvanceWithoutAnEventAddsNoEntry) {
     EXPECT_THAT(AfterNothing(), IsEmpty());
     EXPECT_EQ(chronicle.Size(), 0u);
     EXPECT_EQ(chronicle.News(), nullptr);
@@ -93,8 +93,16 @@ TEST_F(ChronicleTest, EmptyStoresAndFilledStoresAreNoted) {
                     changed.grain.amount = 1234.5678f;
                     changed.livestock.amount = 1.0f;
                 }),
-                ElementsAre("There is a herd again, of 1 head.",
-                            "There are 1235 units in the granary again."));
+                ElementsAre("The herd has 1 head again.", "The granary has 1235 units again."));
+}
+
+TEST_F(ChronicleTest, StoreWithLessThanOneUnitDoesNotCountAsFilledAgain) {
+    After([](Country& changed) { changed.grain.amount = 0.0f; });
+    EXPECT_THAT(After([](Country& changed) { changed.grain.amount = 0.99f; }), IsEmpty());
+    EXPECT_THAT(After([](Country& changed) { changed.grain.amount = 0.0f; }), IsEmpty());
+    EXPECT_THAT(After([](Country& changed) { changed.grain.amount = 1.0f; }),
+                ElementsAre("The granary has 1 unit again."));
+    EXPECT_THAT(After([](Country& changed) { changed.grain.amount = 0.01f; }), IsEmpty());
 }
 
 TEST_F(ChronicleTest, HerdOfWhichTheButchersTakeMoreThanAThirdIsSlaughtered) {
@@ -234,16 +242,16 @@ TEST_F(ChronicleTest, TradesAreNotedBeforeTheTickWithTheDateOfTheTrade) {
     country.Sell(0.0f, 1000.0f, &partner);
     country.Sell(0.0f, 10.0f, &partner);
     EXPECT_THAT(AfterNothing(),
-                ElementsAre("1010 units of grain were sold for 808 doubloons.",
-                            "625 heads of livestock were bought for 625 doubloons."));
+                ElementsAre("The country sold 1010 units of grain for 808 doubloons.",
+                            "The country bought 625 heads of livestock for 625 doubloons."));
     EXPECT_EQ(chronicle.Newest(0).date.Text(), "1358/5/16 0:0:0");
     EXPECT_THAT(AfterNothing(), IsEmpty());
     country.Sell(1.0f, 0.0f, &partner);
     country.Buy(0.0f, 0.04f, 0.0f, &partner);
     const std::vector<std::string> sentences = AfterNothing();
     ASSERT_EQ(sentences.size(), 2u);
-    EXPECT_EQ(sentences[0].find("1 head of livestock were sold for "), 0u);
-    EXPECT_EQ(sentences[1].find("0 units of grain were bought for "), 0u);
+    EXPECT_EQ(sentences[0].find("The country sold 1 head of livestock for "), 0u);
+    EXPECT_EQ(sentences[1].find("The country bought 0 units of grain for "), 0u);
 }
 
 TEST_F(ChronicleTest, EntryHasTheDateAfterTheAdvance) {
@@ -356,13 +364,9 @@ public:
             if (after.food != food)
                 Add(kFoods.at(after.food));
             Herd(before, after, static_cast<float>(ticks));
-            if (granary && !(after.grain > 0.0f))
-                Add(Event::GranaryEmpty);
-            if (!granary && after.grain > 0.0f)
-                Add(Event::GranaryFilled, static_cast<double>(after.grain));
+            Store(granary, after.grain, Event::GranaryEmpty, Event::GranaryFilled);
         }
         food = after.food;
-        granary = after.grain > 0.0f;
         const double deadOfBoth = after.deadOfFamine + after.deadOfPlague;
         if (after.rebellion && !before.rebellion) {
             rebellion = {second, deadOfBoth};
@@ -425,23 +429,26 @@ private:
         debt = funds < 0.0f;
     }
     void Herd(const PlainCountry& before, const PlainCountry& after, float seconds) {
-        bool seen = herd;
-        herd = after.livestock > 0.0f;
-        if (after.livestockProduction < before.livestockProduction && before.livestock > 0.0f) {
+        if (after.livestockProduction < before.livestockProduction && before.livestock >= 1.0f) {
             const float heads = after.livestockProduction * 604800.0f;
             if (before.livestock + after.livestockProduction * seconds <= 0.0f) {
                 Add(Event::HerdSlaughtered, static_cast<double>(before.livestock));
-                seen = false;
+                herd = false;
             } else if (heads < 0.0f) {
                 Add(Event::HerdShrinking, -static_cast<double>(heads));
             } else {
                 Add(Event::HerdLimited, static_cast<double>(heads));
             }
         }
-        if (seen && !herd)
-            Add(Event::HerdEmpty);
-        if (!seen && herd)
-            Add(Event::HerdFilled, static_cast<double>(after.livestock));
+        Store(herd, after.livestock, Event::HerdEmpty, Event::HerdFilled);
+    }
+    void Store(bool& filled, float amount, Event empty, Event full) {
+        const bool before = filled;
+        filled = amount >= 1.0f || (filled && amount > 0.0f);
+        if (before && !filled)
+            Add(empty);
+        if (!before && filled)
+            Add(full, static_cast<double>(amount));
     }
     void Disaster(float timeBefore, float timeAfter, int begun, Begin& begin, double deadAfter,
                   Event begins, Event goesOn, Event ends) {
