@@ -59,17 +59,17 @@ void Declare(CLI::App& app, Options& options) {
         app.add_flag("--tree", options.tree, "Print tag, kind, parent and box of every widget");
     auto* const check = app.add_flag("--check", options.check,
                                      "Print what is wrong with the layout and its files; with "
-                                     "--format, the lines that it would change");
+                                     "--format, print the lines that are not aligned");
     auto* const format = app.add_flag("--format", options.format,
                                       "Align the columns of the layout and change nothing else");
     picture->type_name("FILE")->excludes(tree, check, format);
     tree->excludes(check, format);
     app.add_flag("--json", options.json, "Print what is wrong as JSON")->needs(check);
-    app.add_flag("--game", options.game,
-                 "Show the longest texts of the game; with --check, look also for what the game "
-                 "needs");
+    app.add_flag(
+        "--game", options.game,
+        "Show the longest texts of the game; with --check, also check what the game needs");
     app.add_option("--text", options.texts,
-                   "A text to show in a widget; \\n begins a line, and in a Combo an item")
+                   "A text to show in a widget; \\n begins a new line, or in a Combo a new item")
         ->type_name("TAG=TEXT")
         ->allow_extra_args(false);
     app.add_option("--click", options.clicked, "Click on this widget before the picture is taken")
@@ -82,7 +82,7 @@ void Declare(CLI::App& app, Options& options) {
     app.add_option("--press", options.pressed, "Hold the left button down over this widget")
         ->type_name("TAG")
         ->needs(picture);
-    app.add_flag("--crop", options.crop, "Leave out what is empty around the widgets")
+    app.add_flag("--crop", options.crop, "Cut off the empty part around the widgets")
         ->needs(picture);
 }
 
@@ -108,7 +108,7 @@ bool ReadTexts(const Options& options, SampleTexts& texts) {
 int Print(const Findings& findings, bool json) {
     std::cout << (json ? findings.AsJson() : findings.AsText()) << std::flush;
     if (!std::cout)
-        return Fail("what was found cannot be written");
+        return Fail("the findings cannot be written");
     return findings.List().empty() ? kClean : kFindings;
 }
 
@@ -157,7 +157,7 @@ bool ReportErrors(const Findings& findings) {
     Findings errors;
     for (const Finding& finding : findings.List()) {
         if (finding.severity == Severity::Error)
-            errors.Error(finding.file, finding.place, finding.message);
+            errors.Error(finding.file, finding.location, finding.message);
     }
     std::cerr << errors.AsText();
     return errors.HasErrors();

@@ -15,6 +15,7 @@ from pathlib import Path
 
 from driver import Screen
 from Xlib import X
+from virtualdisplay import VirtualDisplay
 
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
@@ -23,8 +24,8 @@ TREE = ROOT / "tests/tools/guiview/my.gui.debug.tree"
 
 CLEAN, FINDINGS, UNUSABLE = 0, 1, 2
 
-# Waiting ends as soon as its condition holds; this long only when something is broken.
-PATIENCE = 60.0
+# How long to wait for a condition before the test fails, in seconds.
+TIMEOUT = 60.0
 
 THEME = """0 0 0
 0.3 0.3 0.3
@@ -47,7 +48,7 @@ CONFIGURATION = "font.ttf\nx\n" + "0 0 1 1\n" * 5 + "0.005\n"
 
 
 def without_display():
-    """No display can be found: what works here works for an editor and on a build machine."""
+    """An environment in which no display can be found."""
     environment = dict(os.environ)
     for name in ["DISPLAY", "WAYLAND_DISPLAY", "SDL_VIDEODRIVER"]:
         environment.pop(name, None)
@@ -55,7 +56,7 @@ def without_display():
 
 
 class Folder(unittest.TestCase):
-    """A folder with a font, a configuration and a theme, for layouts."""
+    """A folder with the font, configuration and themes that layouts need."""
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -74,7 +75,7 @@ class Folder(unittest.TestCase):
     def guiview(self, *arguments, **options):
         options.setdefault("cwd", self.folder)
         return subprocess.run([GUIVIEW, *map(str, arguments)], stdin=subprocess.DEVNULL,
-                              capture_output=True, text=True, timeout=PATIENCE,
+                              capture_output=True, text=True, timeout=TIMEOUT,
                               env=without_display(), **options)
 
 
@@ -94,22 +95,22 @@ class GuiviewProgram(Folder):
         self.assertEqual((result.returncode, result.stdout), (UNUSABLE, ""))
         self.assertRegex(result.stderr, r"\Aguiview: .*--loud.*\n\Z")
 
-    def test_a_tree_and_a_check_are_two_runs(self):
+    def test_tree_and_check_exclude_each_other(self):
         self.assertEqual(self.guiview("--tree", "--check", "a.gui").returncode, UNUSABLE)
 
-    def test_json_is_for_checks(self):
+    def test_json_without_check_is_refused(self):
         self.assertEqual(self.guiview("--json", "a.gui").returncode, UNUSABLE)
 
-    def test_a_layout_that_is_not_there_is_not_usable(self):
+    def test_a_missing_layout_is_reported(self):
         for mode in ["--check", "--tree", "--format", "--png=a.png"]:
             with self.subTest(mode):
                 self.expect(self.guiview(mode, "none.gui"), UNUSABLE, "",
                             "guiview: none.gui: cannot be read\n")
 
-    def test_a_folder_is_not_usable(self):
+    def test_a_folder_instead_of_a_layout_is_reported(self):
         self.expect(self.guiview("--check", "."), UNUSABLE, "", "guiview: .: cannot be read\n")
 
-    def test_a_pipe_is_not_waited_for(self):
+    def test_a_pipe_instead_of_a_layout_is_refused_at_once(self):
         os.mkfifo(self.folder / "pipe")
         self.assertEqual(self.guiview("--check", "pipe").returncode, UNUSABLE)
 
@@ -124,14 +125,14 @@ class GuiviewProgram(Folder):
         self.write("a.gui", "CONF gui.conf\nCADD Label a NULL 0 0 A\n")
         self.expect(self.guiview("--check", "a.gui"), CLEAN)
 
-    def test_findings_are_printed_as_compilers_do(self):
+    def test_findings_are_printed_with_file_line_and_column(self):
         self.write("a.gui", "FOO\nCADD Butt a NULL 5 0 TEX 1 1\n")
         self.expect(self.guiview("--check", "a.gui"), FINDINGS,
                     "a.gui:1:1: error: unknown statement 'FOO'\n"
                     "a.gui:2:11: warning: 'a' is outside the screen, 985 pixels beyond its right "
                     "edge\n")
 
-    def test_warnings_alone_are_findings(self):
+    def test_a_layout_with_warnings_is_not_clean(self):
         self.write("a.gui", "CHLD\n")
         self.assertEqual(self.guiview("--check", "a.gui").returncode, FINDINGS)
 
@@ -144,11 +145,11 @@ class GuiviewProgram(Folder):
                             path.removesuffix("gui")
                             + "theme:1:1: error: the file ends before its text colour\n")
 
-    def test_files_are_looked_for_beside_the_layout(self):
+    def test_files_are_read_from_the_folder_of_the_layout(self):
         layout = self.write("a.gui", "CONF gui.conf\nTHEM default.theme NULL\n")
         self.expect(self.guiview("--check", layout, cwd="/"), CLEAN)
 
-    def test_findings_for_editors_are_json(self):
+    def test_findings_can_be_printed_as_json(self):
         self.write("a.gui", "FOO\n")
         result = self.guiview("--check", "--json", "a.gui")
         self.assertEqual(result.returncode, FINDINGS)
@@ -160,7 +161,7 @@ class GuiviewProgram(Folder):
         self.write("a.gui", "")
         self.expect(self.guiview("--check", "--json", "a.gui"), CLEAN, "[]\n")
 
-    def test_what_the_game_needs_is_looked_for_when_asked(self):
+    def test_game_also_checks_what_the_game_needs(self):
         self.write("a.gui", "")
         self.expect(self.guiview("--check", "a.gui"), CLEAN)
         result = self.guiview("--check", "--game", "a.gui")
@@ -174,24 +175,24 @@ class GuiviewProgram(Folder):
                     "a.gui:2:12: warning: the text of 'a' takes 2 lines; the widget has room for "
                     "1\n")
 
-    def test_a_text_for_no_widget_is_not_usable(self):
+    def test_a_text_for_an_unknown_tag_is_refused(self):
         self.write("a.gui", "")
         self.expect(self.guiview("--check", "--text", "b=B", "a.gui"), UNUSABLE, "",
                     "guiview: --text: no widget has the tag 'b'\n")
 
-    def test_a_text_without_a_tag_is_not_usable(self):
+    def test_a_text_without_a_tag_is_refused(self):
         self.write("a.gui", "")
         for text in ["=B", "B"]:
             self.expect(self.guiview("--check", "--text", text, "a.gui"), UNUSABLE, "",
                         "guiview: --text takes TAG=TEXT\n")
 
-    def test_findings_that_cannot_be_written_are_not_clean(self):
+    def test_findings_that_cannot_be_written_are_reported(self):
         self.write("a.gui", "FOO\n")
         with open("/dev/full", "w") as full:
             result = subprocess.run([GUIVIEW, "--check", self.folder / "a.gui"], stdout=full,
-                                    stderr=subprocess.PIPE, text=True, timeout=PATIENCE)
+                                    stderr=subprocess.PIPE, text=True, timeout=TIMEOUT)
         self.assertEqual((result.returncode, result.stderr),
-                         (UNUSABLE, "guiview: what was found cannot be written\n"))
+                         (UNUSABLE, "guiview: the findings cannot be written\n"))
 
     # Trees
 
@@ -227,7 +228,7 @@ class GuiviewProgram(Folder):
         self.assertEqual(os.stat(layout).st_mode & 0o777, 0o640)
         self.assertEqual(sorted(path.name for path in self.folder.glob("a.*")), ["a.gui"])
 
-    def test_a_formatted_layout_is_not_touched(self):
+    def test_a_layout_that_is_already_aligned_is_not_written(self):
         layout = self.write("a.gui", self.ALIGNED)
         before = os.stat(layout)
         self.expect(self.guiview("--format", "a.gui"), CLEAN)
@@ -253,7 +254,7 @@ class GuiviewProgram(Folder):
 
     def test_a_layout_that_cannot_be_written_stays_as_it_is(self):
         layout = self.write("a.gui", self.UNALIGNED)
-        (self.folder / "a.gui.guiview").mkdir()  # stands where the new content would be written
+        (self.folder / "a.gui.guiview").mkdir()  # has the name of the file for the new content
         self.expect(self.guiview("--format", "a.gui"), UNUSABLE, "",
                     "guiview: a.gui: cannot be written\n")
         self.assertEqual(Path(layout).read_text(), self.UNALIGNED)
@@ -277,7 +278,7 @@ OUTLINE = (77, 77, 77)
 
 
 class GuiviewPicture(Folder):
-    """Pictures are drawn where there is no display, too."""
+    """Pictures, which need no display."""
 
     def picture(self, layout, *arguments):
         self.write("a.gui", layout)
@@ -317,7 +318,7 @@ class GuiviewPicture(Folder):
         layout = "CONF gui.conf\nCADD Label a NULL 0 0.5 The same\n"
         self.assertEqual(self.picture(layout).read_bytes(), self.picture(layout).read_bytes())
 
-    def test_a_pressed_button_is_drawn_where_it_is_pressed_to(self):
+    def test_a_pressed_button_is_drawn_at_its_offset(self):
         layout = "CADD Butt a NULL 0.5 0.5 TEX 0.5 0.25\n"
         self.assertEqual(pixel(self.picture(layout), 518, 155), GREY)
         # pressed by 0.02 to the right: 4.6 pixels
@@ -338,7 +339,7 @@ class GuiviewPicture(Folder):
         first = self.picture(layout).read_bytes()
         self.assertNotEqual(self.picture(layout, "--click", "__wtab1B").read_bytes(), first)
 
-    def test_texts_of_the_game_are_shown_when_asked(self):
+    def test_game_shows_the_longest_texts_of_the_game(self):
         layout = "CONF gui.conf\nCADD Label date NULL -1.7 0.5 Now\n"
         self.assertNotEqual(self.picture(layout).read_bytes(),
                             self.picture(layout, "--game").read_bytes())
@@ -347,14 +348,15 @@ class GuiviewPicture(Folder):
         self.write("a.gui", "CADD Label a none 0 0 A\n")
         result = self.guiview("--png", "a.png", "a.gui")
         self.assertEqual((result.returncode, result.stderr),
-                         (FINDINGS, "a.gui:1:12: error: there is no CONF to name the font of 'a'\n"
+                         (FINDINGS, "a.gui:1:12: error: 'a' shows text, but there is no CONF, "
+                                    "which loads the font\n"
                                     "a.gui:1:14: error: unknown tag 'none'\n"))
         self.assertFalse((self.folder / "a.png").exists())
 
-    def test_warnings_do_not_keep_a_picture_back(self):
+    def test_a_layout_with_warnings_gives_a_picture(self):
         self.assertEqual(size(self.picture("CADD Butt a NULL 5 5 TEX 1 1\n")), (800, 600))
 
-    def test_a_widget_that_is_not_there_cannot_be_pressed(self):
+    def test_an_unknown_tag_cannot_be_clicked(self):
         self.write("a.gui", "")
         for option in ["--click", "--hover", "--press"]:
             result = self.guiview("--png", "a.png", "a.gui", option, "b")
@@ -371,24 +373,25 @@ class GuiviewPicture(Folder):
         self.write("a.gui", "CADD Butt a NULL 0.5 0.5 TEX 0.5 0.25\n")
         environment = {**without_display(), "PATH": str(self.folder)}
         result = subprocess.run([GUIVIEW, "--png", "a.png", "a.gui"], cwd=self.folder,
-                                env=environment, capture_output=True, text=True, timeout=PATIENCE)
+                                env=environment, capture_output=True, text=True, timeout=TIMEOUT)
         self.assertEqual((result.returncode, result.stdout, result.stderr), (CLEAN, "", ""))
         self.assertEqual(pixel(self.folder / "a.png", 573, 156), GREY)
 
-    def test_a_machine_without_a_driver_for_pictures_is_told_so(self):
+    def test_a_missing_driver_for_pictures_is_reported(self):
         self.write("a.gui", "")
         environment = {**without_display(),
                        "__EGL_VENDOR_LIBRARY_FILENAMES": str(self.folder / "none.json")}
         result = subprocess.run([GUIVIEW, "--png", "a.png", "a.gui"], cwd=self.folder,
-                                env=environment, capture_output=True, text=True, timeout=PATIENCE)
+                                env=environment, capture_output=True, text=True, timeout=TIMEOUT)
         self.assertEqual((result.returncode, result.stderr),
                          (UNUSABLE,
-                          "guiview: no picture can be drawn: is Mesa's driver for EGL installed?\n"))
+                          "guiview: no picture can be drawn: is Mesa's driver for EGL "
+                          "installed?\n"))
         self.assertFalse((self.folder / "a.png").exists())
 
 
 class GuiviewLive(Folder):
-    """The live view on a display of its own, with real keys and a real mouse."""
+    """The live view on a virtual display, with the keys and the mouse of xdotool."""
 
     def setUp(self):
         super().setUp()
@@ -415,9 +418,9 @@ class GuiviewLive(Folder):
         return data[2], data[1], data[0]
 
     def wait(self, condition, what):
-        end = time.monotonic() + PATIENCE
+        end = time.monotonic() + TIMEOUT
         while not condition():
-            self.assertLess(time.monotonic(), end, f"waited in vain for {what}:\n{self.said()}")
+            self.assertLess(time.monotonic(), end, f"{what}: not seen\n{self.said()}")
             time.sleep(0.02)
 
     def wait_for_pixel(self, x, y, colour):
@@ -425,16 +428,16 @@ class GuiviewLive(Folder):
 
     def xdotool(self, *words):
         subprocess.run(["xdotool", *map(str, words)], env=self.environment, check=True,
-                       timeout=PATIENCE)
+                       timeout=TIMEOUT)
 
-    def strike(self, key, condition, what):
-        """Holds a key until it shows."""
+    def hold(self, key, condition, what):
+        """Holds a key until the condition is true."""
         self.xdotool("keydown", key)
         self.wait(condition, what)
         self.xdotool("keyup", key)
 
     def move(self, x, y):
-        # The input takes the first place of the mouse for where it always was.
+        # The first event only tells where the mouse is; the second one moves it.
         self.xdotool("mousemove", x + 1, y)
         time.sleep(0.1)
         self.xdotool("mousemove", x, y)
@@ -448,8 +451,16 @@ class GuiviewLive(Folder):
         self.assertEqual(self.pixel(10, 10), NOTHING)
         self.assertEqual(self.said(), "a.gui: shown\n")
         self.xdotool("mousemove", 100, 100)
-        self.strike("Escape", lambda: self.process.poll() is not None, "the end")
+        self.hold("Escape", lambda: self.process.poll() is not None, "end of the program")
         self.assertEqual(self.process.returncode, CLEAN)
+
+    def test_losing_the_display_is_reported_in_the_status(self):
+        # Xlib ends the process itself, with the status of a layout with findings.
+        with VirtualDisplay((800, 600)) as lost:
+            self.environment = lost.environment
+            self.start(self.PLATE)
+            self.wait(lambda: self.said() == "a.gui: shown\n", "report")
+        self.assertEqual(self.process.wait(TIMEOUT), UNUSABLE)
 
     def test_shows_the_layout_again_when_it_changes(self):
         self.start(self.PLATE)
@@ -459,7 +470,7 @@ class GuiviewLive(Folder):
         self.assertEqual(self.pixel(573, 156), NOTHING)
         self.assertEqual(self.said(), "a.gui: shown\na.gui: shown\n")
 
-    def test_sees_a_layout_that_an_editor_replaces(self):
+    def test_shows_the_layout_again_when_an_editor_replaces_its_file(self):
         self.start(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.write("a.gui~", self.MOVED)
@@ -468,7 +479,7 @@ class GuiviewLive(Folder):
 
     def test_shows_the_layout_again_when_a_theme_changes(self):
         self.start("THEM b.theme NULL\n" + self.PLATE)
-        self.wait(lambda: "broken" in self.said(), "the missing theme")
+        self.wait(lambda: "broken" in self.said(), "report of the missing theme")
         self.write("b.theme", THEME.format(fill="1 0 0"))
         self.wait_for_pixel(573, 156, (255, 0, 0))
         self.write("b.theme", THEME.format(fill="0 1 0"))
@@ -490,15 +501,15 @@ class GuiviewLive(Folder):
         self.start("CONF gui.conf\n" + self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.write("gui.conf", CONFIGURATION + "// later\n")
-        self.wait(lambda: self.said().count("shown") == 2, "the layout again")
+        self.wait(lambda: self.said().count("shown") == 2, "second picture")
         shutil.copy(ROOT / "data/font.ttf", self.folder)
-        self.wait(lambda: self.said().count("shown") == 3, "the layout once more")
+        self.wait(lambda: self.said().count("shown") == 3, "third picture")
 
     def test_keeps_the_last_good_layout_while_the_file_has_errors(self):
         self.start(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.layout.write_text(self.MOVED + "CADD Label b none 0 0 B\n")
-        self.wait(lambda: "a.gui: broken, not shown\n" in self.said(), "a word about it")
+        self.wait(lambda: "a.gui: broken, not shown\n" in self.said(), "report")
         self.assertIn("a.gui:2:14: error: unknown tag 'none'\n", self.said())
         self.assertEqual(self.pixel(573, 156), GREY)
         self.assertEqual(self.pixel(342, 156), NOTHING)
@@ -509,10 +520,10 @@ class GuiviewLive(Folder):
         self.start(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.layout.write_text(self.MOVED + "CADD Label b none 0 0 B\n")
-        self.wait(lambda: "a.gui: broken, not shown\n" in self.said(), "a word about it")
+        self.wait(lambda: "a.gui: broken, not shown\n" in self.said(), "report")
         self.move(573, 156)
         named = "a  Butt    0.5000   0.5000   1.0000   0.7500  default\n"
-        self.strike("i", lambda: named in self.said(), "the widget that is shown")
+        self.hold("i", lambda: named in self.said(), "name of the widget")
 
     def test_the_window_stays_open_when_the_layout_changes(self):
         self.start(self.PLATE)
@@ -526,12 +537,12 @@ class GuiviewLive(Folder):
         self.start(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
         self.layout.unlink()
-        self.wait(lambda: "cannot be read" in self.said(), "a word about it")
+        self.wait(lambda: "cannot be read" in self.said(), "report")
         self.assertEqual(self.pixel(573, 156), GREY)
 
-    def test_waits_for_a_layout_that_is_broken_from_the_start(self):
+    def test_shows_a_layout_once_its_errors_are_gone(self):
         self.start("CADD Label b none 0 0 B\n")
-        self.wait(lambda: "a.gui: broken, not shown\n" in self.said(), "a word about it")
+        self.wait(lambda: "a.gui: broken, not shown\n" in self.said(), "report")
         self.layout.write_text(self.PLATE)
         self.wait_for_pixel(573, 156, GREY)
 
@@ -541,19 +552,20 @@ class GuiviewLive(Folder):
         self.xdotool("mousemove", 100, 100)
         pink = (255, 0, 230)
         edge = 630  # the right edge lies between two pixels
-        self.strike("o", lambda: pink in (self.pixel(edge, 156), self.pixel(edge + 1, 156)),
-                    "an outline")
+        self.hold("o", lambda: pink in (self.pixel(edge, 156), self.pixel(edge + 1, 156)),
+                    "outline")
         self.layout.write_text(self.MOVED)
-        self.wait(lambda: pink in (self.pixel(399, 156), self.pixel(400, 156)), "its outline")
+        self.wait(lambda: pink in (self.pixel(399, 156), self.pixel(400, 156)),
+                  "outline of the moved button")
 
     def test_i_names_the_widget_under_the_mouse(self):
         self.start("CADD Frame f NULL 0.5 0.5 0\nCADD Butt a f 0 0 TEX 0.5 0.25\n")
         self.wait_for_pixel(573, 156, GREY)
         self.move(573, 156)
         named = "a  Butt    0.5000   0.5000   1.0000   0.7500  default\n"
-        self.strike("i", lambda: named in self.said(), "its name")
+        self.hold("i", lambda: named in self.said(), "name of the widget")
 
-    def test_letters_that_are_typed_into_a_text_box_are_no_keys(self):
+    def test_an_o_typed_into_a_text_box_does_not_switch_outlines_on(self):
         self.start("CONF gui.conf\nCADD Text t NULL 0.5 0.5 8 2\n" + self.MOVED)
         self.wait_for_pixel(342, 156, GREY)
         box = (530, 170)
@@ -561,11 +573,11 @@ class GuiviewLive(Folder):
         self.move(*box)
         self.xdotool("mousedown", 1)
         self.wait(lambda: self.root.get_image(520, 150, 100, 40, X.ZPixmap, 0xFFFFFFFF).data
-                  != before, "the caret")
+                  != before, "caret")
         self.xdotool("mouseup", 1)
         focused = self.root.get_image(520, 150, 100, 40, X.ZPixmap, 0xFFFFFFFF).data
-        self.strike("o", lambda: self.root.get_image(520, 150, 100, 40, X.ZPixmap,
-                                                     0xFFFFFFFF).data != focused, "the letter")
+        self.hold("o", lambda: self.root.get_image(520, 150, 100, 40, X.ZPixmap,
+                                                     0xFFFFFFFF).data != focused, "letter")
         self.assertEqual(self.pixel(342, 156), GREY)
         self.assertNotIn((255, 0, 230), [self.pixel(x, 156) for x in range(280, 290)])
 

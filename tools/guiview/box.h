@@ -27,7 +27,7 @@ inline Box BoxOf(const Vector& corners, const Vector& origin) {
     return {corners.x + origin.x, corners.y + origin.y, corners.z + origin.x, corners.w + origin.y};
 }
 
-/// What both cover; empty or inside out where they do not meet.
+/// The common part of both; its width or height is 0 or less if there is none.
 inline Box Common(const Box& a, const Box& b) {
     return {std::max(a.left, b.left), std::max(a.bottom, b.bottom), std::min(a.right, b.right),
             std::min(a.top, b.top)};
@@ -35,7 +35,7 @@ inline Box Common(const Box& a, const Box& b) {
 
 /// GUI units per pixel on the game's screen: it is 600 pixels and 2.6 units high.
 inline constexpr float kPixel = 2.6f / 600.0f;
-/// Less than half a pixel is not to be seen.
+/// Less than half a pixel cannot be seen.
 inline constexpr float kTolerance = kPixel / 2.0f;
 
 inline bool Meet(const Box& a, const Box& b) {

@@ -17,15 +17,20 @@ namespace guiview {
 
 namespace {
 
-/// The least that is comfortable to read (WCAG 2, success criterion 1.4.3).
-constexpr double kLeastRatio = 4.5;
+/// A text with less contrast is hard to read (WCAG 2, success criterion 1.4.3).
+constexpr double kMinRatio = 4.5;
 
-/// Of the pixels behind a text so many may be worse: grain and specks do not hide letters.
+/// This part of the pixels behind a text may have less contrast: small specks do not hide letters.
 constexpr double kSpecks = 0.05;
 
 constexpr float kOpaque = 0.999f;
 constexpr const char* kIdle = "";
 constexpr const char* kHighlighted = " under the mouse";
+
+double Linear(float channel) {
+    const double value = std::clamp(static_cast<double>(channel), 0.0, 1.0);
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
 
 Rgb Times(const Vector& colour, float brightness) {
     const auto channel = [&](float value) { return std::clamp(value * brightness, 0.0f, 1.0f); };
@@ -43,7 +48,7 @@ Rgb MeanOf(const std::vector<Rgb>& colours) {
     return mean;
 }
 
-/// What all but the specks of the colours reach.
+/// The contrast that all but the worst kSpecks of the colours reach.
 double RatioTo(const Rgb& text, const std::vector<Rgb>& behind) {
     std::vector<double> ratios;
     ratios.reserve(behind.size());
@@ -56,7 +61,7 @@ double RatioTo(const Rgb& text, const std::vector<Rgb>& behind) {
     return *place;
 }
 
-/// A picture's columns or rows between two places of the button that shows it.
+/// The columns or rows of a picture between two positions on the button that shows it.
 struct Span {
     int first;
     int last;
@@ -76,6 +81,16 @@ bool IsFilledContainer(const Node& node) {
 
 }  // namespace
 
+double Luminance(const Rgb& colour) {
+    return 0.2126 * Linear(colour[0]) + 0.7152 * Linear(colour[1]) + 0.0722 * Linear(colour[2]);
+}
+
+double ContrastRatio(const Rgb& a, const Rgb& b) {
+    const double first = Luminance(a) + 0.05;
+    const double second = Luminance(b) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
 void ContrastCheck::Run() {
     for (const Node* node : scene.Nodes()) {
         if (node->declared != nullptr)
@@ -87,7 +102,7 @@ void ContrastCheck::CheckNode(const Node& node) {
     const Theme& theme = node.widget->GetTheme();
     const std::string name = "'" + std::string(node.Tag()) + "'";
     const std::string what = "the text of " + name;
-    const Place where = node.declared->Where();
+    const Location where = node.declared->Where();
     switch (node.declared->GetKind().text) {
     case TextGround::None:
         break;
@@ -111,8 +126,8 @@ void ContrastCheck::CheckNode(const Node& node) {
 }
 
 void ContrastCheck::CheckOwnFill(const Theme& theme, const std::string& what,
-                                 const std::string& path, Place where) {
-    // Without fading, a widget is always as bright as under the mouse.
+                                 const std::string& path, Location where) {
+    // A widget that does not fade is always as bright as under the mouse.
     if (theme.fade)
         Compare(theme, {Times(theme.fillColour, theme.dim)}, &theme, what, kIdle, path, where);
     Compare(theme, {Times(theme.fillColour, theme.bright)}, &theme, what,
@@ -148,12 +163,12 @@ void ContrastCheck::CheckOnBackground(const Node& node) {
 
 void ContrastCheck::Compare(const Theme& text, const Colours& behind, const void* identity,
                             const std::string& what, const std::string& when,
-                            const std::string& path, Place where) {
+                            const std::string& path, Location where) {
     const double ratio = RatioTo(Times(text.textColour, 1.0f), behind);
-    if (ratio >= kLeastRatio)
+    if (ratio >= kMinRatio)
         return;
     std::array<char, 32> digits;
-    // cut, not rounded: nothing below 4.5 may read as 4.50
+    // rounded down: 4.499 must not be printed as 4.50
     std::snprintf(digits.data(), digits.size(), "%.2f", std::floor(ratio * 100.0) / 100.0);
     if (!reported.emplace(&text, identity, digits.data()).second)
         return;
@@ -167,7 +182,7 @@ const Node* ContrastCheck::BackgroundOf(const Node& node) const {
     for (const Node* inner = &node; inner != nullptr; inner = inner->parent) {
         if (inner != &node && IsFilledContainer(*inner))
             return inner;
-        // The last one drawn before it lies on top.
+        // Of the widgets that are drawn before it, the last one is on top.
         for (auto each = std::ranges::find(nodes, inner); each != nodes.begin();) {
             --each;
             if (ScreenCheck::IsBackgroundOf(**each, *inner))
@@ -231,7 +246,7 @@ const TextureData* ContrastCheck::PictureOf(const Theme& theme) {
     auto found = pictures.find(theme.textureName);
     if (found == pictures.end()) {
         found = pictures.emplace(theme.textureName, std::nullopt).first;
-        const ErrorStreamCapture silence;  // a picture that cannot be read was reported
+        const ErrorStreamCapture silence;  // ResourceCheck reports the picture
         TextureData picture;
         if (picture.Load(theme.textureName))
             found->second = std::move(picture);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <array>
 #include <map>
 #include <optional>
 #include <set>
@@ -11,17 +12,25 @@
 #include <vector>
 
 #include "quarn2/texturedata.h"
-#include "tools/guiview/contrast.h"
 #include "tools/guiview/finding.h"
 #include "tools/guiview/scene.h"
 
 namespace guiview {
 
-/// Reports texts that do not stand out from what they are drawn on, with the mouse away and
-/// over it. Behind a text is the widget's own fill, the image button below it or the window
-/// around it; where there is none of them, nobody knows what the program draws there.
+/// Red, green and blue as OpenGL draws them, 0 to 1.
+using Rgb = std::array<float, 3>;
+
+/// Relative luminance of an sRGB colour (WCAG 2).
+double Luminance(const Rgb& colour);
+
+/// From 1, for equal colours, to 21, for black and white (WCAG 2).
+double ContrastRatio(const Rgb& a, const Rgb& b);
+
+/// Reports texts with too little contrast to their background, with and without the mouse over it.
+/// The background is the widget's own fill, the image button below it or the window around it. If
+/// there is none of these, it is unknown and the text is not checked.
 ///
-/// What shares its themes is one finding, at the first widget.
+/// Widgets with the same themes are one finding, at the first of them.
 class ContrastCheck {
 public:
     ContrastCheck(const Scene& widgets, const std::string& path, Findings& list)
@@ -30,27 +39,27 @@ public:
     void Run();
 
     /// Checks a theme whose text is drawn on its own fill.
-    /// @param what   whose text it is
+    /// @param what   the text's name in reports
     void CheckOwnFill(const Theme& theme, const std::string& what, const std::string& path,
-                      Place where);
+                      Location where);
 
 private:
     enum class Mouse { Away, Over };
-    /// Seen behind a text: those of its pixels, or one for all of them.
+    /// The colours of the pixels behind a text, or one colour for all of them.
     using Colours = std::vector<Rgb>;
 
     void CheckNode(const Node& node);
     void CheckTitle(const Node& window);
     void CheckOnBackground(const Node& node);
-    /// @param identity  the theme or the widget that the colours come from
+    /// @param identity  the theme or the widget that gives the colours
     void Compare(const Theme& text, const Colours& behind, const void* identity,
                  const std::string& what, const std::string& when, const std::string& path,
-                 Place where);
+                 Location where);
 
     const Node* BackgroundOf(const Node& node) const;
     std::optional<Colours> ColoursOf(const Node& background, const Box& area, Mouse mouse);
     std::optional<Colours> PictureColours(const Node& button, const Box& area, Mouse mouse);
-    /// Null when there is none or it cannot be read.
+    /// Null if there is none or it cannot be read.
     const TextureData* PictureOf(const Theme& theme);
 
     const Scene& scene;

@@ -14,12 +14,12 @@ namespace guiview {
 /// Notices when a file changes, appears or disappears.
 class FileWatch {
 public:
-    /// Watches these files instead of the ones before. A file that was watched already keeps the
-    /// state that is known of it; of another one, what was written since `start` is a change.
+    /// Watches these files from now on, and no others. A file that was not watched before counts as
+    /// changed if it was written after `start`.
     void Watch(const std::set<std::string>& files, std::filesystem::file_time_type start);
 
-    /// Whether a file is not as it is known, and nothing has changed since the last call: the
-    /// program that writes it has finished. The files are then known as they are now.
+    /// Whether a file has changed since this last returned true, and none has changed since the
+    /// last call, so that the program that writes it has probably finished.
     bool Changed();
 
 private:
@@ -28,7 +28,7 @@ private:
         std::uintmax_t size = 0;
         bool operator==(const State&) const = default;
     };
-    /// By path; a file that does not exist has the state of an empty one.
+    /// By path. A file that does not exist has the default state.
     using States = std::map<std::string, State>;
 
     static State Look(const std::string& file);

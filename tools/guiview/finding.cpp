@@ -18,12 +18,12 @@ const char* NameOf(Severity severity) {
 
 }  // namespace
 
-void Findings::Error(const std::string& file, Place place, std::string message) {
-    findings.push_back({file, place, Severity::Error, std::move(message)});
+void Findings::Error(const std::string& file, Location location, std::string message) {
+    findings.push_back({file, location, Severity::Error, std::move(message)});
 }
 
-void Findings::Warn(const std::string& file, Place place, std::string message) {
-    findings.push_back({file, place, Severity::Warning, std::move(message)});
+void Findings::Warn(const std::string& file, Location location, std::string message) {
+    findings.push_back({file, location, Severity::Warning, std::move(message)});
 }
 
 bool Findings::HasErrors() const {
@@ -33,17 +33,21 @@ bool Findings::HasErrors() const {
 
 void Findings::Sort(const std::string& first) {
     const auto key = [&](const Finding& finding) {
-        return std::tuple(finding.file != first, std::string_view(finding.file), finding.place.line,
-                          finding.place.column);
+        return std::tuple(finding.file != first, std::string_view(finding.file),
+                          finding.location.line, finding.location.column);
     };
     std::ranges::stable_sort(findings, {}, key);
+}
+
+std::string Quoted(std::string_view text) {
+    return "'" + std::string(text) + "'";
 }
 
 std::string Findings::AsText() const {
     std::string text;
     for (const Finding& finding : findings) {
-        text += finding.file + ':' + std::to_string(finding.place.line) + ':'
-                + std::to_string(finding.place.column) + ": " + NameOf(finding.severity) + ": "
+        text += finding.file + ':' + std::to_string(finding.location.line) + ':'
+                + std::to_string(finding.location.column) + ": " + NameOf(finding.severity) + ": "
                 + finding.message + '\n';
     }
     return text;
@@ -54,12 +58,12 @@ std::string Findings::AsJson() const {
     Json list = Json::array();
     for (const Finding& finding : findings) {
         list.push_back({{"file", finding.file},
-                        {"line", finding.place.line},
-                        {"column", finding.place.column},
+                        {"line", finding.location.line},
+                        {"column", finding.location.column},
                         {"severity", NameOf(finding.severity)},
                         {"message", finding.message}});
     }
-    // A layout may hold bytes that are no UTF-8; JSON may not.
+    // A layout may hold bytes that are not UTF-8. In JSON they are replaced.
     return list.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 

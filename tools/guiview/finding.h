@@ -4,34 +4,35 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace guiview {
 
-/// A place in a text file. Both count from 1, columns in bytes.
-struct Place {
+/// A position in a text file. Both count from 1, columns in bytes.
+struct Location {
     int line = 1;
     int column = 1;
 };
 
 enum class Severity {
-    Error,   ///< the toolkit stops, or does something else than what is written
-    Warning  ///< the screen is built, but not as anybody wants it
+    Error,   ///< the toolkit stops, or understands something else than what is written
+    Warning  ///< the screen is built, but does not look or work well
 };
 
-/// What is wrong at a place of a file.
+/// What is wrong at one position of a file.
 struct Finding {
     std::string file;
-    Place place;
+    Location location;
     Severity severity;
     std::string message;
 };
 
-/// Gathers what is wrong with a layout and the files that it names.
+/// A list of what is wrong with a layout and the files that it names.
 class Findings {
 public:
-    void Error(const std::string& file, Place place, std::string message);
-    void Warn(const std::string& file, Place place, std::string message);
+    void Error(const std::string& file, Location location, std::string message);
+    void Warn(const std::string& file, Location location, std::string message);
 
     const std::vector<Finding>& List() const { return findings; }
     bool HasErrors() const;
@@ -39,7 +40,7 @@ public:
     /// The file `first` before the others, each from top to bottom.
     void Sort(const std::string& first);
 
-    /// As compilers print them, one per line.
+    /// One per line: file, line, column, severity and message, as compilers print them.
     std::string AsText() const;
     /// As one JSON array, for editors.
     std::string AsJson() const;
@@ -47,5 +48,8 @@ public:
 private:
     std::vector<Finding> findings;
 };
+
+/// The text in quotation marks, as messages show tags and words.
+std::string Quoted(std::string_view text);
 
 }  // namespace guiview

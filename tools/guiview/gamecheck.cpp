@@ -36,15 +36,8 @@ std::string_view WordFor(tag::Role role) {
     return {};
 }
 
-std::string Missing(const std::string& kind, const std::string& tag) {
-    return "the game needs a " + kind + " with the tag '" + tag + "'";
-}
-
-std::string Mistaken(const std::string& tag, std::string_view kind, const std::string& neededKind) {
-    return "'" + tag + "' is a " + std::string(kind) + ", and the game needs a " + neededKind;
-}
-
-/// Nine of these are the longest number that a stock or a population has.
+/// The longest number that a stock or a population can have. Every 8 is replaced by the font's
+/// widest digit.
 constexpr std::string_view kNineDigits = "888888888";
 
 float WidthOf(std::string_view text) {
@@ -54,7 +47,7 @@ float WidthOf(std::string_view text) {
     return width;
 }
 
-/// The one of the font's digits that takes most room; 8 where they are alike.
+/// The font's widest digit; 8 if all are equal.
 char WidestDigit() {
     char widest = '8';
     for (const char digit : std::string_view("0123456789")) {
@@ -64,7 +57,7 @@ char WidestDigit() {
     return widest;
 }
 
-/// The widest of the fragments that may stand at a position of a name.
+/// The widest of the fragments that are possible at a position in a name.
 std::string WidestFragment(std::uint32_t mask, bool first) {
     std::string widest;
     for (std::size_t row = 0; row < std::size(kFragments); ++row) {
@@ -91,11 +84,12 @@ std::string WidestCountryName() {
     return name;
 }
 
-/// Of the longer of the stories that name people, the widest of many editions.
+/// The widest story of many editions. Crime is low, so that the stories are the long ones, which
+/// name people.
 std::string WidestStory() {
     constexpr int kEditions = 500;
     constexpr float kPettyCrime = 0.07f;
-    std::srand(1);  // the same for everybody
+    std::srand(1);  // the same names each time
     Country country(start::kName, start::kPeople);
     country.justice.crimeLevel = kPettyCrime;
     Newspaper newspaper(&country);
@@ -140,15 +134,16 @@ constexpr const char* kFigures =
 
 void CheckGameTags(const Declarations& declarations, const std::string& path, Findings& findings) {
     for (const tag::Widget& needed : tag::kWidgets) {
-        const std::string tag(needed.tag);
+        const std::string tag = Quoted(needed.tag);
         const std::string kind(WordFor(needed.role));
-        const auto found = std::ranges::find(declarations.widgets, tag, &Declared::tag);
+        const auto found = std::ranges::find(declarations.widgets, needed.tag, &Declared::tag);
         if (found == declarations.widgets.end()) {
             if (!needed.optional)
-                findings.Error(path, {}, Missing(kind, tag));
+                findings.Error(path, {}, "the game needs a " + kind + " with the tag " + tag);
         } else if (found->GetKind().word != kind) {
-            findings.Error(path, found->statement->Find("kind")->place,
-                           Mistaken(tag, found->statement->kind->word, kind));
+            findings.Error(path, found->statement->Find("kind")->location,
+                           tag + " is a " + std::string(found->GetKind().word)
+                               + ", and the game needs a " + kind);
         }
     }
 }
@@ -171,9 +166,9 @@ SampleTexts LongestGameTexts() {
         {std::string(tag::kNewspaper), std::string(start::kName) + " Newspaper"},
         {std::string(tag::kLivestockRationLabel), "Livestock Ration: 0.200"},
         {std::string(tag::kGrainRationLabel), "Grain Ration: 0.400"},
-        {"stockbuylab", "Livestock to Buy/Sell: " + number},
-        {"grainbuylab", "Grain to Buy/Sell: " + number},
-        {"finebuylab", "Fine Goods to Buy: " + number},
+        {std::string(tag::kStockOrderLabel), "Livestock to Buy/Sell: " + number},
+        {std::string(tag::kGrainOrderLabel), "Grain to Buy/Sell: " + number},
+        {std::string(tag::kFineOrderLabel), "Fine Goods to Buy: " + number},
         {std::string(tag::kStore), "Livestock: " + number + "\nGrain: " + number},
         {std::string(tag::kPopulation), PopulationText()},
         {std::string(tag::kContinent), ContinentText(name)},
@@ -184,8 +179,7 @@ SampleTexts LongestGameTexts() {
         {std::string(tag::kFrameRate), "FPS: 8888"},
     };
     for (const tag::ProfessionTags& profession : tag::kProfessionTags) {
-        texts.emplace_back(std::string(profession.slider) + "lab",
-                           std::string(profession.plural) + ": 100%");
+        texts.emplace_back(profession.label, std::string(profession.plural) + ": 100%");
     }
     const char digit = WidestDigit();
     for (auto& [tag, text] : texts) {

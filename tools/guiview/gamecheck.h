@@ -11,19 +11,19 @@
 
 namespace guiview {
 
-/// Reports what the game needs and the layout lacks.
+/// Reports the widgets that the game needs and the layout does not have.
 void CheckGameTags(const Declarations& declarations, const std::string& path, Findings& findings);
 
 /// Whether the game does anything when this widget is pressed.
 bool GameAnswers(const Node& node);
 
-/// The longest texts that the game puts on the screen, by tag. Measures with the toolkit's font.
+/// The longest texts that the game shows, by tag, as measured in the toolkit's font.
 SampleTexts LongestGameTexts();
 
-/// Fills those in whose widgets there are.
+/// Shows these texts in the widgets that exist.
 void FillGameTexts();
 
-/// The game's own message.
+/// The text of the game's message box.
 inline constexpr const char* kRefusal = "You cannot buy this much from this country.";
 
 }  // namespace guiview

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kOkButton = 1;
 
-/// Where a message box opens, in its theme.
+/// Where message boxes appear.
 Box MeasureMessageBox() {
     const ErrorStreamCapture silence;
     GLWidget::MessageBox(kRefusal, kOkButton);

@@ -11,7 +11,7 @@
 
 namespace guiview {
 
-/// What a check comes to.
+/// The result of a check.
 struct Checked {
     Findings findings;
     /// The files that decide how the layout looks, whether they exist or not: the layout, themes,
@@ -19,9 +19,9 @@ struct Checked {
     std::set<std::string> files;
 };
 
-/// Looks for everything that is wrong with a layout and its files. Builds it.
-/// @param forGame  also what the game needs of it, shown with the longest texts that it can show
-/// @param texts    to show instead of the layout's own, after the game's
+/// Builds a layout and makes all checks of it and its files.
+/// @param forGame  also checks what the game needs, with the longest texts that it can show
+/// @param texts    to show instead of the layout's and the game's
 Checked CheckLayout(const LayoutSource& layout, bool forGame, const SampleTexts& texts);
 
 }  // namespace guiview

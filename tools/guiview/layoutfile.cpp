@@ -11,10 +11,6 @@ namespace {
 
 constexpr unsigned kFirstWithoutGlyph = 128;
 
-std::string Quoted(std::string_view text) {
-    return "'" + std::string(text) + "'";
-}
-
 /// Takes one line apart and reports what is wrong with it.
 class StatementParser {
 public:
@@ -41,26 +37,27 @@ private:
             return;
         statement.rule = Layout::FindStatement(word->text);
         if (statement.rule == nullptr) {
-            findings.Error(path, word->place, "unknown statement " + Quoted(word->text));
+            findings.Error(path, word->location, "unknown statement " + Quoted(word->text));
             return;
         }
         if (word->text == "CHLD")
-            findings.Warn(path, word->place, "CHLD makes nothing");
+            findings.Warn(path, word->location, "CHLD does nothing");
         statement.wellFormed = true;
         ReadFields(statement.rule->fields);
         if (statement.rule->creates)
             ReadKind();
     }
 
-    /// The toolkit takes the rest of a line for another statement when it is too long to skip.
+    /// The toolkit skips only so many bytes of a line, and reads the rest as another statement.
     void CheckLength() {
         const std::size_t taken = std::min(statement.end, textEnd);
         if (line.size() <= taken + kLineLimit)
             return;
-        Place beyond = reader.Here();
+        Location beyond = reader.Here();
         beyond.column = static_cast<int>(taken + kLineLimit) + 1;
-        findings.Error(path, beyond,
-                       "what lies 10000 bytes after a statement is read as another one");
+        findings.Error(
+            path, beyond,
+            "this is more than 10000 bytes after the statement and is read as another one");
     }
 
     void ReadKind() {
@@ -69,7 +66,7 @@ private:
             return;
         statement.kind = FindKind(kind->text);
         if (statement.kind == nullptr) {
-            findings.Error(path, kind->place, "unknown kind " + Quoted(kind->text));
+            findings.Error(path, kind->location, "unknown kind " + Quoted(kind->text));
             statement.wellFormed = false;
             return;
         }
@@ -84,9 +81,9 @@ private:
         const std::string first(statement.kind->fields[0].name);
         const std::string second(statement.kind->fields[1].name);
         if ((statement.Number(first) != 0.0f) == (statement.Number(second) != 0.0f)) {
-            OutOfRange(statement.Find(first)->place, "a " + std::string(statement.kind->word)
-                                                         + " is a " + first + " and 0, or 0 and a "
-                                                         + second + ", none of them negative");
+            OutOfRange(statement.Find(first)->location,
+                       "a " + std::string(statement.kind->word) + " needs a " + first
+                           + " above 0 and a " + second + " of 0, or the reverse");
         }
     }
 
@@ -115,9 +112,9 @@ private:
         const std::string outside = malformed.empty() ? OutsideRange(field, *word, name) : "";
         statement.fields.push_back({&field, *word, malformed.empty() && outside.empty()});
         if (!malformed.empty())
-            Fail(word->place, malformed);
+            Fail(word->location, malformed);
         if (!outside.empty())
-            OutOfRange(word->place, outside);
+            OutOfRange(word->location, outside);
         if (field.type == FieldType::Caption)
             FinishCaption(field, *word);
     }
@@ -133,7 +130,7 @@ private:
         if (reader.OnlyCommentLeft())
             return;
         const std::optional<Word> surplus = reader.Next();
-        findings.Warn(path, surplus->place,
+        findings.Warn(path, surplus->location,
                       "a " + std::string(statement.kind->word) + "'s " + std::string(field.name)
                           + " is one word: " + Quoted(surplus->text) + " is not shown");
     }
@@ -143,13 +140,13 @@ private:
         statement.fields.push_back({&field, text});
         statement.end = reader.Offset();
         if (text.text.size() > kTextLimit) {
-            textEnd = static_cast<std::size_t>(text.place.column) - 1 + kTextLimit;
-            Place cut = text.place;
+            textEnd = static_cast<std::size_t>(text.location.column) - 1 + kTextLimit;
+            Location cut = text.location;
             cut.column += static_cast<int>(kTextLimit);
             findings.Error(path, cut,
                            "the " + std::string(field.name) + " has "
                                + std::to_string(text.text.size())
-                               + " characters; what follows the first 511 is not shown");
+                               + " characters; only the first 511 are shown");
         }
         CheckBytes(text);
     }
@@ -161,20 +158,20 @@ private:
         const auto at = std::ranges::find_if(text.text, hasNoGlyph);
         if (at == text.text.end())
             return;
-        Place place = text.place;
-        place.column += static_cast<int>(at - text.text.begin());
-        findings.Error(path, place,
+        Location location = text.location;
+        location.column += static_cast<int>(at - text.text.begin());
+        findings.Error(path, location,
                        "byte " + std::to_string(static_cast<unsigned char>(*at))
                            + " has no glyph: only the codes 1 to 127 can be shown");
     }
 
-    void OutOfRange(Place place, std::string message) {
-        findings.Error(path, place, std::move(message));
+    void OutOfRange(Location location, std::string message) {
+        findings.Error(path, location, std::move(message));
         statement.inRange = false;
     }
 
-    void Fail(Place place, std::string message) {
-        findings.Error(path, place, std::move(message));
+    void Fail(Location location, std::string message) {
+        findings.Error(path, location, std::move(message));
         statement.wellFormed = false;
     }
 

@@ -15,7 +15,7 @@ namespace guiview {
 
 namespace {
 
-/// Characters, not bytes: names of files may hold any.
+/// In characters: names of files may contain UTF-8.
 std::size_t WidthOf(std::string_view text) {
     constexpr unsigned kContinuation = 0x80;
     constexpr unsigned kLeadingBits = 0xC0;
@@ -24,13 +24,13 @@ std::size_t WidthOf(std::string_view text) {
     }));
 }
 
-/// How wide a column is: before the decimal point of its numbers, and from there on.
+/// The width of a column: before the decimal point of its numbers, and from there on.
 struct Column {
     std::size_t before = 0;
     std::size_t after = 0;
 };
 
-/// A field as it stands in its column.
+/// A field in its column.
 struct Cell {
     std::string before;
     std::string after;
@@ -47,8 +47,7 @@ struct Cell {
     explicit Cell(std::string word) : before(std::move(word)) {}
 };
 
-/// One line of a layout: the fields that are aligned in columns, those that follow without a
-/// column, and the comment at the end, which the toolkit skips.
+/// A statement: fields in columns, fields without columns, and the comment.
 struct Row {
     std::size_t line;
     std::vector<Cell> cells;
@@ -56,7 +55,7 @@ struct Row {
     std::string_view skipped;
 };
 
-/// The fields from here on depend on the kind of the widget and stand in no column.
+/// How many fields have columns. Texts, and fields that only some kinds have, do not.
 std::size_t ColumnCount(const Statement& statement) {
     const std::size_t fields = statement.rule->fields.size();
     const bool endsInText = fields > 0 && statement.rule->fields.back().type == FieldType::Text;
@@ -64,7 +63,7 @@ std::size_t ColumnCount(const Statement& statement) {
 }
 
 Row TakeApart(const Statement& statement, std::string_view line, std::size_t number) {
-    const auto begin = static_cast<std::size_t>(statement.word.place.column) - 1;
+    const auto begin = static_cast<std::size_t>(statement.word.location.column) - 1;
     Row row{number,
             {Cell(std::string(line.substr(0, begin)) + statement.word.text)},
             {},
@@ -73,7 +72,7 @@ Row TakeApart(const Statement& statement, std::string_view line, std::size_t num
     std::size_t done = 0;
     for (const FieldWord& field : statement.fields) {
         if (done == 0 && field.field->name == "tab") {
-            // The tab of a TADD belongs to the statement: what follows is as with CADD.
+            // The tab of a TADD is part of the first column, so that the rest is aligned with CADD.
             row.cells.back().before += " " + field.word.text;
         } else if (done < columns) {
             row.cells.emplace_back(field);
@@ -85,7 +84,7 @@ Row TakeApart(const Statement& statement, std::string_view line, std::size_t num
     return row;
 }
 
-/// The same for all that stand in common columns.
+/// The same for all statements that share columns.
 std::string_view GroupOf(const Statement& statement) {
     return statement.rule->creates ? std::string_view("CADD") : statement.rule->word;
 }
@@ -134,7 +133,7 @@ private:
             padding += std::string(columns[i].after - WidthOf(cell.after), ' ') + " ";
         }
         if (!row.loose.empty())
-            line += padding.substr(1) + row.loose;  // which brings a blank of its own
+            line += padding.substr(1) + row.loose;  // begins with a blank
         return line.append(row.skipped);
     }
 

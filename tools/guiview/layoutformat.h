@@ -9,9 +9,8 @@
 
 namespace guiview {
 
-/// The layout with its columns aligned, paragraph by paragraph: lines between blank ones. Only
-/// blanks between fields change; comments, texts, and lines that are not well formed stay as
-/// they are.
+/// The layout with its columns aligned. Blank lines separate paragraphs, which have columns of
+/// their own. Only blanks between fields change; comments, texts, and lines with errors are kept.
 std::string FormatLayout(const std::string& content);
 
 /// Reports every line that FormatLayout would change.

@@ -68,7 +68,7 @@ std::optional<LayoutSource> LayoutSource::Read(const std::string& path, const Sa
 LayoutSource::LayoutSource(const std::string& path, const std::string& content)
     : folder(path.substr(0, path.rfind('/') + 1)),
       file(ParseLayout(path, content, findings)),
-      declarations(FollowOrder(file, findings)) {}
+      declarations(FollowStatements(file, findings)) {}
 
 void LayoutSource::Build() const {
     const ErrorStreamCapture silence;

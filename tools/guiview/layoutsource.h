@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "glwidget/toolkit.h"
+#include "tools/guiview/declarations.h"
 #include "tools/guiview/finding.h"
-#include "tools/guiview/layoutorder.h"
 
 namespace guiview {
 
@@ -31,7 +31,7 @@ private:
     std::streambuf* usual;  // not owned
 };
 
-/// Enters a folder for as long as it lives: the toolkit looks for all files in the current one.
+/// Makes a folder the current one while it lives: the toolkit looks for all files there.
 class FolderVisit {
 public:
     explicit FolderVisit(const std::string& folder);
@@ -50,7 +50,7 @@ using SampleTexts = std::vector<std::pair<std::string, std::string>>;
 /// no widget has are left out.
 void FillTexts(const SampleTexts& texts);
 
-/// A layout as it was read, and what its statements come to.
+/// A layout as it was read, and the widgets that it declares.
 class LayoutSource {
 public:
     /// @param texts  to show later; their tags must be the layout's
@@ -64,15 +64,15 @@ public:
     LayoutSource(const LayoutSource&) = delete;
     LayoutSource& operator=(const LayoutSource&) = delete;
 
-    /// Builds the widgets, as far as they can be, in the toolkit as it is. The current folder
-    /// must be the layout's. Messages of the toolkit are not shown.
+    /// Builds the widgets that have no errors in the toolkit. The current folder must be the
+    /// layout's. Messages of the toolkit are not shown.
     void Build() const;
 
     const LayoutFile& File() const { return file; }
     const Declarations& Declared() const { return declarations; }
     /// The folder as the user named it, with its "/"; empty for the current one.
     const std::string& Folder() const { return folder; }
-    /// What was found in reading it.
+    /// The errors and warnings of its lines.
     const Findings& Found() const { return findings; }
 
 private:

@@ -35,8 +35,8 @@ public:
     bool Opened() const { return opened; }
 
 private:
-    /// Checks the layout, prints what is found, and shows the layout if it has no error. If it
-    /// has one, what is shown stays.
+    /// Checks the layout, prints what is found, and shows the layout if it has no error. If it has
+    /// one, the window still shows the last layout without errors.
     void Load();
     void Build();
     void Update(std::uint32_t milliseconds);

@@ -11,13 +11,13 @@ namespace guiview {
 
 namespace {
 
-constexpr float kLetter = 0.042f;  ///< glyph width and height, the same with every theme
+constexpr float kLetter = 0.042f;  ///< glyph width and height; no theme changes it
 constexpr float kLineHeight = 1.2f * kLetter;
 constexpr Vector kLine{1.0f, 0.0f, 0.9f};
 constexpr Vector kPaper{0.1f, 0.0f, 0.1f};
 constexpr Vector kInk{1.0f, 1.0f, 1.0f};
 
-/// GUI space over the whole screen, without depth and with blending.
+/// GUI units over the whole screen, without depth test and with blending.
 class ScreenScope {
 public:
     ScreenScope() {
@@ -47,7 +47,7 @@ public:
     ScreenScope& operator=(const ScreenScope&) = delete;
 };
 
-/// Writes on a strip of its own, which begins at its lower left corner.
+/// Writes on a dark strip. x and y are the strip's lower left corner.
 void Write(const std::string& text, float x, float y) {
     GLWidget::font.SetSize(kLetter, kLetter);
     const float width = GLWidget::font.Length("%s", text.c_str());

@@ -9,12 +9,12 @@
 
 namespace guiview {
 
-/// What the live view draws over the widgets. Needs a current OpenGL context.
+// What the live view draws over the widgets. Needs a current OpenGL context.
 
-/// What can be seen of every widget, with its tag.
+/// An outline around what can be seen of each widget, with its tag.
 void DrawOutlines(const Scene& scene);
 
-/// A line of text at the edge of the screen that is far from the mouse.
+/// A line of text at the upper or lower edge of the screen, away from the mouse.
 /// @param mouseY  in GUI units
 void DrawNote(const std::string& text, float mouseY);
 

@@ -96,7 +96,7 @@ public:
 
     static Area Whole() { return {0, 0, kWidth, kHeight}; }
 
-    /// The part that is not of the colour of the corner, and the margin around it.
+    /// The part whose colour differs from that of the lower left corner, with a margin.
     Area Used() const {
         Area used;
         for (int y = 0; y < kHeight; ++y) {
@@ -136,7 +136,7 @@ private:
 };
 
 void Settle() {
-    // The first update may overshoot; the second puts it right.
+    // The first update may go past the end, the second corrects that.
     GLWidget::UpdateWidgets(kSettleMs);
     GLWidget::UpdateWidgets(kSettleMs);
 }

@@ -10,17 +10,17 @@
 
 namespace guiview {
 
-/// What is done to a layout before its picture is taken.
+/// What is done with a layout before its picture is taken.
 struct Pose {
     SampleTexts texts;
     bool longestGameTexts = false;
     std::vector<std::string> clicked;  ///< tags, in order
-    std::string hovered;               ///< a tag, or empty
-    std::string pressed;               ///< a tag, or empty; stays held down
+    std::string hovered;               ///< a tag, or empty; the mouse is over this widget
+    std::string pressed;               ///< a tag, or empty; the left button is held down on it
 };
 
 /// Draws a layout, without a display, and writes the picture as a PNG file.
-/// @param crop  leaves out what is empty around the widgets
+/// @param crop  cuts off the empty part around the widgets
 /// @return false, after one line on standard error, when that cannot be done
 [[nodiscard]] bool TakePicture(const LayoutSource& layout, const Pose& pose, bool crop,
                                const std::string& file);

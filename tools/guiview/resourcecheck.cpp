@@ -17,7 +17,7 @@ namespace {
 constexpr const char* kDefaultTheme = "default";
 constexpr const char* kDefaultThemeFile = "default.theme";
 
-/// What a loader wrote when it failed, as part of a sentence.
+/// The message of a loader that failed, as part of a sentence.
 std::string Reason(const ErrorStreamCapture& said) {
     std::string reason = said.Text();
     while (!reason.empty() && reason.back() == '\n')
@@ -39,15 +39,15 @@ void ResourceCheck::Run(bool withMessageBox) {
         } else if (statement.rule->word == "THEM") {
             const Word* const name = statement.Find("theme");
             if (name != nullptr && *name != kDefaultTheme)
-                CheckTheme(name->text, name->place, "the theme");
+                CheckTheme(name->text, name->location, "the theme");
         } else if (statement.rule->word == "NTAB") {
-            // A window with tabs makes its buttons when it gets a tab.
+            // A window makes the button of a tab together with the tab.
             for (const Kind* kind : Kinds()) {
                 if (kind->hasTabs)
-                    CheckButtonTheme(*kind, statement.word.place);
+                    CheckButtonTheme(*kind, statement.word.location);
             }
         } else if (statement.kind != nullptr && !statement.kind->hasTabs) {
-            CheckButtonTheme(*statement.kind, statement.Find("kind")->place);
+            CheckButtonTheme(*statement.kind, statement.Find("kind")->location);
         }
     }
     if (withMessageBox)
@@ -64,7 +64,7 @@ void ResourceCheck::CheckDefaultTheme() {
         CheckTheme(kDefaultThemeFile, *content);
         return;
     }
-    // The built-in one then, whose picture only matters to those who draw with it.
+    // The built-in theme is used, whose picture may be missing if no widget draws it.
     const auto draws = [](const Declared& widget) {
         return widget.GetKind().draws.Has(ThemeLine::Picture);
     };
@@ -72,18 +72,18 @@ void ResourceCheck::CheckDefaultTheme() {
         CheckPicture(Theme().textureName, layout.path, {});
 }
 
-void ResourceCheck::CheckButtonTheme(const Kind& kind, Place where) {
+void ResourceCheck::CheckButtonTheme(const Kind& kind, Location where) {
     if (kind.buttonTheme != nullptr)
         CheckTheme(kind.buttonTheme, where, std::string(kind.buttonThemeOwner) + " theme");
 }
 
-void ResourceCheck::CheckTheme(const std::string& name, Place where, const std::string& needs) {
+void ResourceCheck::CheckTheme(const std::string& name, Location where, const std::string& what) {
     if (!IsNew(name))
         return;
     if (const auto content = ReadTextFile(name)) {
         CheckTheme(name, *content);
     } else {
-        findings.Error(layout.path, where, needs + " '" + name + "' cannot be read");
+        findings.Error(layout.path, where, what + " '" + name + "' cannot be read");
     }
 }
 
@@ -92,7 +92,7 @@ void ResourceCheck::CheckTheme(const std::string& name, const std::string& conte
     const std::string path = folder + name;
     const std::optional<Word> picture = CheckThemeFile(path, content, findings);
     if (picture && *picture != kNone)
-        CheckPicture(picture->text, path, picture->place);
+        CheckPicture(picture->text, path, picture->location);
 }
 
 void ResourceCheck::CheckConfiguration(const Word& name) {
@@ -100,7 +100,7 @@ void ResourceCheck::CheckConfiguration(const Word& name) {
         return;
     const auto content = ReadTextFile(name.text);
     if (!content) {
-        findings.Error(layout.path, name.place,
+        findings.Error(layout.path, name.location,
                        "the configuration '" + name.text + "' cannot be read");
         return;
     }
@@ -112,12 +112,13 @@ void ResourceCheck::CheckConfiguration(const Word& name) {
     const ErrorStreamCapture said;
     FontRender measure;
     if (!measure.Measure(font->text)) {
-        findings.Error(path, font->place,
+        findings.Error(path, font->location,
                        "the font '" + font->text + "' cannot be loaded" + Reason(said));
     }
 }
 
-void ResourceCheck::CheckPicture(const std::string& picture, const std::string& file, Place where) {
+void ResourceCheck::CheckPicture(const std::string& picture, const std::string& file,
+                                 Location where) {
     files.insert(folder + picture);
     const ErrorStreamCapture said;
     TextureData data;

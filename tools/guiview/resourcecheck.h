@@ -6,17 +6,18 @@
 #include <set>
 #include <string>
 
+#include "tools/guiview/declarations.h"
 #include "tools/guiview/finding.h"
-#include "tools/guiview/layoutorder.h"
 #include "tools/guiview/valuefile.h"
 
 namespace guiview {
 
-/// Reports what is missing, unreadable or malformed of the files that a layout names: themes,
+/// Reports which of the files that a layout names are missing, unreadable or malformed: themes,
 /// configurations, pictures and fonts. Looks for them in the current folder, as the toolkit does.
 class ResourceCheck {
 public:
-    /// @param reportFolder  put before the names of the files, with its "/"; may be empty
+    /// @param reportFolder  comes before the names of the files in reports, with its "/"; may be
+    ///     empty
     ResourceCheck(const LayoutFile& layoutFile, const Declarations& declarations,
                   std::string reportFolder, Findings& list)
         : layout(layoutFile),
@@ -25,8 +26,7 @@ public:
           findings(list),
           files{layoutFile.path, folder + "default.theme", folder + "messagebox.theme"} {}
 
-    /// @param withMessageBox  its theme, which the toolkit reads when the program shows one, is
-    ///     looked at too
+    /// @param withMessageBox  also checks the theme that the toolkit reads for a message box
     void Run(bool withMessageBox);
 
     /// The files that decide how the layout looks, whether they exist or not.
@@ -36,13 +36,14 @@ private:
     /// Whether a file is looked at for the first time.
     bool IsNew(const std::string& name);
     void CheckDefaultTheme();
-    /// The theme of the buttons that a widget of this kind makes for itself, if it makes any.
-    void CheckButtonTheme(const Kind& kind, Place where);
-    /// @param needs  what is said when the file cannot be read, before its name
-    void CheckTheme(const std::string& name, Place where, const std::string& needs);
+    /// Checks the theme of the buttons that a widget of this kind makes for itself, if it makes
+    /// any.
+    void CheckButtonTheme(const Kind& kind, Location where);
+    /// @param what  the theme's name in the report that its file cannot be read
+    void CheckTheme(const std::string& name, Location where, const std::string& what);
     void CheckTheme(const std::string& name, const std::string& content);
     void CheckConfiguration(const Word& name);
-    void CheckPicture(const std::string& picture, const std::string& file, Place where);
+    void CheckPicture(const std::string& picture, const std::string& file, Location where);
 
     const LayoutFile& layout;
     const Declarations& declared;

@@ -29,14 +29,14 @@ Vector InnerOrigin(GLWidget& widget) {
     return {box.x, box.y};
 }
 
-/// Where the lines of a label's text are. The last one stands at the label's lower edge, however
-/// high the label is.
+/// Where the lines of a label's text are. The last one is at the label's lower edge, even if the
+/// label is higher than its lines.
 Box LinesBox(const Node& node) {
     const Theme& theme = node.widget->GetTheme();
     const std::string& text = static_cast<Label&>(*node.widget).Wrapped();
     float widest = 0.0f;
     float lines = 0.0f;
-    float lowest = 0.0f;  // of the lines that hold anything, from above
+    float lowest = 0.0f;  // number of the lowest line that is not empty
     for (const std::string& line : SplitLines(text + '\n')) {
         widest = std::max(widest, MeasureText(theme, line));
         ++lines;

@@ -12,50 +12,51 @@
 
 #include "glwidget/glwidget.h"
 #include "tools/guiview/box.h"
-#include "tools/guiview/layoutorder.h"
+#include "tools/guiview/declarations.h"
 
 namespace guiview {
 
-/// A widget of the tree and where it is.
+/// A widget that the toolkit holds, and its boxes on the screen.
 struct Node {
     GLWidget* widget = nullptr;          // not owned
-    const Declared* declared = nullptr;  ///< null for what the toolkit makes itself; not owned
+    const Declared* declared = nullptr;  ///< null for widgets that the toolkit makes; not owned
     const Node* parent = nullptr;        ///< null at the top; not owned
-    std::optional<int> tab;              ///< of the parent, when it has tabs
+    std::optional<int> tab;              ///< of the parent, if it has tabs
     Box box;                             ///< the toolkit's own bounding box
     Box drawn;                           ///< what of it can be seen
-    Box clicks;                          ///< where it answers a press; empty when it answers none
-    bool shown = false;                  ///< not on a tab that another one covers
+    Box clicks;                          ///< where it reacts to clicks; empty if nowhere
+    bool shown = false;                  ///< it is not on a closed tab
 
     std::string_view Tag() const;
-    /// As a layout names it.
+    /// The word for its kind in layouts.
     std::string_view KindWord() const;
-    /// What the table says of the layout's widgets; false of those that the toolkit makes.
+    /// What the table of kinds says about the widget; false for widgets that the toolkit makes.
     bool Is(bool Kind::*fact) const { return declared != nullptr && declared->GetKind().*fact; }
-    /// A widget of the layout as one of its class, or null.
+    /// The widget if it is one of the layout's and of that class, otherwise null.
     template <typename Widget>
     Widget* As() const {
         return declared != nullptr ? dynamic_cast<Widget*>(widget) : nullptr;
     }
 };
 
-/// The widgets that the toolkit holds at this moment, in the order in which it goes over them:
-/// a container before its children, tab buttons before what is on the tabs.
+/// The widgets that the toolkit holds at this moment, in the order in which it draws them: a
+/// container before its children, tab buttons before the widgets on the tabs.
 class Scene {
 public:
-    /// @param withFinalText  labels that will show no other text than now, so that their lines are
-    ///     what can be seen of them; of other labels it is all the room that they keep
+    /// @param withFinalText  tags of labels whose text does not change: only their lines are drawn.
+    ///     Other labels may later use their whole box.
     explicit Scene(const Declarations& declarations, std::set<std::string> withFinalText = {});
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 
     const std::vector<const Node*>& Nodes() const { return order; }
-    /// Null when the tree has no such widget.
+    /// Null if there is no such widget.
     const Node* Find(std::string_view tag) const;
-    /// The one on top among those shown, or null.
+    /// The shown widget that is on top there, or null.
     const Node* At(float x, float y) const;
 
-    /// Whether both can be on the screen at once: they are on no two tabs of one window.
+    /// Whether both can be on the screen at the same time: they are not on different tabs of one
+    /// window.
     static bool SeenTogether(const Node& a, const Node& b);
 
 private:
@@ -68,14 +69,13 @@ private:
     std::vector<const Node*> order;
 };
 
-/// One line per widget: tag, kind, parent and bounding box (left, bottom, right, top on the
-/// screen, in GUI units), and the tab of what is on one.
+/// One line per widget: tag, kind, parent, bounding box on the screen, and tab, if there is one.
 std::string DescribeTree(const Scene& scene);
 
-/// Left, bottom, right and top, as a tree is described with.
+/// Left, bottom, right and top in GUI units.
 std::string DescribeBox(const Box& box);
 
-/// The name by which layouts know a theme.
+/// The name of a theme in layouts.
 std::string ThemeName(const Theme& theme);
 
 }  // namespace guiview

@@ -14,13 +14,9 @@ namespace guiview {
 
 namespace {
 
-/// What a list is taken to hold when the layout gives it no items: the program fills it, the
-/// game with twelve countries.
+/// How many items a list is assumed to have if the layout gives it none: the program fills it,
+/// the game with twelve countries.
 constexpr std::size_t kItemsOfTheProgram = 12;
-
-std::string Quoted(std::string_view text) {
-    return "'" + std::string(text) + "'";
-}
 
 std::string Pixels(float length) {
     const long pixels = std::max(std::lround(length / kPixel), 1L);
@@ -31,7 +27,7 @@ Box Screen() {
     return {-GLWidget::HalfWidth(), -GLWidget::guiScale, GLWidget::HalfWidth(), GLWidget::guiScale};
 }
 
-/// Whether the layout says where the widget is, and rightly so.
+/// Whether the widget's position is as the layout says.
 bool IsPlaced(const Node& node) {
     return node.declared != nullptr && !node.declared->misplaced;
 }
@@ -41,7 +37,7 @@ struct Excess {
     const char* side = "";
 };
 
-/// How far and where the inner box reaches furthest out of the outer one.
+/// The side on which the inner box reaches furthest out of the outer one, and how far.
 Excess ExcessOf(const Box& inner, const Box& outer) {
     const Excess sides[] = {{outer.left - inner.left, "left"},
                             {inner.right - outer.right, "right"},
@@ -83,7 +79,7 @@ void ScreenCheck::CheckPlace(const Node& node) {
         return;
     const Excess out = ExcessOf(node.drawn, node.parent->drawn);
     if (out.length > kTolerance) {
-        Warn(node, Quoted(node.Tag()) + " runs out of " + Quoted(node.parent->Tag()) + ", "
+        Warn(node, Quoted(node.Tag()) + " is outside of " + Quoted(node.parent->Tag()) + ", "
                        + Pixels(out.length) + " beyond its " + out.side + " edge");
     }
 }
@@ -108,7 +104,7 @@ void ScreenCheck::CheckSiblings(const Node& earlier, const Node& later) {
     if (!IsPressable(earlier) || !IsPressable(later))
         return;
     if (Meet(earlier.clicks, later.drawn) || Meet(earlier.drawn, later.clicks))
-        Warn(later, "a press on " + Quoted(later.Tag()) + " or on " + with + " moves both");
+        Warn(later, "one click can reach both " + Quoted(later.Tag()) + " and " + with);
 }
 
 void ScreenCheck::CheckText(const Node& node) {
@@ -133,7 +129,7 @@ void ScreenCheck::CheckText(const Node& node) {
 
 void ScreenCheck::CheckTitle(const Node& window) {
     const Theme& theme = window.widget->GetTheme();
-    // It begins where the cut corner ends.
+    // The title begins where the cut corner ends.
     CheckWidth(window, window.widget->GetText(),
                window.box.Width() - theme.corner * window.box.Height());
 }
@@ -143,8 +139,8 @@ void ScreenCheck::CheckLabel(const Node& node) {
     auto& label = static_cast<Label&>(*node.widget);
     const std::string& wrapped = label.Wrapped();
     const auto lines = std::count(wrapped.begin(), wrapped.end(), '\n') + 1;
-    // Lines that the toolkit breaks by itself hang over: it does not count what moves to the next
-    // one. What matters is where they then reach, which is looked at as for any widget.
+    // Lines that the toolkit breaks may be wider than the label, because it does not measure the
+    // word that goes to the next line. CheckPlace checks where they reach.
     if (lines == std::count(label.GetText().begin(), label.GetText().end(), '\n') + 1)
         CheckWidth(node, wrapped, node.box.Width() - theme.fontSize.x / 2.0f);
     const float step = FontRender::kLineStep * theme.fontSize.y;
@@ -158,7 +154,7 @@ void ScreenCheck::CheckLabel(const Node& node) {
 void ScreenCheck::CheckWidth(const Node& node, const std::string& text, float room) {
     const Theme& theme = node.widget->GetTheme();
     float widest = 0.0f;
-    // Line by line: measured together, a short line would also count what a longer one left.
+    // Line by line: measured together, a short line after a longer one would count as longer.
     for (const std::string& line : SplitLines(text))
         widest = std::max(widest, MeasureText(theme, line));
     if (widest > room + kTolerance) {
@@ -182,15 +178,15 @@ void ScreenCheck::CheckList(const Node& combo) {
         if (node == &combo || !IsPressable(*node) || !Meet(node->clicks, list)
             || !Scene::SeenTogether(*node, combo))
             continue;
-        Warn(*node, Quoted(node->Tag()) + " lies below the list of " + Quoted(combo.Tag())
+        Warn(*node, Quoted(node->Tag()) + " is under the open list of " + Quoted(combo.Tag())
                         + ": a click on the list reaches it too");
     }
 }
 
 void ScreenCheck::CheckCentre(const Node& node) {
-    if (IsPressable(node) && Meet(node.clicks, messageBox)) {
+    if (IsPressable(node) && Meet(node.clicks, messageArea)) {
         Warn(node, Quoted(node.Tag())
-                       + " lies at the centre of the screen: a click on a message box reaches it "
+                       + " is at the centre of the screen: a click on a message box reaches it "
                          "too");
     }
 }

@@ -10,24 +10,24 @@
 
 namespace guiview {
 
-/// Reports what does not fit: widgets outside the screen or their window, siblings that overlap,
-/// texts wider than their widgets, and widgets that a click reaches though another covers them.
+/// Reports widgets outside of the screen or their window, siblings that overlap, texts that are
+/// larger than their widgets, and widgets that also get clicks on a list or message box over them.
 class ScreenCheck {
 public:
-    /// @param path      as which the layout is reported
-    /// @param answers   whether the program does anything when this widget is pressed
-    /// @param boxCentre the message box at the centre of the screen
+    /// @param path        the layout's name in reports
+    /// @param answers     whether the program does anything when this widget is pressed
+    /// @param area        where message boxes appear
     ScreenCheck(const Scene& widgets, const std::string& path,
-                std::function<bool(const Node&)> answers, const Box& boxCentre, Findings& list)
+                std::function<bool(const Node&)> answers, const Box& area, Findings& list)
         : scene(widgets),
           file(path),
           isAnswered(std::move(answers)),
-          messageBox(boxCentre),
+          messageArea(area),
           findings(list) {}
 
     void Run();
 
-    /// An image button that lies behind a later sibling is what the sibling is drawn on.
+    /// An image button that contains a later sibling is the background of that sibling.
     static bool IsBackgroundOf(const Node& earlier, const Node& later);
 
 private:
@@ -47,7 +47,7 @@ private:
     const Scene& scene;
     const std::string& file;
     std::function<bool(const Node&)> isAnswered;
-    Box messageBox;
+    Box messageArea;
     Findings& findings;
 };
 

@@ -16,7 +16,7 @@ namespace guiview {
 namespace {
 
 constexpr std::string_view kWhite = " \t\r\v\f";
-/// What stands between the fields of a line; the toolkit keeps the others in a text.
+/// What separates a text from the field before it. The toolkit keeps the other white space.
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::string_view kComment = "//";
 
@@ -24,7 +24,7 @@ std::size_t SkipAny(std::string_view line, std::size_t from, std::string_view wh
     return std::min(line.find_first_not_of(which, from), line.size());
 }
 
-/// Without a "+", which the toolkit reads before a number and the library does not.
+/// Without a "+", which the toolkit reads before a number and from_chars does not.
 std::string_view Unsigned(std::string_view word) {
     const bool plus = word.size() > 1 && word[0] == '+' && word[1] != '-';
     return plus ? word.substr(1) : word;
@@ -37,18 +37,18 @@ std::optional<Word> LineReader::Next() {
     if (begin == line.size())
         return std::nullopt;
     at = std::min(line.find_first_of(kWhite, begin), line.size());
-    return Word{std::string(line.substr(begin, at - begin)), PlaceOf(begin)};
+    return Word{std::string(line.substr(begin, at - begin)), LocationOf(begin)};
 }
 
 Word LineReader::Rest() {
     std::size_t begin = SkipAny(line, at, kBlanks);
     if (begin == line.size() && line.ends_with('\r'))
-        --begin;  // an empty text begins at the carriage return that was skipped
+        --begin;  // part of the line end, after an empty text
     std::string_view rest = line.substr(begin);
     if (!rest.empty() && rest.back() == '\r')
         rest.remove_suffix(1);
     at = begin + rest.size();
-    return {std::string(rest), PlaceOf(begin)};
+    return {std::string(rest), LocationOf(begin)};
 }
 
 bool LineReader::OnlyCommentLeft() const {
@@ -84,9 +84,9 @@ std::string Malformed(const Field& field, const Word& word, const std::string& n
     const std::string is = "'" + word.text + "' is ";
     switch (field.type) {
     case FieldType::Number:
-        return ParseNumber(word.text) ? "" : is + "no number for " + name;
+        return ParseNumber(word.text) ? "" : is + "not a number for " + name;
     case FieldType::Whole:
-        return ParseWhole(word.text) ? "" : is + "no whole number for " + name;
+        return ParseWhole(word.text) ? "" : is + "not a whole number for " + name;
     case FieldType::Flag:
         return word == "0" || word == "1" ? "" : is + "neither 0 nor 1 for " + name;
     case FieldType::Name:

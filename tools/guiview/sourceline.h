@@ -16,7 +16,7 @@ namespace guiview {
 /// A word of a line and where it begins.
 struct Word {
     std::string text;
-    Place place;
+    Location location;
 
     bool operator==(std::string_view other) const { return text == other; }
 };
@@ -24,22 +24,24 @@ struct Word {
 /// Reads a line word by word, as the toolkit separates words, and knows where it is.
 class LineReader {
 public:
-    /// @param text  without its line end; stays alive as long as the reader is used
+    /// @param text  without its line end; must live as long as the reader
     LineReader(std::string_view text, int number) : line(text), lineNumber(number) {}
 
     std::optional<Word> Next();
-    /// All that is left without the blanks before it, as the toolkit takes a text.
+    /// The rest of the line without the blanks before it, as the toolkit reads a text.
     Word Rest();
-    /// Whether a "//" or nothing at all is left.
+    /// Whether only a comment or nothing is left.
     bool OnlyCommentLeft() const;
 
     /// Bytes read.
     std::size_t Offset() const { return at; }
-    /// Behind the last word that was read.
-    Place Here() const { return PlaceOf(at); }
+    /// After the last word that was read.
+    Location Here() const { return LocationOf(at); }
 
 private:
-    Place PlaceOf(std::size_t offset) const { return {lineNumber, static_cast<int>(offset) + 1}; }
+    Location LocationOf(std::size_t offset) const {
+        return {lineNumber, static_cast<int>(offset) + 1};
+    }
 
     std::string_view line;
     int lineNumber;
@@ -49,14 +51,14 @@ private:
 /// Whether the line holds nothing for the toolkit: it is empty or begins with "//".
 bool IsBlankOrComment(std::string_view line);
 
-/// A number as the toolkit's words hold it, the whole word and nothing else.
+// The word as the toolkit reads it, if the whole word is a number.
 std::optional<float> ParseNumber(std::string_view word);
 std::optional<int> ParseWhole(std::string_view word);
 
-// What is wrong with a word where the field stands; empty when nothing is.
-/// @param name  as which the field is reported
+/// What is wrong with a word as the value of a field; empty if nothing is.
+/// @param name  the field's name in the report
 std::string Malformed(const Field& field, const Word& word, const std::string& name);
-/// The same of a word that is not malformed.
+/// @param word  one that is not malformed
 std::string OutsideRange(const Field& field, const Word& word, const std::string& name);
 
 /// The content of a text file.

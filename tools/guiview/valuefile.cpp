@@ -25,7 +25,7 @@ constexpr ValueLine kConfiguration[] = {
 static_assert(std::size(kConfiguration) == 8);
 
 /// Reads a line's values until one of them is wrong, which is reported.
-/// @return the first of them
+/// @return the first value, if there is one and it is not wrong
 std::optional<Word> CheckLine(const ValueLine& values, LineReader reader, const std::string& path,
                               Findings& findings) {
     const std::string name = "the " + std::string(values.field.name);
@@ -40,7 +40,7 @@ std::optional<Word> CheckLine(const ValueLine& values, LineReader reader, const 
         }
         const std::string malformed = Malformed(values.field, *word, name);
         if (!malformed.empty()) {
-            findings.Error(path, word->place, malformed);
+            findings.Error(path, word->location, malformed);
             break;
         }
         if (!first)
@@ -49,7 +49,7 @@ std::optional<Word> CheckLine(const ValueLine& values, LineReader reader, const 
     return first;
 }
 
-/// @return the first word of each line, as far as there are any
+/// @return for each line its first value, or nothing if there is none or it is wrong
 std::vector<std::optional<Word>> CheckLines(const std::string& path, const std::string& content,
                                             std::span<const ValueLine> expected,
                                             Findings& findings) {

@@ -12,8 +12,8 @@
 
 namespace guiview {
 
-// Both report what is missing or malformed in a file's lines.
-/// @param path  as which the file is reported
+// Both report what is missing or malformed in the lines of a file.
+/// @param path  the file's name in reports
 /// @return the word that names the theme's picture, if there is one
 std::optional<Word> CheckThemeFile(const std::string& path, const std::string& content,
                                    Findings& findings);

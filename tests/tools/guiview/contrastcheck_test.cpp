@@ -26,18 +26,18 @@ TEST(Contrast, GreenWeighsMostAndBlueLeast) {
     EXPECT_NEAR(Luminance({1, 0, 0}), 0.2126, 1e-6);
     EXPECT_NEAR(Luminance({0, 1, 0}), 0.7152, 1e-6);
     EXPECT_NEAR(Luminance({0, 0, 1}), 0.0722, 1e-6);
-    // sRGB's middle grey, #767676 on white, is the darkest grey that 4.5 allows
+    // #767676 is the lightest grey that has a contrast of 4.5 to white
     EXPECT_NEAR(ContrastRatio({118 / 255.0f, 118 / 255.0f, 118 / 255.0f}, {1, 1, 1}), 4.54, 0.01);
 }
 
-/// Themes of the tests draw their text on a fill of 0.9 of its colour away from the mouse, and
-/// on the whole colour under it.
+/// In the themes of these tests the brightness of a fill is 0.9 of its colour, and 1 under the
+/// mouse.
 class ContrastCheckTest : public LayoutTest {
 protected:
     static constexpr const char* kWhite = "1 1 1";
     static constexpr const char* kBlack = "0 0 0";
     static constexpr const char* kGrey = "0.5 0.5 0.5";
-    /// White is 4.57:1 on it idle, and 3.94:1 under the mouse.
+    /// White on this fill has a contrast of more than 4.5, but less than 4.5 under the mouse.
     static constexpr const char* kEdge = "0.51 0.51 0.51";
 
     /// What is found when "a.theme" has these colours and is the current theme.
@@ -217,7 +217,7 @@ TEST_F(ContrastCheckTest, TextOnATransparentPictureIsComparedWithWhatIsBelowTheP
         FoundWithFont("THEM night.theme NULL\nCADD Butt night NULL -1 0.8 TEX 1 0.2\n" + glass),
         "test.gui:6:12: warning: the text of 'a' has a contrast of 1.00:1, below 4.5:1 (theme "
         "'glass.theme')\n");
-    EXPECT_EQ(FoundWithFont(glass), "") << "nobody knows what is behind the glass";
+    EXPECT_EQ(FoundWithFont(glass), "") << "the background of the glass is unknown";
 }
 
 // The game

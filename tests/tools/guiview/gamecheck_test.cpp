@@ -88,14 +88,14 @@ TEST_F(GameCheckTest, ListOfPartnersIsCheckedWithTheLongestNames) {
     EXPECT_THAT(
         Found("CONF gui.conf\nCADD Win w NULL -1.5 -1 0 Window\nCADD Combo countrysel w 0 1\n",
               true),
-        HasSubstr("test.gui:3:12: warning: 'countrysel' runs out of 'w', "));
+        HasSubstr("test.gui:3:12: warning: 'countrysel' is outside of 'w', "));
 }
 
 TEST_F(GameCheckTest, ButtonThatTheGameDoesNotReadMayBeAtTheCentre) {
     EXPECT_THAT(Found("CONF gui.conf\nCADD Butt other NULL 0 0 A\n", true),
                 Not(HasSubstr("'other'")));
     EXPECT_THAT(Found("CONF gui.conf\nCADD Butt update NULL 0 0 A\n", true),
-                HasSubstr("'update' lies at the centre of the screen"));
+                HasSubstr("'update' is at the centre of the screen"));
 }
 
 TEST_F(GameCheckTest, LongestTextsAreTheSameEachTime) {

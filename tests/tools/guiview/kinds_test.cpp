@@ -77,7 +77,7 @@ TEST_F(EveryKindTest, MissingFieldIsAnError) {
 TEST_F(EveryKindTest, KindThatShowsTextNeedsAConfigurationBeforeIt) {
     for (const Kind* kind : Kinds()) {
         const std::string found = Found(Line(*kind, SampleFields(*kind)));
-        const auto needed = HasSubstr("there is no CONF to name the font of 'a'");
+        const auto needed = HasSubstr("'a' shows text, but there is no CONF, which loads the font");
         if (kind->text == TextGround::None) {
             EXPECT_THAT(found, Not(needed)) << NameOf(*kind);
         } else {
@@ -90,7 +90,7 @@ TEST_F(EveryKindTest, OnlyAKindThatHoldsChildrenMayBeAParent) {
     for (const Kind* kind : Kinds()) {
         const std::string found =
             FoundIn(*kind, SampleFields(*kind) + "\nCADD Label child a 0 0 A");
-        const auto refused = HasSubstr(" is a " + std::string(kind->word) + ", no ");
+        const auto refused = HasSubstr(" is a " + std::string(kind->word) + ", not a ");
         if (kind->holdsChildren) {
             EXPECT_THAT(found, Not(refused)) << NameOf(*kind);
         } else {

@@ -12,7 +12,7 @@
 
 namespace guiview {
 
-/// Checks small layouts in a folder that holds what they need: a configuration with the game's
+/// Checks small layouts in a folder with the files that they need: a configuration with the game's
 /// font, and a default theme without a picture, black on grey.
 class LayoutTest : public testing::Test {
 protected:
@@ -46,13 +46,13 @@ protected:
         return CheckLayout(*LayoutSource::Read(Path()), forGame, texts).findings;
     }
 
-    /// What is printed, with the paths from the folder on.
+    /// What is printed, without the folder in the paths.
     std::string Found(const std::string& layout, bool forGame = false,
                       const SampleTexts& texts = {}) const {
         return Shortened(Check(layout, forGame, texts).AsText());
     }
 
-    /// The same of a layout whose first line names the configuration; its own begin at line 2.
+    /// The same for a layout after a first line that loads the configuration.
     std::string FoundWithFont(const std::string& layout) const {
         return Found(kFirstLines + layout);
     }

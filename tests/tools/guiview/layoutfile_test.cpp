@@ -26,7 +26,7 @@ TEST_F(LayoutFileTest, StatementsInOtherSpellingsAreUnknown) {
 }
 
 TEST_F(LayoutFileTest, StatementThatDoesNothingIsAWarning) {
-    EXPECT_EQ(Found("CHLD a b\n"), "test.gui:1:1: warning: CHLD makes nothing\n");
+    EXPECT_EQ(Found("CHLD a b\n"), "test.gui:1:1: warning: CHLD does nothing\n");
 }
 
 TEST_F(LayoutFileTest, UnknownKindIsAnError) {
@@ -67,9 +67,9 @@ TEST_F(LayoutFileTest, MissingFieldIsNotTakenFromTheNextLine) {
 
 TEST_F(LayoutFileTest, EachMalformedNumberIsReported) {
     EXPECT_EQ(Found("CADD Slide a NULL 0,5 one 1x 0\n"),
-              "test.gui:1:19: error: '0,5' is no number for x\n"
-              "test.gui:1:23: error: 'one' is no number for y\n"
-              "test.gui:1:27: error: '1x' is no number for width\n");
+              "test.gui:1:19: error: '0,5' is not a number for x\n"
+              "test.gui:1:23: error: 'one' is not a number for y\n"
+              "test.gui:1:27: error: '1x' is not a number for width\n");
 }
 
 TEST_F(LayoutFileTest, NumbersAreValidIfTheToolkitReadsThemWhole) {
@@ -78,15 +78,15 @@ TEST_F(LayoutFileTest, NumbersAreValidIfTheToolkitReadsThemWhole) {
     }
     for (const char* number : {"nan", "inf", "-inf", "0x1", "1e99", "--1", "+-1", "+", "-", "."}) {
         EXPECT_EQ(Found("CADD Slide a NULL " + std::string(number) + " 0.5 0.3 0\n"),
-                  "test.gui:1:19: error: '" + std::string(number) + "' is no number for x\n");
+                  "test.gui:1:19: error: '" + std::string(number) + "' is not a number for x\n");
     }
 }
 
 TEST_F(LayoutFileTest, FractionsAndWordsAreErrorsWhereWholeNumbersAreNeeded) {
     EXPECT_EQ(FoundWithFont("CADD Text a NULL 1 1 8.5 2\n"),
-              "test.gui:2:22: error: '8.5' is no whole number for columns\n");
+              "test.gui:2:22: error: '8.5' is not a whole number for columns\n");
     EXPECT_EQ(FoundWithFont("CADD TWin w NULL 0 -1\nNTAB w one A\n"),
-              "test.gui:3:8: error: 'one' is no whole number for tab\n");
+              "test.gui:3:8: error: 'one' is not a whole number for tab\n");
 }
 
 TEST_F(LayoutFileTest, FlagThatIsNeither0Nor1IsAnError) {
@@ -121,8 +121,7 @@ TEST_F(LayoutFileTest, TextsOfMoreThan511CharactersAreErrors) {
     };
     EXPECT_EQ(found(std::string(511, '.')), "");
     EXPECT_EQ(found(std::string(513, '.')),
-              "a.gui:1:519: error: the text has 513 characters; what follows the first 511 is not "
-              "shown\n");
+              "a.gui:1:519: error: the text has 513 characters; only the first 511 are shown\n");
 }
 
 TEST_F(LayoutFileTest, BytesWithoutGlyphAreErrorsInTexts) {
@@ -143,8 +142,8 @@ TEST_F(LayoutFileTest, CommentsMayHoldAnyBytes) {
 TEST_F(LayoutFileTest, LineThatIsTooLongToBeSkippedIsAnError) {
     EXPECT_EQ(Found("// " + std::string(9999, '-') + "\n"), "");
     EXPECT_EQ(Found("// " + std::string(10000, '-') + "\n"),
-              "test.gui:1:10003: error: what lies 10000 bytes after a statement is read as another "
-              "one\n");
+              "test.gui:1:10003: error: this is more than 10000 bytes after the statement and is "
+              "read as another one\n");
 }
 
 TEST_F(LayoutFileTest, CarriageReturnsCountAsBlanks) {
@@ -159,7 +158,7 @@ TEST_F(LayoutFileTest, OneCheckReportsAllErrors) {
     EXPECT_EQ(Found("THEM none.theme NULL\nFOO\nCADD Slide a NULL x 0 1 0\nCENTRE b\n"),
               "test.gui:1:6: error: the theme 'none.theme' cannot be read\n"
               "test.gui:2:1: error: unknown statement 'FOO'\n"
-              "test.gui:3:19: error: 'x' is no number for x\n"
+              "test.gui:3:19: error: 'x' is not a number for x\n"
               "test.gui:4:8: error: unknown tag 'b'\n");
 }
 

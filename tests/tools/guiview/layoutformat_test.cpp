@@ -49,28 +49,28 @@ TEST(LayoutFormat, WidgetsOnTabsShareTheColumnsOfOtherWidgets) {
         "CADD    TWin  t NULL 0 0\nTADD 0  Label a t    0 0 A\nTADD 12 Label b t    0 0 B\n");
 }
 
-TEST(LayoutFormat, IndentationIsKept) {
+TEST(LayoutFormat, IndentationIsNotChanged) {
     EXPECT_EQ(FormatLayout("CADD Win w NULL 0 0 0 W\n  CADD Label a w 0 0 A\n"),
               "CADD   Win   w NULL 0 0 0 W\n  CADD Label a w    0 0 A\n");
 }
 
-TEST(LayoutFormat, TextsKeepTheirBlanks) {
+TEST(LayoutFormat, BlanksInTextsAreNotChanged) {
     EXPECT_EQ(FormatLayout("CADD Label a  NULL 0 0   two  blanks  \nTEXT a   b  c \n"),
               "CADD Label a NULL 0 0 two  blanks  \nTEXT a b  c \n");
 }
 
-TEST(LayoutFormat, CommentAfterAStatementKeepsItsBlanks) {
+TEST(LayoutFormat, BlanksAfterAStatementAreNotChanged) {
     EXPECT_EQ(FormatLayout("CONF  gui.conf    // the font\nCADD Slide a NULL  0 0 1 0   track\n"),
               "CONF gui.conf    // the font\nCADD Slide a NULL 0 0 1 0   track\n");
 }
 
-TEST(LayoutFormat, LinesWithErrorsAreKept) {
+TEST(LayoutFormat, LinesWithErrorsAreNotChanged) {
     EXPECT_EQ(
         FormatLayout("CADD  Label a NULL zero 0 A\nCADD  Fancy b NULL 0 0\nFOO  bar\nCADD  Win\n"),
         "CADD  Label a NULL zero 0 A\nCADD  Fancy b NULL 0 0\nFOO  bar\nCADD  Win\n");
 }
 
-TEST(LayoutFormat, LineEndsAreKept) {
+TEST(LayoutFormat, LineEndsAreNotChanged) {
     EXPECT_EQ(FormatLayout("CADD  Label a NULL 0 0 A\r\nSOLID\r\nTHEM  default NULL"),
               "CADD Label a NULL 0 0 A\r\nSOLID\r\nTHEM default NULL");
     EXPECT_EQ(FormatLayout("CADD  Check a NULL 0 0\r\n"), "CADD Check a NULL 0 0\r\n");

@@ -16,7 +16,7 @@ namespace {
 
 class ResourceCheckTest : public LayoutTest {
 protected:
-    /// What is found when the theme file "a.theme" reads like this.
+    /// What is found if the theme file "a.theme" has this content.
     std::string FoundInTheme(const std::string& content) const {
         folder.Write("a.theme", content);
         return Found("THEM a.theme NULL\n");
@@ -62,8 +62,8 @@ TEST_F(ResourceCheckTest, MissingThemesOfTabsAndListsAreReportedAtTheirStatement
 
 TEST_F(ResourceCheckTest, MalformedNumbersOfAThemeAreReportedInTheTheme) {
     EXPECT_EQ(FoundInTheme("// a comment\n\n0 0 black\n1 1 1\n1,1 1 1\n"),
-              "a.theme:3:5: error: 'black' is no number for the text colour\n"
-              "a.theme:5:1: error: '1,1' is no number for the fill colour\n"
+              "a.theme:3:5: error: 'black' is not a number for the text colour\n"
+              "a.theme:5:1: error: '1,1' is not a number for the fill colour\n"
               "a.theme:5:1: error: the file ends before its fourth colour\n");
 }
 
@@ -118,7 +118,7 @@ TEST_F(ResourceCheckTest, MalformedNumbersOfAConfigurationAreReportedInTheConfig
     EXPECT_EQ(FoundInConfiguration("font.ttf\nnothing\n0 0 1\n0 0 1 1\n0 0 1 1\n0 0 a 1\n"),
               "a.conf:3:6: error: the option ring takes 4 numbers, not 3\n"
               "a.conf:6:1: error: the file ends before its slider knob\n"
-              "a.conf:6:5: error: 'a' is no number for the tick\n");
+              "a.conf:6:5: error: 'a' is not a number for the tick\n");
 }
 
 TEST_F(ResourceCheckTest, MissingFontIsReportedInTheConfiguration) {

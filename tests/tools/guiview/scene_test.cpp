@@ -32,7 +32,7 @@ TEST_F(SceneTest, BoxesAreInCoordinatesOfTheScreen) {
 }
 
 TEST_F(SceneTest, WidgetsAreListedInTheOrderInWhichTheToolkitDrawsThem) {
-    // A container joins its parent only when the layout is solid, so "late" comes before it.
+    // Containers are added to their parents at the end of the layout, so "late" comes before g.
     EXPECT_EQ(Tree("CADD Frame f NULL 0 0.5 0\nCADD Frame g f 0.5 0 0\n"
                    "CADD Butt late f 0 0 TEX 0.1 0.1\nCADD Butt NULL g 0 0 TEX 0.1 0.1\n"),
               "f    Frame NULL   0.0000   0.5000   0.7200   0.7200\n"

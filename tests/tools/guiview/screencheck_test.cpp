@@ -14,11 +14,11 @@ namespace {
 
 using testing::HasSubstr;
 
-/// Pictures stand for widgets of any size here: one unit is 231 pixels, a pixel 0.00433 units,
-/// and the screen spans 1.7333 by 1.3 to every side.
+/// Most widgets here are image buttons, which can have any size. A pixel is 0.00433 units, and the
+/// screen reaches from -1.7333 to 1.7333 and from -1.3 to 1.3.
 class ScreenCheckTest : public LayoutTest {
 protected:
-    /// How wide a label "A" is in the theme's font.
+    /// The width of a label "A", as it is reported.
     static std::string LetterWidth() {
         FontRender font;
         EXPECT_TRUE(font.Measure("data/font.ttf"));
@@ -27,7 +27,7 @@ protected:
     }
 };
 
-// Outside
+// Outside of the screen or a window
 
 TEST_F(ScreenCheckTest, WidgetThatFillsTheScreenIsInside) {
     EXPECT_EQ(Found("CADD Butt a NULL -1.7333 -1.3 TEX 3.4667 2.6\nCADD Frame f NULL 0 0 0\n"), "");
@@ -48,7 +48,7 @@ TEST_F(ScreenCheckTest, WidgetsThatAskForAnEdgeOfTheScreenAreInside) {
 }
 
 TEST_F(ScreenCheckTest, WindowThatGrowsBeyondTheEdgeOfTheScreenIsAWarning) {
-    // The room for the title comes after the window was put at the edge.
+    // The window is put at the edge before it gets room for its title.
     EXPECT_EQ(
         FoundWithFont("CADD Win w NULL -100 100 0 Top\nCADD Butt a w 0 0 TEX 0.3 0.3\n"),
         "test.gui:2:10: warning: 'w' is outside the screen, 16 pixels beyond its upper edge\n");
@@ -56,7 +56,7 @@ TEST_F(ScreenCheckTest, WindowThatGrowsBeyondTheEdgeOfTheScreenIsAWarning) {
 
 TEST_F(ScreenCheckTest, ChildOutsideItsWindowIsAWarning) {
     EXPECT_EQ(FoundWithFont("CADD Win w NULL -1 -1 0 Window\nCADD Butt a w -0.1 0 TEX 0.3 0.3\n"),
-              "test.gui:3:11: warning: 'a' runs out of 'w', 16 pixels beyond its left edge\n");
+              "test.gui:3:11: warning: 'a' is outside of 'w', 16 pixels beyond its left edge\n");
 }
 
 TEST_F(ScreenCheckTest, SliderWhoseKnobCanLeaveTheScreenIsAWarning) {
@@ -78,7 +78,7 @@ TEST_F(ScreenCheckTest, KnobOfAVerticalSliderReachesToTheLeft) {
 TEST_F(ScreenCheckTest, SiblingsThatOverlapAreAWarning) {
     EXPECT_EQ(FoundWithFont("CADD Frame f NULL -1.7 0.5 0\nCADD Butt a f 0 0 TEX 0.1 0.1\n"
                             "CADD Butt b f 0.05 -0.02 TEX 0.2 0.2\n"),
-              "test.gui:4:11: warning: 'b' runs out of 'f', 5 pixels beyond its lower edge\n"
+              "test.gui:4:11: warning: 'b' is outside of 'f', 5 pixels beyond its lower edge\n"
               "test.gui:4:11: warning: 'b' overlaps 'a' of line 3 by 12 pixels across and 23 "
               "pixels down\n");
 }
@@ -126,7 +126,7 @@ TEST_F(ScreenCheckTest, WidgetsOfDifferentTabsDoNotOverlap) {
 TEST_F(ScreenCheckTest, SliderSoNearToAButtonThatOneClickReachesBothIsAWarning) {
     const std::string button = "CADD Butt a NULL 1 1 TEX 0.2 0.1\n";
     EXPECT_EQ(Found(button + "CADD Slide b NULL 0.6 0.94 0.5 0\n"),
-              "test.gui:2:12: warning: a press on 'b' or on 'a' of line 1 moves both\n");
+              "test.gui:2:12: warning: one click can reach both 'b' and 'a' of line 1\n");
     EXPECT_EQ(Found(button + "CADD Slide b NULL 0.6 0.89 0.5 0\n"), "");
 }
 
@@ -137,7 +137,7 @@ TEST_F(ScreenCheckTest, SliderMayBeNearToALabel) {
 // Texts
 
 TEST_F(ScreenCheckTest, TextInAFontThatWasLoadedAfterItsWidgetWasMadeIsAWarning) {
-    // What is made before a font could be loaded has no room for letters.
+    // Widgets that are made without a font have no room for letters.
     folder.Write("none.conf", "none.ttf\nx\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n1\n");
     const std::string found = Found(
         "CONF none.conf\n"
@@ -173,7 +173,7 @@ TEST_F(ScreenCheckTest, BrokenLinesMayBeWiderThanTheLabelButNotThanItsWindow) {
     const SampleTexts text = {{"a", "AAAAAAA AAAAAA AAAAAA AAAAAAA"}};
     EXPECT_EQ(Found(layout + "CADD Butt wide w 0 0.3 TEX 1 0.1\n", false, text), "");
     EXPECT_THAT(Found(layout, false, text),
-                HasSubstr("test.gui:3:12: warning: 'a' runs out of 'w'"));
+                HasSubstr("test.gui:3:12: warning: 'a' is outside of 'w'"));
 }
 
 TEST_F(ScreenCheckTest, SampleTextWithTooManyLinesIsAWarning) {
@@ -181,21 +181,21 @@ TEST_F(ScreenCheckTest, SampleTextWithTooManyLinesIsAWarning) {
               "test.gui:2:12: warning: the text of 'a' takes 3 lines; the widget has room for 2\n");
 }
 
-// What clicks fall through
+// Clicks on lists and message boxes
 
 TEST_F(ScreenCheckTest, ButtonsAndSlidersUnderAnOpenListAreWarnings) {
     EXPECT_EQ(FoundWithFont("CADD Combo list NULL 0.9 1\nTEXT list A\nTEXT list B\nTEXT list C\n"
                             "CADD Butt a NULL 0.9 0.85 Go\nCADD Slide b NULL 1 0.75 0.3 0\n"
                             "CADD Butt c NULL 0.9 0.55 Go\nCADD Label d NULL 0.9 0.93 D\n"),
-              "test.gui:6:11: warning: 'a' lies below the list of 'list': a click on the list "
+              "test.gui:6:11: warning: 'a' is under the open list of 'list': a click on the list "
               "reaches it too\n"
-              "test.gui:7:12: warning: 'b' lies below the list of 'list': a click on the list "
+              "test.gui:7:12: warning: 'b' is under the open list of 'list': a click on the list "
               "reaches it too\n");
 }
 
 TEST_F(ScreenCheckTest, ListWithoutItemsIsCheckedWithTwelve) {
     EXPECT_THAT(FoundWithFont("CADD Combo list NULL 0.9 1\nCADD Butt a NULL 0.9 -0.1 Go\n"),
-                HasSubstr("'a' lies below the list of 'list'"));
+                HasSubstr("'a' is under the open list of 'list'"));
     EXPECT_EQ(FoundWithFont("CADD Combo list NULL 0.9 1\nCADD Butt a NULL 0.9 -0.3 Go\n"), "");
 }
 
@@ -211,22 +211,22 @@ TEST_F(ScreenCheckTest, ButtonOnAnotherTabThanTheListIsNotUnderIt) {
         "TADD 0 Combo list w 0 0.8\nTEXT list A\n";
     EXPECT_EQ(FoundWithFont(layout + "TADD 1 Butt a w 0 0.7 Go\n"), "");
     EXPECT_THAT(FoundWithFont(layout + "TADD 0 Butt a w 0 0.7 Go\n"),
-                HasSubstr("'a' lies below the list of 'list'"));
+                HasSubstr("'a' is under the open list of 'list'"));
 }
 
 TEST_F(ScreenCheckTest, ButtonsAndSlidersUnderAMessageBoxAreWarnings) {
     EXPECT_EQ(FoundWithFont("CADD Butt a NULL 0 0 Go\nCADD Slide b NULL -0.3 -0.1 0.2 0\n"
                             "CADD Label c NULL -0.2 0 C\nCADD Butt d NULL 0 0.6 Go\n"),
-              "test.gui:2:11: warning: 'a' lies at the centre of the screen: a click on a message "
+              "test.gui:2:11: warning: 'a' is at the centre of the screen: a click on a message "
               "box reaches it too\n"
-              "test.gui:3:12: warning: 'b' lies at the centre of the screen: a click on a message "
+              "test.gui:3:12: warning: 'b' is at the centre of the screen: a click on a message "
               "box reaches it too\n");
 }
 
 TEST_F(ScreenCheckTest, ImageButtonUnderAnotherWidgetMayBeAtTheCentre) {
     EXPECT_EQ(FoundWithFont("CADD Butt desk NULL -1 -1 TEX 2 2\nCADD Label a NULL 0 0 A\n"), "");
     EXPECT_THAT(FoundWithFont("CADD Butt desk NULL -1 -1 TEX 2 2\n"),
-                HasSubstr("'desk' lies at the centre of the screen"));
+                HasSubstr("'desk' is at the centre of the screen"));
 }
 
 }  // namespace

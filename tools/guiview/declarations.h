@@ -17,24 +17,24 @@ struct Declared {
     std::string tag;     ///< "NULL" for a widget that has none
     std::string parent;  ///< "NULL" at the top
     std::optional<int> tab;
-    /// By which the toolkit can find it: the tag, or one made up for a widget without.
+    /// The tag with which it is built: its own, or an invented one if it has none.
     std::string handle;
-    /// Its size or place comes from an error that is reported, and says nothing by itself.
+    /// A reported error gives it a wrong size or position, so that these are not checked.
     bool misplaced = false;
 
     const Kind& GetKind() const { return *statement->kind; }
-    Place Where() const { return statement->Find("tag")->place; }
+    Location Where() const { return statement->Find("tag")->location; }
 };
 
-/// What a layout's statements come to, one after the other.
+/// What the statements of a layout declare.
 struct Declarations {
     std::vector<Declared> widgets;
-    /// The layout with every statement left empty that the toolkit would stop at or read
-    /// otherwise than it is written, and with a tag for every widget.
+    /// The layout for the toolkit: with a tag for every widget, and with an empty line instead of
+    /// every statement that would stop the toolkit or that it would understand differently.
     std::string buildable;
 };
 
-/// Follows the statements in their order and reports those that do not fit what came before.
-Declarations FollowOrder(const LayoutFile& layout, Findings& findings);
+/// Goes through the statements in their order and reports those that do not fit the ones before.
+Declarations FollowStatements(const LayoutFile& layout, Findings& findings);
 
 }  // namespace guiview

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-#include "tools/guiview/layoutorder.h"
+#include "tools/guiview/declarations.h"
 
 #include <algorithm>
 #include <map>
@@ -11,11 +11,7 @@ namespace guiview {
 
 namespace {
 
-std::string Quoted(std::string_view text) {
-    return "'" + std::string(text) + "'";
-}
-
-/// The kinds that can do something, as in "Win, Frame or TWin".
+/// The words of the kinds for which this is true, as in "Win, Frame or TWin".
 std::string WordsOf(bool Kind::*ability) {
     std::vector<std::string_view> words;
     for (const Kind* kind : Kinds()) {
@@ -31,10 +27,10 @@ std::string WordsOf(bool Kind::*ability) {
     return text;
 }
 
-/// Follows one layout from its first statement to its last.
-class OrderCheck {
+/// Goes through one layout from its first statement to its last.
+class StatementFollower {
 public:
-    OrderCheck(const LayoutFile& file, Findings& list) : layout(file), findings(list) {}
+    StatementFollower(const LayoutFile& file, Findings& list) : layout(file), findings(list) {}
 
     Declarations Run() {
         for (std::size_t i = 0; i < layout.statements.size(); ++i) {
@@ -50,7 +46,7 @@ public:
     }
 
 private:
-    /// What is known of a tag, also when its statement cannot be built.
+    /// What is known about a tag, even if its widget cannot be built.
     struct Tag {
         int line;
         const Kind* kind;  ///< null when its kind is unknown
@@ -59,10 +55,10 @@ private:
     };
 
     struct TabWindowTags {
-        std::map<int, Place> used;            ///< tabs by number, with their first statement
-        std::map<int, Place> named;           ///< by NTAB
-        std::map<int, std::string> on;        ///< the first widget on a tab
-        std::vector<const Statement*> loose;  ///< widgets on none
+        std::map<int, Location> used;         ///< all tabs, with their first statement
+        std::map<int, Location> named;        ///< tabs that have an NTAB
+        std::map<int, std::string> on;        ///< the first widget on each tab
+        std::vector<const Statement*> loose;  ///< children that are on no tab
     };
 
     /// @return whether the toolkit can run the statement
@@ -73,7 +69,7 @@ private:
             return FollowCreation(statement);
         const std::string_view word = statement.rule->word;
         if (word == "CONF")
-            return FollowConfiguration();
+            return configured = true;
         if (word == "THEM")
             return FollowTheme(statement);
         if (word == "NTAB")
@@ -87,17 +83,12 @@ private:
         return false;
     }
 
-    bool FollowConfiguration() {
-        configured = true;
-        return true;
-    }
-
     bool FollowTheme(const Statement& statement) {
         const Word* const additional = statement.Find(kNone);
         if (additional != nullptr && additional->text != kNone) {
-            Error(*additional, "the word after THEM's theme is " + Quoted(additional->text)
-                                   + " and must be NULL");
-            // what follows is still measured in this theme
+            Error(*additional,
+                  "the word after the theme must be NULL, not " + Quoted(additional->text));
+            // the widgets that follow are still measured in this theme
             line = "THEM " + std::string(statement.Text("theme")) + " NULL";
         }
         return true;
@@ -116,13 +107,13 @@ private:
         }
         const int ancestors = owner == nullptr ? 0 : owner->ancestors + 1;
         if (ancestors > Layout::kMaxAncestors) {
-            Error(*tag, Quoted(tag->text) + " is nested deeper than "
+            Error(*tag, Quoted(tag->text) + " is inside of more than "
                             + std::to_string(Layout::kMaxAncestors) + " containers");
             usable = false;
         }
         usable = usable && statement.wellFormed && statement.inRange;
         if (*tag != kNone)
-            tags.try_emplace(tag->text, Tag{tag->place.line, statement.kind, usable, ancestors});
+            tags.try_emplace(tag->text, Tag{tag->location.line, statement.kind, usable, ancestors});
         if (statement.kind != nullptr)
             CheckOrder(statement, *tag);
         if (usable)
@@ -138,7 +129,7 @@ private:
         const auto earlier = tags.find(tag.text);
         if (earlier == tags.end())
             return true;
-        Error(tag, "the tag " + Quoted(tag.text) + " is taken by line "
+        Error(tag, "the tag " + Quoted(tag.text) + " is already used in line "
                        + std::to_string(earlier->second.line));
         return false;
     }
@@ -146,13 +137,13 @@ private:
     bool IsOurs(const Word& tag) {
         if (!tag.text.starts_with(Layout::kToolkitPrefix))
             return true;
-        Error(tag, "the tag " + Quoted(tag.text) + " belongs to the toolkit");
+        Error(tag, "the tag " + Quoted(tag.text) + " is reserved for the toolkit");
         return false;
     }
 
     const Tag* FindOwner(const Word& tag, const Word& parent) {
         if (parent.text == tag.text && !tags.contains(tag.text)) {
-            Error(parent, Quoted(tag.text) + " names itself as its parent");
+            Error(parent, Quoted(tag.text) + " is its own parent");
             return nullptr;
         }
         return FindTag(parent);
@@ -173,7 +164,7 @@ private:
         const std::string parentIs =
             "the parent " + Quoted(parent.text) + " is a " + std::string(owner.kind->word);
         if (!owner.kind->holdsChildren) {
-            Error(parent, parentIs + ", no " + WordsOf(&Kind::holdsChildren));
+            Error(parent, parentIs + ", not a " + WordsOf(&Kind::holdsChildren));
             return false;
         }
         const Word* const tab = statement.Find("tab");
@@ -191,12 +182,12 @@ private:
         if (statement.FindValid("tab") == nullptr)
             return false;
         const int number = statement.Whole("tab");
-        window.used.try_emplace(number, tab->place);
+        window.used.try_emplace(number, tab->location);
         window.on.try_emplace(number, statement.Text("tag"));
         return true;
     }
 
-    /// What depends on where in the file the widget stands.
+    /// Checks what depends on the widget's position in the file.
     void CheckOrder(const Statement& statement, const Word& tag) {
         if (statement.kind->text != TextGround::None && !configured)
             beforeConfiguration.push_back(tag);
@@ -204,7 +195,7 @@ private:
             return;
         Error(tag, statement.kind->holdsChildren
                        ? Quoted(tag.text) + " comes after SOLID and is never put in its place"
-                       : Quoted(tag.text) + " comes after SOLID: nothing makes room for it");
+                       : Quoted(tag.text) + " comes after SOLID: its parent makes no room for it");
     }
 
     void Declare(const Statement& statement, const Word& tag) {
@@ -213,20 +204,28 @@ private:
         if (statement.Find("tab") != nullptr)
             widget.tab = statement.Whole("tab");
         if (tag == kNone) {
-            widget.handle = "NULL#" + std::to_string(tag.place.line);
-            line.replace(static_cast<std::size_t>(tag.place.column) - 1, kNone.size(),
+            widget.handle = "NULL#" + std::to_string(tag.location.line);
+            line.replace(static_cast<std::size_t>(tag.location.column) - 1, kNone.size(),
                          widget.handle);
         }
         result.widgets.push_back(std::move(widget));
     }
 
-    bool FollowTab(const Statement& statement) {
+    /// The widget that the statement is for. Null, which may be reported, if it is for none or of
+    /// an unknown kind.
+    const Tag* FindTarget(const Statement& statement) {
         const Word* const tag = statement.Find("tag");
         if (tag == nullptr || *tag == kNone)
+            return nullptr;
+        const Tag* const target = FindTag(*tag);
+        return target != nullptr && target->kind != nullptr ? target : nullptr;
+    }
+
+    bool FollowTab(const Statement& statement) {
+        const Tag* const owner = FindTarget(statement);
+        if (owner == nullptr)
             return false;
-        const Tag* const owner = FindTag(*tag);
-        if (owner == nullptr || owner->kind == nullptr)
-            return false;
+        const Word* const tag = statement.Find("tag");
         if (!owner->kind->hasTabs) {
             Error(*tag, Quoted(tag->text) + " is a " + std::string(owner->kind->word)
                             + " and has no tabs");
@@ -238,40 +237,38 @@ private:
         const int number = statement.Whole("tab");
         TabWindowTags& window = tabWindows[tag->text];
         if (const auto held = window.on.find(number); held != window.on.end()) {
-            Error(*tab, "NTAB empties tab " + tab->text + " of " + Quoted(tag->text)
-                            + ", which holds " + Quoted(held->second) + ": it belongs before TADD");
+            Error(*tab, "NTAB removes " + Quoted(held->second) + " from tab " + tab->text + " of "
+                            + Quoted(tag->text) + ": it must come before TADD");
         } else if (window.named.contains(number)) {
             Error(*tab, "tab " + tab->text + " of " + Quoted(tag->text)
-                            + " has its title from line "
+                            + " already has a title from line "
                             + std::to_string(window.named[number].line));
         }
         if (solidified)
-            Error(statement.word, "NTAB comes after SOLID: the tabs are put in the wrong place");
+            Error(statement.word, "NTAB comes after SOLID: the tabs are in the wrong place");
         if (!configured)
             beforeConfiguration.push_back(*tag);
-        window.used.try_emplace(number, tab->place);
-        window.named.try_emplace(number, tab->place);
+        window.used.try_emplace(number, tab->location);
+        window.named.try_emplace(number, tab->location);
         return owner->built;
     }
 
     bool FollowItem(const Statement& statement) {
-        const Word* const tag = statement.Find("tag");
-        if (tag == nullptr || *tag == kNone)
+        const Tag* const owner = FindTarget(statement);
+        if (owner == nullptr)
             return false;
-        const Tag* const owner = FindTag(*tag);
-        if (owner == nullptr || owner->kind == nullptr)
-            return false;
+        const Word& tag = *statement.Find("tag");
         if (!owner->kind->takesItems) {
-            findings.Warn(layout.path, tag->place,
-                          Quoted(tag->text) + " is a " + std::string(owner->kind->word)
-                              + ": only a " + WordsOf(&Kind::takesItems) + " shows items");
+            findings.Warn(layout.path, tag.location,
+                          Quoted(tag.text) + " is a " + std::string(owner->kind->word) + ": only a "
+                              + WordsOf(&Kind::takesItems) + " shows items");
         }
         return owner->built;
     }
 
     bool FollowSolid(const Statement& statement) {
         if (solidified) {
-            Error(statement.word, "SOLID a second time moves what is in its place already");
+            Error(statement.word, "a second SOLID moves widgets that are already in their place");
             return false;
         }
         solidified = true;
@@ -279,30 +276,29 @@ private:
     }
 
     bool FollowCentre(const Statement& statement) {
-        const Word* const tag = statement.Find("tag");
-        if (tag == nullptr || *tag == kNone)
+        const Tag* const widget = FindTarget(statement);
+        if (widget == nullptr)
             return false;
-        const Tag* const widget = FindTag(*tag);
-        if (widget == nullptr || widget->kind == nullptr)
-            return false;
+        const Word& tag = *statement.Find("tag");
         if (!solidified && widget->kind->holdsChildren) {
-            findings.Warn(layout.path, tag->place,
-                          Quoted(tag->text) + " has no size before SOLID and is not centred");
+            findings.Warn(layout.path, tag.location,
+                          Quoted(tag.text) + " has no size before SOLID and is not centred");
         }
         return widget->built;
     }
 
     void CheckConfiguration() {
         if (!configured && !beforeConfiguration.empty()) {
-            Error(beforeConfiguration.front(), "there is no CONF to name the font of "
-                                                   + Quoted(beforeConfiguration.front().text));
+            const Word& first = beforeConfiguration.front();
+            Error(first,
+                  Quoted(first.text) + " shows text, but there is no CONF, which loads the font");
             return;
         }
         for (const Word& tag : beforeConfiguration) {
             Error(tag,
                   Quoted(tag.text) + " shows text and comes before CONF, which loads the font");
             for (Declared& widget : result.widgets)
-                widget.misplaced = widget.misplaced || widget.Where().line == tag.place.line;
+                widget.misplaced = widget.misplaced || widget.Where().line == tag.location.line;
         }
     }
 
@@ -315,32 +311,32 @@ private:
             }
         }
         int expected = 0;
-        for (const auto& [number, place] : window.used) {
+        for (const auto& [number, location] : window.used) {
             if (number != expected) {
-                findings.Error(layout.path, place,
-                               "tab " + std::to_string(expected) + " of " + Quoted(tag)
-                                   + " is missing before tab " + std::to_string(number));
+                findings.Error(layout.path, location,
+                               Quoted(tag) + " has a tab " + std::to_string(number) + " but no tab "
+                                   + std::to_string(expected));
             }
             if (!window.named.contains(number)) {
-                findings.Error(layout.path, place,
+                findings.Error(layout.path, location,
                                "tab " + std::to_string(number) + " of " + Quoted(tag)
-                                   + " has no NTAB, so nobody can open it");
+                                   + " has no NTAB and cannot be opened");
             }
             expected = number + 1;
         }
     }
 
     void Error(const Word& word, std::string message) {
-        findings.Error(layout.path, word.place, std::move(message));
+        findings.Error(layout.path, word.location, std::move(message));
     }
 
-    /// Longer lines are reported; what the toolkit makes of their end is not asked.
+    /// Longer lines are reported anyway; the toolkit gets only their beginning.
     static constexpr std::size_t kMaxKept = 9000;
 
     const LayoutFile& layout;
     Findings& findings;
     Declarations result;
-    std::string line;  // as the toolkit gets it
+    std::string line;  // what the toolkit gets of the statement
     std::map<std::string, Tag, std::less<>> tags;
     std::map<std::string, TabWindowTags, std::less<>> tabWindows;
     std::vector<Word> beforeConfiguration;
@@ -350,8 +346,8 @@ private:
 
 }  // namespace
 
-Declarations FollowOrder(const LayoutFile& layout, Findings& findings) {
-    return OrderCheck(layout, findings).Run();
+Declarations FollowStatements(const LayoutFile& layout, Findings& findings) {
+    return StatementFollower(layout, findings).Run();
 }
 
 }  // namespace guiview
