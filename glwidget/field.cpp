@@ -6,6 +6,8 @@
 #include <sstream>
 
 std::string Field::Range() const {
+    if (type == FieldType::Flag)
+        return "0 or 1";
     std::ostringstream range;
     if (lowest == kAboveZero) {
         range << "above 0";

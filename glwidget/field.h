@@ -30,7 +30,8 @@ struct Field {
 
     bool IsNumber() const { return type == FieldType::Number || type == FieldType::Whole; }
     bool Allows(float number) const { return number >= lowest && number <= highest; }
-    /// In words: "1 to 1000", "0 or more", "above 0"; empty where every number is allowed.
+    /// In words: "1 to 1000", "0 or more", "above 0", "0 or 1" for a flag; empty for a word, a
+    /// text, and a number without limits.
     std::string Range() const;
 };
 

@@ -46,6 +46,10 @@ TEST(Field, RangeMayBeOpenAtOneEnd) {
     EXPECT_EQ((Field{FieldType::Number, "a", -Field::kUnlimited, 1.0f}).Range(), "1 or less");
 }
 
+TEST(Field, FlagIsZeroOrOne) {
+    EXPECT_EQ((Field{FieldType::Flag, "a"}).Range(), "0 or 1");
+}
+
 /// A kind of the tests' own: a widget that shows nothing, with a field of each type of number.
 constexpr Field kPlainFields[] = {
     {FieldType::Whole, "count"}, {FieldType::Number, "share"}, {FieldType::Flag, "loud"}};

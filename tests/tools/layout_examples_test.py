@@ -81,20 +81,21 @@ class LayoutDocument(unittest.TestCase):
         self.assertEqual(sorted(shown), sorted(example.name for example in self.examples))
         self.assertEqual(sorted(shown), sorted(path.stem for path in PICTURES.iterdir()))
 
-    def test_every_statement_and_kind_has_a_section_and_an_example(self):
-        statements = (ROOT / "glwidget/layout.cpp").read_text()
-        words = re.findall(r'\{"([A-Z]{4,})", ', statements)
-        table = (ROOT / "glwidget/kinds.cpp").read_text()
-        kinds = set(re.findall(r'\.word = "(\w+)"', table))
-        self.assertEqual((len(words), len(kinds)), (11, 10))
+    def section(self, name):
+        return re.search(rf"^## {name}\n(.*?)^## ", self.document, re.M | re.S)[1]
+
+    def test_every_statement_and_kind_is_in_an_example(self):
+        # layout_tables_test compares the sections with the toolkit.
+        words, kinds = (re.findall(r"^### `(\w+)`$", self.section(name), re.M)
+                        for name in ("Statements", "Kinds of widgets"))
+        self.assertGreaterEqual(len(words), 11)
+        self.assertGreaterEqual(len(kinds), 10)
         lines = [line.split() for example in self.examples
                  for line in example.layout.splitlines() if line.strip()]
         for word in words:
-            self.assertIn(f"### `{word}`\n", self.document)
             if word != "CHLD":
                 self.assertIn(word, {line[0] for line in lines}, "in no example")
         for kind in kinds:
-            self.assertIn(f"### `{kind}`\n", self.document)
             self.assertTrue(any(kind in line[1:3] for line in lines), f"{kind} is in no example")
 
     def test_every_line_of_a_theme_has_a_section(self):

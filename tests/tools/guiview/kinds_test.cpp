@@ -7,12 +7,6 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <iterator>
-#include <set>
-#include <sstream>
-
-#include "glwidget/layout.h"
 #include "tests/support/kind_samples.h"
 #include "tests/tools/guiview/layout_test.h"
 #include "tools/guiview/layoutformat.h"
@@ -135,68 +129,6 @@ TEST_F(EveryKindTest, MissingPictureOfTheBuiltInThemeMattersToKindsThatDrawIt) {
         } else {
             EXPECT_THAT(found, Not(reported)) << NameOf(*kind);
         }
-    }
-}
-
-/// A file of the tree, whose root the tests run in.
-std::string ReadFile(const std::string& path) {
-    std::ifstream file(path);
-    EXPECT_TRUE(file.is_open()) << path;
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string FieldNames(const Kind& kind) {
-    std::string names(kind.form);
-    for (const Field& field : kind.fields)
-        names += (names.empty() ? "" : " ") + std::string(field.name);
-    return names.empty() ? "no fields" : "`" + names + "`";
-}
-
-TEST(KindsInTheManual, EachHasASectionWithItsFieldsBelowTheTitle) {
-    const std::string manual = ReadFile("docs/LAYOUT.md");
-    for (const Kind* kind : Kinds()) {
-        if (!kind->form.empty())
-            continue;
-        std::string expected = "\n### `" + std::string(kind->word) + "`\n\n" + FieldNames(*kind);
-        for (const Kind* other : Kinds()) {
-            if (other->word == kind->word && !other->form.empty())
-                expected += ", or " + FieldNames(*other);
-        }
-        EXPECT_THAT(manual, HasSubstr(expected + "\n")) << NameOf(*kind);
-    }
-}
-
-TEST(KindsInTheManual, EachSectionOfTheChapterIsAKind) {
-    const std::string manual = ReadFile("docs/LAYOUT.md");
-    const std::size_t begin = manual.find("\n## Kinds of widgets\n");
-    ASSERT_NE(begin, std::string::npos);
-    std::istringstream chapter(manual.substr(begin, manual.find("\n## Themes\n") - begin));
-    std::size_t sections = 0;
-    for (std::string line; std::getline(chapter, line);) {
-        if (!line.starts_with("### `"))
-            continue;
-        const std::string word = line.substr(5, line.rfind('`') - 5);
-        EXPECT_NE(FindKind(word), nullptr) << word;
-        ++sections;
-    }
-    std::set<std::string_view> words;
-    for (const Kind* kind : Kinds())
-        words.insert(kind->word);
-    EXPECT_EQ(sections, words.size());
-}
-
-TEST(FuzzDictionary, HasTheWordOfEachStatementAndEachKind) {
-    const std::string dictionary = ReadFile("fuzz/layout.dict");
-    const auto has = [&](std::string_view word) {
-        const std::string quoted = "\"" + std::string(word);
-        return dictionary.find(quoted + " \"\n") != std::string::npos
-               || dictionary.find(quoted + "\\x0a\"\n") != std::string::npos;
-    };
-    for (const Layout::Statement& statement : Layout::Statements())
-        EXPECT_TRUE(has(statement.word)) << statement.word;
-    for (const Kind* kind : Kinds()) {
-        EXPECT_TRUE(has(kind->word)) << kind->word;
-        EXPECT_TRUE(kind->form.empty() || has(kind->form)) << kind->form;
     }
 }
 
