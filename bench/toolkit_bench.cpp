@@ -98,7 +98,7 @@ void BM_WordWrap(benchmark::State& state) {
 }
 BENCHMARK(BM_WordWrap);
 
-/// The same breaks, found by measuring the whole line again for every character.
+/// The line breaks that Label finds, found by measuring the whole line again per character.
 void BM_WordWrapByMeasuringEachLineAgain(benchmark::State& state) {
     StartToolkit();
     const Theme theme;

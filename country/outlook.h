@@ -45,7 +45,8 @@ struct HerdOutlook : Outlook {
     float part;   ///< heads that the butchers raise in the week, as a fraction of the herd
     float limit;  ///< a larger part than this loses the herd: a third
 
-    /// Appends the trend and how near the butchers are to the limit, in one sentence.
+    /// Appends one sentence: how the herd will change, and how near the butchers are to the part
+    /// of it that loses the herd.
     void WriteTo(std::string& text) const;
 };
 

@@ -27,7 +27,8 @@ enum class FoodState { StarvingFast, StarvingSlowly, Hungry, Content, WellFed, G
 /// The line that the people write in that state; empty if they are content.
 std::string_view MessageOf(FoodState state);
 
-/// Counted from the day when the country is made. No rule reads it.
+/// Numbers of disasters since the country was made, for the chronicle: no rule of the country
+/// reads them.
 struct DisasterCount {
     int famines = 0;  ///< begun so far; one that begins during another counts too
     int plagues = 0;  ///< as famines

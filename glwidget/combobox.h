@@ -48,7 +48,8 @@ private:
     void DrawList() const;
     /// Removes the line between box and list where the first row's text is.
     void ClearFirstRow() const;
-    /// Draws the box's or the list's panel; `bottom` as in DrawItem.
+    /// Draws the panel of the closed box or of the open list.
+    /// @param bottom  its lower edge, measured from the lower edge of the closed box
     void DrawPanel(float bottom, float height) const;
     void DrawMark() const;
     float ItemLeft() const;

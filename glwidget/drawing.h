@@ -45,8 +45,8 @@ void DrawOutline(float width, float height, float cut);
 /// @param rect    texture coordinates (s1, t1, s2, t2)
 void DrawSheetQuad(const Vector& corner, float side, const Vector& rect);
 
-// The font takes a printf format; these take a widget's text, in which "%%" and a single "%" are
-// both drawn as "%". Both set the size of the shared font from the theme first.
+// Font::Print takes a printf format. The two functions below take the text of a widget instead, in
+// which "%%" and a single "%" are both drawn as "%". They set the size of the shared font first.
 
 /// Width of the widest line.
 float MeasureText(const Theme& theme, const std::string& text);

@@ -59,7 +59,7 @@ public:
     virtual bool MouseMove(const Vector& screen);
     /// Takes the keys that were pressed in this update.
     virtual bool TextKeyPress(const KeyFlags& keys);
-    /// The same in the parent's GUI units.
+    /// @param x, y  in GUI units of the parent
     virtual bool MouseMove(float x, float y);
     /// Lets highlight and flash grow or fade for that time.
     virtual bool Update(int milliseconds);
@@ -150,7 +150,7 @@ public:
     /// Reads the toolkit configuration: font, sheet rectangles, fade rate. A value that is
     /// missing or malformed stays as it was.
     static bool Init(const std::string& path);
-    /// The same from a stream.
+    /// Reads the toolkit configuration from a stream.
     static bool Init(std::istream& file);
     /// Builds the widgets of a layout file.
     static bool StartGUI(const std::string& path);

@@ -20,6 +20,6 @@
 [[nodiscard]] int Inflate(std::uint8_t* output, std::uint32_t capacity, std::uint32_t* outputCount,
                           const std::uint8_t* input, std::uint32_t inputLength);
 
-/// The same for an output that is known to be large enough, or that is null.
+/// Decodes into an output that is known to be large enough. If it is null, bytes are only counted.
 [[nodiscard]] int Inflate(std::uint8_t* output, std::uint32_t* outputCount,
                           const std::uint8_t* input, std::uint32_t inputLength);

@@ -47,7 +47,7 @@ public:
     /// null. An unknown event type fails an assertion.
     /// @return false as soon as a catcher returned false: the others do not receive it
     bool SendEvent(const Pointer<EventCatcher>& sender, const Event& ev);
-    /// The same for one child, if it subscribed to the event's channels.
+    /// Delivers a copy of the event to one child, if it subscribed to the event's channels.
     bool SendEventTo(const Pointer<EventCatcher>& target, const Event& ev);
     /// Delivers to all except `who` if `broadcast` is set, else to `who` alone.
     bool PropogateEvent(const Pointer<EventCatcher>& who, const Event& ev, bool broadcast);

@@ -17,7 +17,7 @@ public:
     /// Copies all four components and returns a copy of the result.
     Vector Assign(float newX, float newY, float newZ, float newW);
 
-    /// Sums of x, y and z with this w.
+    /// Add or subtract x, y and z; w is that of the left operand.
     Vector operator+(const Vector& v) const;
     Vector operator-(const Vector& v) const;
     Vector operator+=(const Vector& v);

@@ -92,7 +92,7 @@ class Documents(unittest.TestCase):
                 for block in documents.blocks(document):
                     self.assertIn(block.kind, KINDS, f"line {block.line}")
 
-    def test_every_exception_is_a_command_of_the_documents(self):
+    def test_commands_with_special_treatment_are_in_the_documents(self):
         written = {command.text for command in documents.commands()}
         self.assertEqual((REPLACEMENTS.keys() | TESTED_BELOW | SLOW) - written, set())
 

@@ -127,7 +127,7 @@ TEST_F(PlayingTest, FullSaleDoublesTheFundsAndTheNextTickCancelsTheDebtOfGoods) 
     EXPECT_EQ(country.grain.amount, 0.0f);
 }
 
-TEST_F(PlayingTest, PeopleDoNotStarveFastWithOneUnitInStore) {
+TEST_F(PlayingTest, PeopleStarveFastOnlyIfAStoreIsEmpty) {
     country.grain.amount = 1.0f;
     testing::internal::CaptureStdout();
     country.SetMessageStream(&std::cout);

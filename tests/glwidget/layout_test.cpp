@@ -547,7 +547,7 @@ std::string Pick(const char* const (&words)[count]) {
     return words[static_cast<std::size_t>(std::rand()) % count] + std::string(" ");
 }
 
-TEST_F(LayoutTest, MegabyteOfRandomStatementsIsRead) {
+TEST_F(LayoutTest, MegabyteOfRandomStatementsIsReadWithoutACrash) {
     static constexpr const char* kKinds[] = {"Win",  "Frame", "TWin",  "Check", "Opt",   "Combo",
                                              "Butt", "Slide", "Label", "Text",  "Gadget"};
     static constexpr const char* kTags[] = {"a", "b", "c", "d", "e", "NULL", "__atab0x"};

@@ -360,7 +360,7 @@ TEST_F(TextboxTest, LineThatGetsTooLongIsBrokenAtTheCaret) {
     EXPECT_EQ(box.GetText(), "123456789a\nb");
 }
 
-TEST_F(TextboxTest, LineIsBrokenBeforeTheCharactersOfTheSameUpdate) {
+TEST_F(TextboxTest, FullLineIsBrokenByTheNextUpdateEvenWithoutAKey) {
     typist.Type("1234567890");
     box.TextKeyPress(Keys({}));
     EXPECT_EQ(box.GetText(), "1234567890\n");

@@ -227,7 +227,7 @@ TEST(InflateTest, ZerosPastTheEndOfTheirSetAreDroppedAndTheDistancesStartAfresh)
     EXPECT_FALSE(InflateWithZlib(out.Written(), kRoom).complete) << "the lengths are too many";
 }
 
-TEST(InflateTest, RepeatsPastTheEndOfTheirSetAreDroppedAndTheDistancesStartAfresh) {
+TEST(InflateTest, RepeatedLengthsBeyondTheLiteralTableAreDroppedAndNotUsedForDistances) {
     constexpr LengthEntry kOverlong[] = {{18, 86}, {3}, {3},     {18, 127}, {18, 8},
                                          {3},      {3}, {16, 3}, {1},       {1}};
     BitWriter out;

@@ -45,7 +45,7 @@ TextureData ImageOf(int width, int height, const Values& values) {
     return image;
 }
 
-/// One channel's values, with 0.25, 0.5 and 1 in the others.
+/// An image with these values of red; all its pixels have green 0.25, blue 0.5 and opacity 1.
 TextureData RedImage(int width, int height, const Values& red) {
     Values values;
     for (const float value : red)

@@ -84,7 +84,7 @@ Row TakeApart(const Statement& statement, std::string_view line, std::size_t num
     return row;
 }
 
-/// The same for all statements that share columns.
+/// Equal for all statements that are aligned with each other.
 std::string_view GroupOf(const Statement& statement) {
     return statement.rule->creates ? std::string_view("CADD") : statement.rule->word;
 }

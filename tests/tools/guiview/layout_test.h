@@ -52,7 +52,7 @@ protected:
         return Shortened(Check(layout, forGame, texts).AsText());
     }
 
-    /// The same for a layout after a first line that loads the configuration.
+    /// What is printed about a layout that begins with the lines that load the configuration.
     std::string FoundWithFont(const std::string& layout) const {
         return Found(kFirstLines + layout);
     }
