@@ -59,7 +59,7 @@ public:
         Event event;
         Date date;
         std::int64_t second;  ///< game seconds since the chronicle began
-        /// The numbers of the sentence, in its order, not rounded.
+        /// The numbers in the sentence of the entry, in the order of the sentence, not rounded.
         std::array<double, 2> numbers;
 
         /// Whether the event is bad for the country.

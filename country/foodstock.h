@@ -26,7 +26,7 @@ public:
     /// @param people  person-weeks eaten; the stock never goes below 0 this way
     void Consume(float people);
 
-    /// True at exactly 0: with a single unit in store the people do not starve fast.
+    /// Only at exactly 0: people with a single unit in store do not starve fast.
     bool IsEmpty() const { return amount == 0.0f; }
     bool IsStarving() const { return ration <= starvingRation; }
     bool IsHungry() const { return ration <= hungryRation; }

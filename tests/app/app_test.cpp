@@ -658,7 +658,7 @@ TEST_F(AppTest, RefusedPurchaseShowsAMessageBoxAndKeepsTheOrder) {
     EXPECT_EQ(GLWidget::msgboxResult, 1u);
 }
 
-TEST_F(AppTest, SaleIsPaidInFullAndClearsTheOrder) {
+TEST_F(AppTest, SellPaysTheWholeOrderAndSetsItsSliderToZero) {
     StartGame();
     app->Update(0);
     const float funds = Player().funds;

@@ -279,7 +279,7 @@ TEST_F(PopulationTest, WorstStateThatFitsIsUsed) {
               "the people are starving fast!\n");
 }
 
-TEST_F(PopulationTest, OneStockIsEnoughForAState) {
+TEST_F(PopulationTest, RationOfOneFoodIsEnoughToChangeWhatThePeopleSay) {
     const auto messageFor = [](float livestockPart, float grainPart) {
         Population other(38685);
         std::ostringstream message;
@@ -368,7 +368,7 @@ TEST_F(PopulationTest, RebellionBeginsIfTheRollIsMoreThanTenTimesTheMorale) {
     }
 }
 
-TEST_F(PopulationTest, MoraleOfATenthMakesNoRollForARebellion) {
+TEST_F(PopulationTest, MoraleOfOneTenthNeedsNoRandomNumberForARebellion) {
     EndGrace();
     people.morale = 0.1f;
     ExpectRolls(2, [&] { people.Process(300.0f); });
@@ -442,7 +442,7 @@ TEST_F(PopulationTest, CrimeCloseToJusticeRaisesMorale) {
     EXPECT_EQ(people.morale, expected);
 }
 
-TEST_F(PopulationTest, CrimeCloseToJusticeRaisesNoMoraleInARebellion) {
+TEST_F(PopulationTest, MoraleDoesNotRiseInARebellionWhenJusticeFitsCrime) {
     people.justice.justiceLevel = 0.6f;
     StartRebellion();
     ExpectRolls(2, [&] { people.Process(300.0f); });

@@ -325,7 +325,7 @@ TEST_P(ChangingTreeEventTest, ChildMayDestroyItsWindowWhenTheWindowIsCalledDirec
 INSTANTIATE_TEST_SUITE_P(Events, ChangingTreeEventTest, testing::ValuesIn(kEventKinds),
                          [](const auto& kind) { return std::string(kind.param.name); });
 
-TEST_F(ChangingTreeTest, OptionsAreToldOfNoOptionThatDestroyedItself) {
+TEST_F(ChangingTreeTest, OptionThatDestroysItselfOnAClickClearsNoOtherOption) {
     GLWindow* const window = MakeWindow("window");
     auto* const chosen = Make<PlainWidget>("chosen", window);
     auto* const self = Make<Handler>("self", window);

@@ -171,7 +171,7 @@ TEST_F(DrawnCheckboxTest, BrightensWithTheHighlight) {
     EXPECT_EQ(At(0.2f, 0.2f), (Colour{255, 0, 0}));
 }
 
-TEST_F(DrawnCheckboxTest, TickCoversTheBoxOnceItsFlashIsOver) {
+TEST_F(DrawnCheckboxTest, TickIsOpaqueAfterItsFlash) {
     Opened<Checkbox> check("c", nullptr, Vector(0.0f, 0.0f), theme, "");
     check.active = true;
     Draw(check);

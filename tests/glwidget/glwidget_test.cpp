@@ -586,7 +586,7 @@ protected:
     std::vector<GLWidget*> order;
 };
 
-TEST_F(RenderWidgetsTest, EveryTopLevelWidgetIsDrawnInOrderWhileTheFlagIsSet) {
+TEST_F(RenderWidgetsTest, EveryTopLevelWidgetIsDrawnInOrderWithRenderingSet) {
     Witness* const first = MakeWitness("first");
     Witness* const second = MakeWitness("second");
     EXPECT_TRUE(GLWidget::RenderWidgets());

@@ -297,7 +297,7 @@ TEST_F(DrawnSliderTest, KnobStandsAtItsLevelOnAHorizontalTrack) {
     EXPECT_EQ(At(0.25f, -0.06f), kBlack);
 }
 
-TEST_F(DrawnSliderTest, KnobOfAVerticalTrackIsTurnedOverToItsLeft) {
+TEST_F(DrawnSliderTest, KnobOfAVerticalTrackIsDrawnToTheLeftOfTheTrack) {
     Opened<Slider> slider("slide", nullptr, kOrigin, theme, Vector(0.0f, 1.0f));
     slider.SetLevel(0.75f);
     Draw(slider);

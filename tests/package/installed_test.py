@@ -42,7 +42,7 @@ class InstalledPackage(unittest.TestCase):
         for path in (self.home, self.elsewhere):
             path.mkdir()
         # An empty Debian with the list of packages of this machine, so that dpkg finds what the
-        # package depends on. The game uses the libraries of this machine, and by a link its fonts.
+        # package depends on. The game uses the libraries of this machine and, through a link, its fonts.
         records = self.root / "var/lib/dpkg"
         for name in ("info", "updates", "triggers"):
             (records / name).mkdir(parents=True)

@@ -44,7 +44,7 @@ void Charge(Canvas& canvas, const Vector& colour, Distance distance) {
 
 /// A knight's shield: straight at the top, with round sides that meet in a point below.
 float Shield(Point p, Point top, float halfWidth, float height) {
-    // two discs whose common part is the lower half
+    // The lower half of the shield is the part that two discs have in common.
     const float straight = height * 0.4f;
     const float drop = height - straight;
     const float radius = (halfWidth * halfWidth + drop * drop) / (2.0f * halfWidth);
