@@ -151,6 +151,9 @@ bool App::Update(std::uint32_t milliseconds) {
     controls::TurnPage(page, world->newspaper.Stories().size());
     display.ShowPage(world->newspaper, page);
     display.ShowFigures(player);
+    display.ShowOutlook(player);
+    display.ShowGlance(player);
+    newsDisplay.Show(world->chronicle);
     ReportFrameRate();
 
     GLWidget::UpdateWidgets(static_cast<int>(milliseconds));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/display.h"
+#include "app/newsdisplay.h"
 #include "country/world.h"
 #include "quarn2/event.h"
 #include "quarn2/eventcatcher.h"
@@ -59,4 +60,5 @@ private:
     unsigned page = 0;
     unsigned weekPresses = 0;
     Display display;
+    NewsDisplay newsDisplay;
 };

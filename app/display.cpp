@@ -10,6 +10,7 @@
 #include "app/tags.h"
 #include "country/country.h"
 #include "country/newspaper.h"
+#include "country/outlook.h"
 #include "country/rates.h"
 #include "country/world.h"
 #include "glwidget/glwidget.h"
@@ -60,8 +61,14 @@ private:
 
 void Display::SetValue(std::string_view name, const char* format, double value, double multiplier) {
     TraceFrame frame("SetValue", "Display");
+    Format(format, value * multiplier);
+    labelTag = name;
+    labelTag += tag::kLabelSuffix;
+    SetText(labelTag, buffer);
+}
+
+void Display::Format(const char* format, double shown) {
     std::array<char, kLabelSize> text;
-    double shown = value * multiplier;
     std::snprintf(text.data(), text.size(), format, shown);
     if (std::signbit(shown)) {
         // A negative value that the format rounds to zero is shown as 0, not as -0.
@@ -70,10 +77,7 @@ void Display::SetValue(std::string_view name, const char* format, double value, 
         if (std::string_view(text.data()) == negativeZero.data())
             std::snprintf(text.data(), text.size(), format, 0.0);
     }
-    labelTag = name;
-    labelTag += tag::kLabelSuffix;
     buffer = text.data();
-    SetText(labelTag, buffer);
 }
 
 void Display::ShowProfessions(const Country& country) {
@@ -188,6 +192,40 @@ void Display::ShowFigures(const Country& country) {
     text.Flag(country.revolt) << "    Rebellion: ";
     text.Flag(country.rebellion);
     SetText(tag::kFigures, buffer);
+}
+
+void Display::ShowOutlook(const Country& country) {
+    TraceFrame frame("ShowOutlook", "Display");
+    if (GLWidget* const label = GLWidget::GetByTag(tag::kLivestockOutlook, false)) {
+        buffer = "Livestock ";
+        LivestockOutlook(country).WriteTo(buffer);
+        label->SetText(buffer);
+    }
+    if (GLWidget* const label = GLWidget::GetByTag(tag::kGrainOutlook, false)) {
+        buffer = "Grain ";
+        GrainOutlook(country).WriteTo(buffer);
+        label->SetText(buffer);
+    }
+}
+
+void Display::ShowGlance(const Country& country) {
+    TraceFrame frame("ShowGlance", "Display");
+    const auto show = [&](std::string_view label, const char* format, float value) {
+        if (GLWidget* const widget = GLWidget::GetByTag(label, false)) {
+            Format(format, static_cast<double>(value));
+            widget->SetText(buffer);
+        }
+    };
+    show(tag::kJusticeLabel, "Justice: %.2f", country.justice.justiceLevel);
+    show(tag::kCrime, "Crime: %.2f", country.justice.crimeLevel);
+    show(tag::kMorale, "Morale: %.2f", country.morale);
+    if (GLWidget* const widget = GLWidget::GetByTag(tag::kTotal, false)) {
+        TextWriter text(buffer);
+        text << "Total: ";
+        text.Rounded(country.population) << ", idle: ";
+        text.Rounded(country.IdleCount());
+        widget->SetText(buffer);
+    }
 }
 
 void Display::ShowFrameRate(long framesPerSecond) {

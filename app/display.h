@@ -31,10 +31,16 @@ public:
     void ShowDate(const Date& date);
     void ShowPage(const Newspaper& newspaper, unsigned page);
     void ShowFigures(const Country& country);
+    // Each of these labels is written only if the layout has it.
+    void ShowOutlook(const Country& country);
+    void ShowGlance(const Country& country);
     /// Does nothing if the layout has no label for it.
     void ShowFrameRate(long framesPerSecond);
 
 private:
+    /// Writes a value to `buffer`, in a printf format with one conversion.
+    void Format(const char* format, double shown);
+
     std::string continent;
     std::string buffer;
     std::string labelTag;

@@ -84,11 +84,34 @@ inline constexpr std::string_view kPaper = "paperlab";
 inline constexpr std::string_view kFigures = "debuginfo";  // optional
 inline constexpr std::string_view kFrameRate = "fps";      // optional
 
+// Labels of what happened and what will happen, all optional
+inline constexpr std::string_view kNews = "news";
+inline constexpr std::string_view kChronicle = "chronicle";
+/// The newest entries of the chronicle, in the room that the newspaper's story leaves.
+inline constexpr std::string_view kPaperNews = "papernews";
+inline constexpr std::string_view kLivestockOutlook = "livestockoutlook";
+inline constexpr std::string_view kGrainOutlook = "grainoutlook";
+inline constexpr std::string_view kJusticeLabel = "justiceslidelab";
+inline constexpr std::string_view kCrime = "crimelab";
+inline constexpr std::string_view kMorale = "moralelab";
+inline constexpr std::string_view kTotal = "totallab";
+
+// Pictures, of which one is shown: whether the news is bad. Optional
+inline constexpr std::string_view kAlarmPicture = "newsalarm";
+inline constexpr std::string_view kCalmPicture = "newscalm";
+
 /// The newspaper's window.
 inline constexpr std::string_view kNewspaper = "newspaper";
 
 /// The kind of widget that the game needs.
-enum class Role { Button, Slider, List, Label, Window };
+enum class Role {
+    Button,
+    Slider,
+    List,
+    Label,
+    Window,
+    Picture,  ///< a button that shows a picture, whose clicks the game does not read
+};
 
 /// A widget of the game.
 struct Widget {
@@ -127,6 +150,17 @@ inline constexpr Widget kOtherWidgets[] = {
     {kPaper, Role::Label},
     {kFigures, Role::Label, true},
     {kFrameRate, Role::Label, true},
+    {kNews, Role::Label, true},
+    {kChronicle, Role::Label, true},
+    {kPaperNews, Role::Label, true},
+    {kLivestockOutlook, Role::Label, true},
+    {kGrainOutlook, Role::Label, true},
+    {kJusticeLabel, Role::Label, true},
+    {kCrime, Role::Label, true},
+    {kMorale, Role::Label, true},
+    {kTotal, Role::Label, true},
+    {kAlarmPicture, Role::Picture, true},
+    {kCalmPicture, Role::Picture, true},
     {kPartner, Role::List},
     {kNewspaper, Role::Window},
 };

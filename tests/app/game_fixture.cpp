@@ -30,6 +30,8 @@ Statement StatementOf(tag::Role role) {
         return {"Combo", ""};
     case tag::Role::Window:
         return {"Win", "0 Paper"};
+    case tag::Role::Picture:
+        return {"Butt", "TEX 1 1"};
     case tag::Role::Label:
         break;
     }

@@ -9,6 +9,7 @@
 #include <iterator>
 
 #include "app/tags.h"
+#include "country/chronicle.h"
 #include "country/country.h"
 #include "country/fragments.h"
 #include "country/namegenerator.h"
@@ -23,6 +24,7 @@ namespace {
 std::string_view WordFor(tag::Role role) {
     switch (role) {
     case tag::Role::Button:
+    case tag::Role::Picture:
         return "Butt";
     case tag::Role::Slider:
         return "Slide";
@@ -102,6 +104,21 @@ std::string WidestStory() {
     return widest;
 }
 
+/// The widest sentence of the chronicle, with its date.
+std::string WidestEntry() {
+    constexpr double kLarge = 88888.0;
+    std::string widest;
+    for (std::size_t i = 0; i < Chronicle::kEventCount; ++i) {
+        const Chronicle::Entry entry{
+            static_cast<Chronicle::Event>(i), Date("1388/12/28"), 0, {kLarge, kLarge}};
+        std::string text = entry.date.DayText() + ": ";
+        entry.WriteTo(text);
+        if (WidthOf(text) > WidthOf(widest))
+            widest = text;
+    }
+    return widest;
+}
+
 std::string PopulationText() {
     std::string text = "Population Statistics: \nTotal: ";
     text += kNineDigits;
@@ -151,7 +168,7 @@ void CheckGameTags(const Declarations& declarations, const std::string& path, Fi
 bool GameAnswers(const Node& node) {
     return std::ranges::any_of(tag::kWidgets, [&](const tag::Widget& widget) {
         return widget.tag == node.Tag() && widget.role != tag::Role::Label
-               && widget.role != tag::Role::Window;
+               && widget.role != tag::Role::Window && widget.role != tag::Role::Picture;
     });
 }
 
@@ -177,6 +194,16 @@ SampleTexts LongestGameTexts() {
         {std::string(tag::kPaper), "Page 1\n" + WidestStory()},
         {std::string(tag::kFigures), kFigures},
         {std::string(tag::kFrameRate), "FPS: 8888"},
+        {std::string(tag::kNews), "ALARM  " + WidestEntry()},
+        {std::string(tag::kChronicle), WidestEntry()},
+        {std::string(tag::kPaperNews), WidestEntry()},
+        {std::string(tag::kLivestockOutlook),
+         "Livestock is lost if you press Week: butchers take 188.8%, the limit is 88.8%"},
+        {std::string(tag::kGrainOutlook), "Grain lasts less than a week"},
+        {std::string(tag::kJusticeLabel), "Justice: 0.88"},
+        {std::string(tag::kCrime), "Crime: 0.88"},
+        {std::string(tag::kMorale), "Morale: 0.88"},
+        {std::string(tag::kTotal), "Total: " + number + ", idle: " + number},
     };
     for (const tag::ProfessionTags& profession : tag::kProfessionTags) {
         texts.emplace_back(profession.label, std::string(profession.plural) + ": 100%");
