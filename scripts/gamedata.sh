@@ -65,6 +65,15 @@ lay_over() {
     done
 }
 
+# scale_window SCALE: tells sdl12-compat to draw everything SCALE times as large.
+scale_window() {
+    export SDL12COMPAT_WINDOW_SCALING=$1
+    # With a whole scale each pixel becomes a square. To mix the colours of neighbours, as
+    # sdl12-compat does otherwise, would only blur the letters.
+    [[ ! $1 =~ ^[0-9]+([.]0+)?$ ]] ||
+        export SDL12COMPAT_SCALE_METHOD=${SDL12COMPAT_SCALE_METHOD-nearest}
+}
+
 # The process of the game while it runs, and the signal that shall end it.
 game_process=
 end_signal=

@@ -3,6 +3,7 @@
 
 """The installed launcher. A shell script takes the place of the game."""
 
+import configparser
 import os
 import pty
 import re
@@ -41,6 +42,7 @@ class Launcher(unittest.TestCase):
         self.data = self.prefix / "share/games/merovinska"
         self.home = self.folder / "home"
         self.player_data = self.home / ".local/share/merovinska"
+        self.choices = self.home / ".config/merovinska/choices"
         self.runtime = self.folder / "runtime"
         for path in (self.home, self.runtime, self.folder / "commands"):
             path.mkdir()
@@ -233,6 +235,26 @@ class Launcher(unittest.TestCase):
         self.game_is('echo "$SDL12COMPAT_WINDOW_SCALING $LD_LIBRARY_PATH"')
         self.assertEqual(self.run_launcher("--scale", "1.5").stdout, "1.5 \n")
 
+    def test_whole_scale_is_drawn_with_sharp_edges(self):
+        self.sdl_is(SDL12_COMPAT)
+        self.game_is('echo "<$SDL12COMPAT_SCALE_METHOD>"')
+        for scale, method in (("2", "nearest"), ("3", "nearest"), ("2.0", "nearest"),
+                              ("1.5", ""), ("2.5", ""), ("1", "")):
+            with self.subTest(scale):
+                self.assertEqual(self.run_launcher("--scale", scale).stdout, f"<{method}>\n")
+
+    def test_scaling_method_of_the_player_is_kept(self):
+        self.sdl_is(SDL12_COMPAT)
+        self.game_is('echo "<$SDL12COMPAT_SCALE_METHOD>"')
+        self.environment["SDL12COMPAT_SCALE_METHOD"] = "linear"
+        self.assertEqual(self.run_launcher("--scale", "2").stdout, "<linear>\n")
+
+    def test_scale_of_1_needs_no_sdl12_compat(self):
+        self.game_is('echo "<$SDL12COMPAT_WINDOW_SCALING>"')
+        for scale in ("1", "1.0"):
+            result = self.run_launcher("--scale", scale)
+            self.assertEqual((result.stdout, result.stderr), ("<>\n", ""))
+
     def test_scale_uses_sdl12_compat_instead_of_sdl12(self):
         compat = self.sdl_is(SDL12) / "sdl12-compat"
         compat.mkdir()
@@ -256,6 +278,220 @@ class Launcher(unittest.TestCase):
             with self.subTest(scale):
                 self.assertFailure("--scale takes a number from 1 to below 10, such as 1.5, and "
                                    f'not "{scale}".', "--scale", scale)
+
+    # Choices that are kept
+
+    def say_choices(self):
+        """Makes the game say which set and scale it was started with."""
+        self.sdl_is(SDL12_COMPAT)
+        for name in ("loud", "quiet"):
+            self.write_set(self.data, name, {"name": name})
+        self.game_is('echo "$(cat name 2>/dev/null || echo none) '
+                     '${SDL12COMPAT_WINDOW_SCALING:-1}"')
+
+    def assertStartsWith(self, choices, *words, fault=None):
+        result = self.run_launcher(*words)
+        said = f"merovinska: {self.choices}: {fault}\n" if fault else ""
+        self.assertEqual((result.returncode, result.stdout, result.stderr),
+                         (0, f"{choices}\n", said))
+
+    def write_choices(self, text):
+        self.choices.parent.mkdir(parents=True, exist_ok=True)
+        self.choices.write_bytes(text if isinstance(text, bytes) else text.encode())
+
+    def test_last_set_and_scale_are_used_in_the_next_game(self):
+        self.say_choices()
+        self.assertStartsWith("quiet 1", "--set", "quiet")
+        self.assertStartsWith("quiet 1")
+        self.assertStartsWith("loud 1", "--set", "loud")
+        self.assertStartsWith("loud 2", "--scale", "2")
+        self.assertStartsWith("loud 2")
+        self.assertStartsWith("quiet 1.5", "--scale", "1.5", "--set", "quiet")
+        self.assertStartsWith("quiet 1.5")
+        self.assertEqual(self.choices.read_text(), "set=quiet\nscale=1.5\n")
+
+    def test_choices_can_be_taken_back(self):
+        self.say_choices()
+        self.assertStartsWith("quiet 2", "--set", "quiet", "--scale", "2")
+        self.assertStartsWith("none 2", "--set", "default")
+        self.assertStartsWith("none 2")
+        self.assertStartsWith("none 1", "--scale", "1")
+        self.assertStartsWith("none 1")
+        # Nothing is left of the file.
+        self.assertEqual([*(self.home / ".config").iterdir()], [])
+
+    def test_other_files_beside_the_choices_are_kept_when_they_are_taken_back(self):
+        self.say_choices()
+        self.write_choices("set=quiet\n")
+        (self.choices.parent / "other").touch()
+        self.assertStartsWith("none 1", "--set", "default")
+        self.assertEqual([*self.choices.parent.iterdir()], [self.choices.parent / "other"])
+
+    def test_choices_are_in_xdg_config_home(self):
+        self.say_choices()
+        self.environment["XDG_CONFIG_HOME"] = str(self.folder / "settings")
+        self.assertStartsWith("quiet 1", "--set", "quiet")
+        self.assertEqual((self.folder / "settings/merovinska/choices").read_text(), "set=quiet\n")
+        self.assertEqual((self.folder / "settings").stat().st_mode & 0o777, 0o700)
+        self.assertEqual([*self.home.iterdir()], [])
+        self.assertStartsWith("quiet 1")
+
+    def test_relative_path_in_xdg_config_home_is_ignored(self):
+        self.say_choices()
+        self.environment["XDG_CONFIG_HOME"] = "settings"
+        self.assertStartsWith("quiet 1", "--set", "quiet")
+        self.assertTrue(self.choices.exists())
+        self.assertFalse((self.folder / "settings").exists())
+
+    def test_nothing_is_written_if_no_choice_changes(self):
+        self.say_choices()
+        for words in ([], ["--set", "default"], ["--scale", "1"], ["--scale", "1.0"]):
+            self.assertStartsWith("none 1", *words)
+            self.assertEqual([*self.home.iterdir()], [])
+        text = "# mine\nscale=2\n\nset=quiet\n"
+        self.write_choices(text)
+        before = self.choices.stat()
+        for words in ([], ["--set", "quiet"], ["--scale", "2", "--set", "quiet"]):
+            self.assertStartsWith("quiet 2", *words)
+            after = self.choices.stat()
+            self.assertEqual((after.st_ino, after.st_mtime_ns), (before.st_ino, before.st_mtime_ns))
+        self.assertEqual(self.choices.read_text(), text)
+
+    def test_choices_are_not_kept_if_the_game_cannot_be_started_with_them(self):
+        self.sdl_is(SDL12)
+        self.run_launcher("--set", "large", "--scale", "2")
+        self.run_launcher("--set", "loud")
+        self.run_launcher("--set", "large", "--check-data")
+        del self.environment["DISPLAY"]
+        self.run_launcher("--set", "large")
+        self.assertEqual([*self.home.iterdir()], [])
+
+    def test_choices_are_neither_used_nor_changed_with_a_named_folder(self):
+        self.say_choices()
+        self.write_choices("set=quiet\nscale=2\n")
+        self.assertStartsWith("none 1", "--data", str(self.data))
+        self.assertStartsWith("loud 1.5", "--data", str(self.data), "--set", "loud",
+                              "--scale", "1.5")
+        self.assertEqual(self.choices.read_text(), "set=quiet\nscale=2\n")
+
+    def test_damaged_line_of_the_choices_is_named_and_the_game_starts(self):
+        self.say_choices()
+        for line, shown in (("sets=quiet", "sets=quiet"), ("set=", "set="), ("scale=0", "scale=0"),
+                            ("scale=large", "scale=large"), ("\x1b[31mred", "?[31mred"),
+                            ("scale=2; reboot", "scale=2; reboot"), ("x" * 50, "x" * 40 + "..."),
+                            (b"\xff\xfe", "??")):
+            with self.subTest(line):
+                line = line if isinstance(line, bytes) else line.encode()
+                self.write_choices(b"scale=3\n" + line + b"\nset=quiet\nand more\n")
+                self.assertStartsWith(
+                    "quiet 3", fault=f'line 2, "{shown}", is neither set=NAME nor scale=N.')
+
+    def test_path_in_the_choices_is_not_the_name_of_a_set(self):
+        self.say_choices()
+        (self.data / "name").write_text("none")
+        for name in ("..", ".", "../../sets/quiet", "/tmp", "quiet/../quiet"):
+            with self.subTest(name):
+                self.write_choices(f"set={name}\n")
+                self.assertStartsWith(
+                    "none 1", fault=f'line 1, "set={name}", is neither set=NAME nor scale=N.')
+
+    def test_kept_set_that_is_missing_is_named_and_the_game_starts(self):
+        self.say_choices()
+        self.write_choices("set=gone\nscale=2\n")
+        self.assertStartsWith("none 2",
+                              fault='there is no set "gone"; the game starts without a set.')
+        self.assertStartsWith("quiet 2", "--set", "quiet")
+
+    def test_kept_scale_without_sdl12_compat_is_named_and_the_game_starts(self):
+        self.say_choices()
+        self.sdl_is(SDL12)
+        self.write_choices("set=quiet\nscale=2\n")
+        self.assertStartsWith("quiet 1", fault="the scale 2 needs the package libsdl1.2-compat, "
+                                               "which is not installed.")
+        self.assertStartsWith("quiet 1", "--scale", "1")
+        self.assertEqual(self.choices.read_text(), "set=quiet\n")
+
+    def test_unreadable_choices_are_named_and_the_game_starts(self):
+        self.say_choices()
+        self.choices.parent.mkdir(parents=True)
+        fault = "cannot be read; the game starts without it."
+        makers = {"folder": self.choices.mkdir, "pipe": lambda: os.mkfifo(self.choices),
+                  "link": lambda: self.choices.symlink_to("nowhere")}
+        for name, make in makers.items():
+            with self.subTest(name):
+                make()
+                self.assertStartsWith("none 1", fault=fault)
+            self.choices.rmdir() if name == "folder" else self.choices.unlink()
+
+    def test_choice_repairs_a_damaged_file(self):
+        self.say_choices()
+        for word, text in (("quiet", "set=quiet\n"), ("default", None)):
+            self.write_choices("nonsense\n")
+            self.run_launcher("--set", word)
+            self.assertEqual(self.choices.read_text() if self.choices.exists() else None, text)
+
+    def test_long_file_of_choices_does_not_stop_the_game(self):
+        self.say_choices()
+        self.write_choices(b"set=quiet\n" + b"\0" * 10_000_000 + b"\nscale=2\n")
+        self.assertStartsWith("quiet 1")
+
+    def test_choices_that_cannot_be_written_are_named_and_the_game_starts(self):
+        self.say_choices()
+        fault = "cannot be written; the next game starts without this choice."
+        (self.home / ".config").touch()
+        self.assertStartsWith("quiet 2", "--set", "quiet", "--scale", "2", fault=fault)
+        (self.home / ".config").unlink()
+        # The file is replaced as a whole, so a folder of its name is the obstacle.
+        self.choices.mkdir(parents=True)
+        (self.choices / "inner").touch()
+        result = self.run_launcher("--set", "quiet")
+        self.assertEqual((result.returncode, result.stdout), (0, "quiet 1\n"))
+        self.assertEqual(result.stderr, f"merovinska: {self.choices}: cannot be read; the game "
+                                        f"starts without it.\nmerovinska: {self.choices}: {fault}\n")
+        self.assertEqual([*self.choices.parent.iterdir()], [self.choices])
+
+    def test_link_to_the_choices_stays_a_link(self):
+        self.say_choices()
+        kept = self.folder / "kept"
+        kept.write_text("set=quiet\n")
+        self.choices.parent.mkdir(parents=True)
+        self.choices.symlink_to(kept)
+        self.assertStartsWith("loud 1", "--set", "loud")
+        self.assertTrue(self.choices.is_symlink())
+        self.assertEqual(kept.read_text(), "set=loud\n")
+
+    # The menu entry
+
+    def menu_actions(self):
+        """The words that the menu entry and its actions start the launcher with, by their names."""
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.optionxform = str
+        entry.read(self.prefix / "share/applications/merovinska.desktop")
+        main = entry["Desktop Entry"]
+        listed = main["Actions"].strip(";").split(";")
+        self.assertEqual({f"Desktop Action {name}" for name in listed} | {"Desktop Entry"},
+                         set(entry.sections()))
+        sections = [main, *(entry[f"Desktop Action {name}"] for name in listed)]
+        actions = {section["Name"]: section["Exec"].split() for section in sections}
+        self.assertEqual({words[0] for words in actions.values()}, {"merovinska"})
+        return {name: words[1:] for name, words in actions.items()}
+
+    def test_actions_of_the_menu_entry_choose_for_the_next_games_too(self):
+        self.say_choices()
+        for name in ("large", "high-contrast"):
+            self.write_set(self.data, name, {"name": name})
+        actions = self.menu_actions()
+        for name, choices in (("Large letters", "large 1"), ("Twice as large", "large 2"),
+                              ("High contrast", "high-contrast 2"),
+                              ("Usual letters and size", "none 1")):
+            with self.subTest(name):
+                self.assertStartsWith(choices, *actions[name])
+                self.assertStartsWith(choices, *actions["Merovinska"])
+
+    def test_manual_page_explains_every_action_of_the_menu_entry(self):
+        manual = (ROOT / "packaging/merovinska.6").read_text()
+        for name in self.menu_actions():
+            self.assertIn(name, manual)
 
     # Options
 

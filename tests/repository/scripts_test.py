@@ -16,6 +16,8 @@ import time
 import unittest
 from pathlib import Path
 
+from PIL import Image
+
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 
@@ -484,14 +486,35 @@ class Scripts(unittest.TestCase):
         corner = run("convert", str(picture), "-crop", "380x280+810+610", "-format", "%k", "info:")
         self.assertGreater(int(corner.stdout), 16)
 
+    def test_whole_scale_draws_each_pixel_as_a_square(self):
+        self.prepare_play(BUILD / "merovinska")
+        file = self.root / "sharp.png"
+        for method, sharp in (("", True), ("linear", False)):
+            with self.subTest(method):
+                if method:
+                    self.environment["SDL12COMPAT_SCALE_METHOD"] = method
+                result = self.command("./play", "--scale", "2", "--screenshot", str(file),
+                                      "--seconds", "3")
+                self.assertEqual(result.returncode, 0, result.stderr)
+                with Image.open(file) as picture:
+                    drawn = picture.convert("RGB")
+                self.assertEqual(drawn.size, (1600, 1200))
+                self.assertGreater(len(set(drawn.getdata())), 100)
+                squares = drawn.resize((800, 600), Image.Resampling.NEAREST)
+                self.assertEqual(squares.resize(drawn.size, Image.Resampling.NEAREST).tobytes()
+                                 == drawn.tobytes(), sharp)
+
     def test_play_passes_the_scale_to_sdl12_compat_if_the_game_uses_it_already(self):
-        self.prepare_play('echo "$SDL12COMPAT_WINDOW_SCALING ${LD_LIBRARY_PATH:-none}"')
+        self.prepare_play('echo "$SDL12COMPAT_WINDOW_SCALING ${LD_LIBRARY_PATH:-none} '
+                          '${SDL12COMPAT_SCALE_METHOD:-usual}"')
         self.environment["DISPLAY"] = ":12345"
         self.environment.pop("LD_LIBRARY_PATH", None)
         library = self.root / "libSDL-1.2.so.0"
         library.write_text("SDL12COMPAT_WINDOW_SCALING")
         self.write_command("ldd", f"echo '\tlibSDL-1.2.so.0 => {library} (0x0)'")
-        self.assertEqual(self.command("./play", "--scale", "2").stdout, "2 none\n")
+        self.environment.pop("SDL12COMPAT_SCALE_METHOD", None)
+        self.assertEqual(self.command("./play", "--scale", "2").stdout, "2 none nearest\n")
+        self.assertEqual(self.command("./play", "--scale", "1.5").stdout, "1.5 none usual\n")
 
     def test_play_names_the_package_sdl12_compat_if_it_is_missing(self):
         self.prepare_play("echo started")
