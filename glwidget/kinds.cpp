@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "glwidget/button.h"
+#include "glwidget/chart.h"
 #include "glwidget/checkbox.h"
 #include "glwidget/combobox.h"
 #include "glwidget/frame.h"
@@ -75,6 +76,9 @@ constexpr Field kButton[] = {{Caption, "caption"}};
 constexpr Field kImage[] = {{Number, "width", Field::kAboveZero, kMax},
                             {Number, "height", Field::kAboveZero, kMax}};
 constexpr Field kTrack[] = {{Number, "width", 0.0f, kMax}, {Number, "height", 0.0f, kMax}};
+constexpr Field kChart[] = {{Number, "width", Field::kAboveZero, kMax},
+                            {Number, "height", Field::kAboveZero, kMax},
+                            {Text, "caption"}};
 constexpr Field kGrid[] = {{Whole, "columns", 1, Textbox::kMaxColumns},
                            {Whole, "rows", 1, Textbox::kMaxRows}};
 
@@ -168,6 +172,17 @@ constexpr Kind kKinds[] = {
      .make = [](const Creation& line) -> GLWidget* {
          return new Label(line.tag, line.parent, line.position, line.theme,
                           ReplaceEscapes(line.Text("text")));
+     }},
+    {.word = "Chart",
+     .type = "Chart",
+     .fields = kChart,
+     .text = TextGround::Fill,
+     .draws = {TextColour, LineColour, FillColour, Opacity, LineWidth, Corner, FontSize, Brightness,
+               Fade},
+     .seriesThemes = Chart::kSeriesThemes,
+     .make = [](const Creation& line) -> GLWidget* {
+         return new Chart(line.tag, line.parent, line.position, line.theme,
+                          line.Size("width", "height"), line.Text("caption"));
      }},
 };
 

@@ -102,6 +102,9 @@ struct Kind {
     /// The theme of the buttons that it makes for itself, null for none, and whose theme it is.
     const char* buttonTheme = nullptr;
     std::string_view buttonThemeOwner = {};
+    /// The themes of the lines that it draws: text and lines in their colours, on its own fill.
+    /// Their files may be missing.
+    std::span<const char* const> seriesThemes = {};
     GLWidget* (*make)(const Creation& creation) = nullptr;
 };
 

@@ -10,6 +10,7 @@
 #include <iostream>
 
 #include "glwidget/glwidget.h"
+#include "tools/guiview/examplechart.h"
 #include "tools/guiview/sourceline.h"
 
 namespace guiview {
@@ -74,6 +75,7 @@ void LayoutSource::Build() const {
     const ErrorStreamCapture silence;
     std::istringstream buildable(declarations.buildable);
     GLWidget::StartGUI(buildable, file.path);
+    FillEmptyCharts();
 }
 
 BuiltLayout::BuiltLayout(const LayoutSource& layout) : visit(layout.Folder()) {

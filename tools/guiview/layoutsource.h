@@ -65,7 +65,7 @@ public:
     LayoutSource& operator=(const LayoutSource&) = delete;
 
     /// Builds the widgets that have no errors in the toolkit. The current folder must be the
-    /// layout's. Messages of the toolkit are not shown.
+    /// layout's. Messages of the toolkit are not shown. Charts show an example.
     void Build() const;
 
     const LayoutFile& File() const { return file; }
