@@ -11,8 +11,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from driver import FAILURE_REPORTS, SIZE, Game, play_folder
-from package_test import package
+from driver import FAILURE_REPORTS, ROOT, SIZE, Game, play_folder
+from package_test import GAME, TOOLS, package
 
 
 class InstalledGame(Game):
@@ -42,14 +42,12 @@ class InstalledPackage(unittest.TestCase):
         for path in (self.home, self.elsewhere):
             path.mkdir()
         # An empty Debian with the list of packages of this machine, so that dpkg finds what the
-        # package depends on. The game uses the libraries of this machine and, through a link, its fonts.
+        # package depends on. The game uses the libraries of this machine.
         records = self.root / "var/lib/dpkg"
         for name in ("info", "updates", "triggers"):
             (records / name).mkdir(parents=True)
         shutil.copy("/var/lib/dpkg/status", records)
-        fonts = self.root / "usr/share/fonts"
-        fonts.parent.mkdir(parents=True)
-        fonts.symlink_to("/usr/share/fonts")
+        (self.root / "usr/share").mkdir(parents=True)
 
     def dpkg(self, *words):
         result = subprocess.run(["dpkg", f"--root={self.root}", "--force-not-root", *words],
@@ -71,7 +69,7 @@ class InstalledPackage(unittest.TestCase):
 
     def test_game_can_be_installed_played_and_removed_and_leaves_no_files(self):
         before = self.files()
-        self.dpkg("--install", str(package()))
+        self.dpkg("--install", str(package(GAME)), str(package(TOOLS)))
         self.assertIn("usr/games/merovinska", self.files())
         installed = self.files()
 
@@ -93,7 +91,8 @@ class InstalledPackage(unittest.TestCase):
         self.assertEqual([*self.home.rglob("*")], [])
         self.assertEqual([*self.elsewhere.iterdir()], [])
 
-        self.dpkg("--purge", "merovinska")
+        self.dpkg("--purge", TOOLS)
+        self.dpkg("--purge", GAME)
         self.assertEqual(self.files(), before)
         self.assertEqual([*(self.root / "var/lib/dpkg/info").glob("merovinska*")], [])
 
@@ -113,13 +112,39 @@ class InstalledPackage(unittest.TestCase):
                   "the end", may_end=True)
         self.assertEqual(game.ended(), 0, game.stderr)
         self.assertNotRegex(game.stderr, FAILURE_REPORTS)
-        self.assertEqual([*self.home.rglob("*")], [])
+        choices = self.home / ".config/merovinska/choices"
+        self.assertEqual({path for path in self.home.rglob("*") if path.is_file()}, {choices})
+        self.assertEqual(choices.read_text(), "set=large\nscale=1.5\n")
+
+    def run_installed(self, *words):
+        sdl = {name: value for name, value in os.environ.items() if name == "LD_LIBRARY_PATH"}
+        return subprocess.run([self.root / words[0], *words[1:]], cwd=self.elsewhere,
+                              stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                              env={"PATH": "/usr/bin:/bin", "HOME": str(self.home), **sdl})
+
+    def test_tools_work_without_the_game(self):
+        self.dpkg("--install", str(package(TOOLS)))
+        self.assertFalse((self.root / "usr/games").exists())
+        result = self.run_installed("usr/bin/countrysim", "--weeks", "3")
+        self.assertEqual((result.returncode, len(result.stdout.splitlines())), (0, 4))
+        shutil.copytree(ROOT / "data", self.elsewhere / "data")
+        result = self.run_installed("usr/bin/guiview", "--check", "--game", "data/my.gui.debug")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
 
     def test_installed_data_is_complete(self):
-        self.dpkg("--install", str(package()))
-        sdl = {name: value for name, value in os.environ.items() if name == "LD_LIBRARY_PATH"}
-        result = subprocess.run([self.root / "usr/games/merovinska", "--check-data"],
-                                cwd=self.elsewhere, stdin=subprocess.DEVNULL, capture_output=True,
-                                text=True, env={"PATH": "/usr/bin:/bin", "HOME": str(self.home),
-                                                **sdl})
+        self.dpkg("--install", str(package(GAME)))
+        result = self.run_installed("usr/games/merovinska", "--check-data")
         self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertIn("install the package merovinska-tools", result.stdout)
+        self.dpkg("--install", str(package(TOOLS)))
+        result = self.run_installed("usr/games/merovinska", "--check-data")
+        self.assertEqual((result.returncode, len(result.stdout.splitlines()), result.stderr),
+                         (0, 1, ""))
+
+    def test_place_of_the_installed_manual_is_printed(self):
+        self.dpkg("--install", str(package(GAME)))
+        result = self.run_installed("usr/games/merovinska", "--manual")
+        place = Path(result.stdout.split()[-1])
+        self.assertEqual((result.returncode, place),
+                         (0, self.root / "usr/share/games/merovinska/manual/index.html"))
+        self.assertIn("<h1", place.read_text())

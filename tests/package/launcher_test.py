@@ -39,6 +39,7 @@ class Launcher(unittest.TestCase):
         shutil.copytree(self.installed, self.prefix, symlinks=True)
         self.launcher = self.prefix / "games/merovinska"
         self.programs = self.prefix / "libexec/merovinska"
+        self.tools = self.prefix / "bin"
         self.data = self.prefix / "share/games/merovinska"
         self.home = self.folder / "home"
         self.player_data = self.home / ".local/share/merovinska"
@@ -52,6 +53,7 @@ class Launcher(unittest.TestCase):
         # No real message window may open, even if one of these commands is installed.
         for name in ("zenity", "kdialog", "xmessage"):
             self.write_command(name, f'echo "{name}: $*" >>"{self.folder}/windows"')
+        self.write_command("xdg-open", "exit 3")
         self.game_is('echo "in $PWD"')
         self.sdl_is(SDL12)
 
@@ -512,11 +514,11 @@ class Launcher(unittest.TestCase):
 
     def test_help_and_manual_page_list_the_same_options(self):
         listed = set(re.findall(r"--[a-z-]+", self.run_launcher("--help").stdout))
-        accepted = set(re.findall(r"--(?:data|set|scale|check-data|help|version)(?= \||\))",
+        accepted = set(re.findall(r"--(?:data|set|scale|check-data|manual|help|version)(?= \||\))",
                                self.launcher.read_text()))
         manual = (ROOT / "packaging/merovinska.6").read_text().replace("\\-", "-")
         documented = set(re.findall(r"^\.BI? (--[a-z-]+)", manual, re.M))
-        self.assertEqual(len(listed), 6)
+        self.assertEqual(len(listed), 7)
         self.assertEqual(listed, accepted)
         self.assertEqual(listed, documented)
 
@@ -563,9 +565,68 @@ class Launcher(unittest.TestCase):
         self.assertNotEqual(result.returncode, 0)
         self.assertIn("farmerslab", result.stdout + result.stderr)
 
-    def test_files_are_checked_without_guiview(self):
-        (self.programs / "guiview").unlink()
-        self.assertEqual(self.run_launcher("--check-data").returncode, 0)
+    def test_only_files_are_checked_without_the_tools(self):
+        (self.tools / "guiview").unlink()
+        result = self.run_launcher("--check-data")
+        self.assertEqual((result.returncode, result.stdout, result.stderr),
+                         (0, f"Every file that the game reads from {self.data} is there.\n"
+                             "To check its layout as well, install the package "
+                             "merovinska-tools.\n", ""))
+        (self.data / "gui.tga").unlink()
+        self.assertEqual(self.run_launcher("--check-data").returncode, 1)
+
+    # The manual
+
+    def test_manual_is_opened_in_a_browser(self):
+        self.write_command("xdg-open", f'echo "$*" >"{self.folder}/opened"')
+        result = self.run_launcher(*self.menu_actions()["Manual"])
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+        page = Path((self.folder / "opened").read_text().rstrip("\n"))
+        self.assertEqual(page, self.data / "manual/index.html")
+        self.assertEqual({str(path.relative_to(page.parent)) for path in page.parent.rglob("*.png")},
+                         set(re.findall(r'src="([^"]+)"', page.read_text())))
+        self.assertEqual([*self.home.iterdir()], [])
+
+    def test_place_of_the_manual_is_printed_if_there_is_no_browser(self):
+        said = ("There is no browser that can be opened. The manual is the file "
+                f"{self.data}/manual/index.html\n")
+        # What xdg-open says is no help.
+        self.write_command("xdg-open", "echo 'xdg-open: no method available' >&2; exit 3")
+        result = self.run_launcher("--manual")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, said, ""))
+        self.assertEqual(self.windows(), "zenity: --error --title=Merovinska --no-markup "
+                                         f"--text={said}")
+
+    def test_place_of_the_manual_is_printed_if_there_is_neither_display_nor_terminal(self):
+        self.write_command("xdg-open", f'touch "{self.folder}/opened"')
+        del self.environment["DISPLAY"]
+        result = self.run_launcher("--manual")
+        self.assertEqual(result.returncode, 0)
+        self.assertIn(f"{self.data}/manual/index.html\n", result.stdout)
+        self.assertEqual(self.windows(), "")
+        self.assertFalse((self.folder / "opened").exists())
+
+    def test_manual_is_opened_in_a_terminal_without_a_display(self):
+        self.write_command("xdg-open", 'echo "reading $1"')
+        del self.environment["DISPLAY"]
+        master, slave = pty.openpty()
+        with open(master, "rb", buffering=0) as terminal:
+            result = subprocess.run([self.launcher, "--manual"], stdin=slave, stdout=slave,
+                                    stderr=slave, env=self.environment, timeout=60)
+            os.close(slave)
+            said = terminal.read(4096).decode()
+        self.assertEqual((result.returncode, said),
+                         (0, f"reading {self.data}/manual/index.html\r\n"))
+
+    def test_missing_manual_is_an_error(self):
+        page = self.data / "manual/index.html"
+        page.unlink()
+        self.assertFailure(f"{page} cannot be read: the game is not installed completely.",
+                           "--manual")
+
+    def test_documentation_folder_has_a_link_to_the_manual(self):
+        self.assertEqual((self.prefix / "share/doc/merovinska/manual").resolve(),
+                         self.data / "manual")
 
     # Missing parts
 

@@ -14,12 +14,19 @@ import tempfile
 import unittest
 from pathlib import Path
 
+from PIL import ImageFont
+
 ROOT = Path(__file__).resolve().parents[2]
 
-PROGRAMS = ("usr/libexec/merovinska/merovinska", "usr/libexec/merovinska/guiview")
+GAME, TOOLS = "merovinska", "merovinska-tools"
+# The programs of each package.
+PROGRAMS = {GAME: ("usr/libexec/merovinska/merovinska",),
+            TOOLS: ("usr/bin/countrysim", "usr/bin/guiview")}
+ALL_PROGRAMS = [program for programs in PROGRAMS.values() for program in programs]
 METAINFO = "usr/share/metainfo/example.merovinska.merovinska.metainfo.xml"
 DESKTOP_ENTRY = "usr/share/applications/merovinska.desktop"
 FONT = "usr/share/games/merovinska/font.ttf"
+FONT_LICENCE = "usr/share/games/merovinska/font.LICENSE.txt"
 
 
 def output(*command, **options):
@@ -31,22 +38,28 @@ def version():
     return re.search(r"project\(merovinska VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())[1]
 
 
-def package(build=ROOT / "build/package"):
+def package(name=GAME, build=ROOT / "build/package"):
     architecture = output("dpkg", "--print-architecture").strip()
-    return build / f"merovinska_{version()}_{architecture}.deb"
+    return build / f"{name}_{version()}_{architecture}.deb"
 
 
-def field(name):
-    return output("dpkg-deb", "-f", package(), name).strip()
+def field(name, of=GAME):
+    return output("dpkg-deb", "-f", package(of), name).strip()
 
 
-class Package(unittest.TestCase):
+def names(relations):
+    """The packages that a field names."""
+    return re.findall(r"(?:^|[,|] )([a-z0-9.+-]+)", relations)
+
+
+class Packages(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(cls.folder.cleanup)
-        cls.root = Path(cls.folder.name)
-        output("dpkg-deb", "-x", package(), cls.root)
+        cls.root = Path(cls.folder.name) / "both"
+        for name in (GAME, TOOLS):
+            output("dpkg-deb", "-x", package(name), cls.root)
 
     def expect_success_without_output(self, *command):
         result = subprocess.run([*map(str, command)], stdin=subprocess.DEVNULL,
@@ -56,11 +69,13 @@ class Package(unittest.TestCase):
     # Programs that check packages
 
     def test_lintian_finds_no_errors_or_warnings(self):
-        # Without --allow-root, lintian warns if root runs it.
-        result = subprocess.run(["lintian", "--allow-root", "--fail-on", "error,warning",
-                                 package()],
-                                stdin=subprocess.DEVNULL, capture_output=True, text=True)
-        self.assertEqual((result.returncode, result.stdout), (0, ""), result.stderr)
+        for name in (GAME, TOOLS):
+            with self.subTest(name):
+                # Without --allow-root, lintian warns if root runs it.
+                result = subprocess.run(["lintian", "--allow-root", "--fail-on", "error,warning",
+                                         package(name)],
+                                        stdin=subprocess.DEVNULL, capture_output=True, text=True)
+                self.assertEqual((result.returncode, result.stdout), (0, ""), result.stderr)
 
     def test_menu_entry_is_valid(self):
         self.expect_success_without_output("desktop-file-validate", self.root / DESKTOP_ENTRY)
@@ -71,20 +86,33 @@ class Package(unittest.TestCase):
         self.assertEqual(result.returncode, 0, result.stdout)
         self.assertNotRegex(result.stdout, r"(?m)^[EW]:")
 
-    def test_manual_page_is_formatted_without_warnings(self):
-        page = self.root / "usr/share/man/man6/merovinska.6.gz"
-        result = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", page],
-                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                stderr=subprocess.PIPE, text=True,
-                                env={**os.environ, "LC_ALL": "C.UTF-8", "MANROFFSEQ": "",
-                                     "MANWIDTH": "80"})
-        self.assertEqual((result.returncode, result.stderr), (0, ""))
+    def test_manual_pages_are_formatted_without_warnings(self):
+        pages = sorted((self.root / "usr/share/man").rglob("*.gz"))
+        self.assertEqual([page.name for page in pages],
+                         ["countrysim.1.gz", "guiview.1.gz", "merovinska.6.gz"])
+        for page in pages:
+            with self.subTest(page.name):
+                result = subprocess.run(
+                    ["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", page],
+                    stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
+                    text=True, env={**os.environ, "LC_ALL": "C.UTF-8", "MANROFFSEQ": "",
+                                    "MANWIDTH": "80"})
+                self.assertEqual((result.returncode, result.stderr), (0, ""))
 
     # Description
 
-    def test_package_is_a_game_with_the_version_of_the_project(self):
-        self.assertEqual((field("Package"), field("Version"), field("Section")),
-                         ("merovinska", version(), "games"))
+    def test_packages_have_the_version_of_the_project_and_only_one_is_a_game(self):
+        for name, section in ((GAME, "games"), (TOOLS, "utils")):
+            self.assertEqual([field(key, name) for key in ("Package", "Version", "Section")],
+                             [name, version(), section])
+
+    def test_packages_describe_themselves_without_the_words_of_the_other(self):
+        for name, summary in ((GAME, "country management game of the year 1358"),
+                              (TOOLS, "simulator and layout viewer of the game Merovinska")):
+            first, *others = field("Description", name).splitlines()
+            self.assertEqual(first, summary)
+            self.assertTrue(all(line.startswith(" ") for line in others))
+            self.assertEqual("countrysim" in field("Description", name), name == TOOLS)
 
     def test_every_file_names_the_same_version(self):
         metainfo = (self.root / METAINFO).read_text()
@@ -98,10 +126,12 @@ class Package(unittest.TestCase):
         self.assertIn(f'"Merovinska {version()}"', manual)
 
     def test_package_depends_on_every_library_that_the_programs_need(self):
-        depended = set(re.findall(r"(?:^|[,|] )([a-z0-9.+-]+)", field("Depends")))
-        for program in PROGRAMS:
-            dynamic = output("readelf", "-d", self.root / program)
-            needed = re.findall(r"\(NEEDED\).*\[(.+)\]", dynamic)
+        for name, programs in PROGRAMS.items():
+            depended = set(names(field("Depends", name)))
+            needed = set()
+            for program in programs:
+                dynamic = output("readelf", "-d", self.root / program)
+                needed.update(re.findall(r"\(NEEDED\).*\[(.+)\]", dynamic))
             self.assertIn("libSDL-1.2.so.0", needed)
             for library in needed:
                 # A dependency may also name a virtual package that the owner provides.
@@ -113,40 +143,86 @@ class Package(unittest.TestCase):
                     provided.update(re.findall(r"(?:^|, )([a-z0-9.+-]+)", provides))
                 self.assertTrue(provided & depended, f"{library} of {owners} is not in {depended}")
 
-    def test_package_recommends_the_programs_that_show_messages_of_the_launcher(self):
-        packages = {"zenity": "zenity", "kdialog": "kdialog", "xmessage": "x11-utils"}
+    def test_package_recommends_what_the_launcher_calls(self):
+        packages = {"zenity": "zenity", "kdialog": "kdialog", "xmessage": "x11-utils",
+                    "xdg-open": "xdg-utils"}
         launcher = (self.root / "usr/games/merovinska").read_text()
-        called = re.findall(r"if command -v (\w+) >", launcher)
-        self.assertEqual(sorted(field("Recommends").split(" | ")),
-                         sorted(packages[name] for name in called))
+        called = re.findall(r"if command -v ([\w-]+) >", launcher)
+        self.assertIn("needs the package libsdl1.2-compat", launcher)
+        self.assertEqual(sorted(names(field("Recommends"))),
+                         sorted(["libsdl1.2-compat", *(packages[name] for name in called)]))
 
-    def test_font_is_a_link_to_that_of_another_package(self):
-        self.assertIn("fonts-noto-extra", field("Depends").split(", "))
-        self.assertTrue((self.root / FONT).is_symlink())
-        target = os.readlink(self.root / FONT)
-        self.assertFalse(target.startswith("/"), target)
-        installed = Path(os.path.normpath(Path("/") / Path(FONT).parent / target))
-        self.assertEqual(installed.read_bytes(), (ROOT / "data/font.ttf").read_bytes())
-        self.assertEqual(output("dpkg-query", "-S", installed).split(":")[0],
-                         "fonts-noto-extra")
+    def test_game_suggests_the_tools_that_its_check_uses(self):
+        self.assertEqual(field("Suggests"), TOOLS)
+        self.assertIn("merovinska-tools", (self.root / "usr/games/merovinska").read_text())
+        self.assertEqual(field("Recommends", TOOLS), GAME)
+
+    # The font
+
+    def test_package_brings_its_font_and_depends_on_no_package_of_fonts(self):
+        self.assertTrue((self.root / FONT).is_file())
+        self.assertFalse((self.root / FONT).is_symlink())
+        for name in (GAME, TOOLS):
+            for key in ("Depends", "Recommends"):
+                self.assertNotRegex(field(key, name), r"\bfonts-")
+
+    def test_font_draws_every_code_of_the_engine_as_the_whole_font_does(self):
+        whole, subset = (ImageFont.truetype(str(file), 85, layout_engine=ImageFont.Layout.BASIC)
+                         for file in (ROOT / "data/font.ttf", self.root / FONT))
+        self.assertEqual(whole.getmetrics(), subset.getmetrics())
+        for code in range(128):
+            with self.subTest(code):
+                drawn = []
+                for font in (whole, subset):
+                    mask, offset = font.getmask2(chr(code))
+                    drawn.append((font.getlength(chr(code)), mask.size, offset, bytes(mask)))
+                self.assertEqual(*drawn)
+
+    def test_font_contains_only_characters_that_the_engine_draws(self):
+        kept = output("fc-query", "-f", "%{charset}", self.root / FONT)
+        self.assertEqual(kept, "20-7e")
+        self.assertLess((self.root / FONT).stat().st_size, 50_000)
+
+    def test_font_names_its_copyright_and_its_licence(self):
+        font = (self.root / FONT).read_bytes()
+        for text in ("Copyright 2015 Google LLC", "SIL Open Font License, Version 1.1"):
+            self.assertTrue(text.encode("utf-16-be") in font, text)
+        self.assertIn("SIL OPEN FONT LICENSE", (self.root / FONT_LICENCE).read_text())
+        # A modified font must not have a name that its licence reserves.
+        self.assertNotIn("with Reserved Font Name", (self.root / FONT_LICENCE).read_text())
 
     # Contents
 
     def test_package_contains_all_data(self):
         source, installed = ROOT / "data", self.root / "usr/share/games/merovinska"
         wanted = {str(path.relative_to(source)) for path in source.rglob("*")}
-        # The package with the font contains the font's licence.
-        wanted.remove("font.LICENSE.txt")
-        self.assertEqual({str(path.relative_to(installed)) for path in installed.rglob("*")},
-                         wanted)
+        found = {str(path.relative_to(installed)) for path in installed.rglob("*")}
+        self.assertEqual({path for path in found if path.split("/")[0] != "manual"}, wanted)
+
+    def test_package_contains_the_manual_with_its_plots(self):
+        manual = self.root / "usr/share/games/merovinska/manual"
+        self.assertEqual({str(path.relative_to(manual)) for path in manual.rglob("*.*")},
+                         {"index.html"} | {f"plots/{plot.name}"
+                                           for plot in (ROOT / "docs/plots").glob("*.png")})
+        self.assertEqual((self.root / "usr/share/doc/merovinska/manual").resolve(),
+                         manual.resolve())
+
+    def test_no_file_is_in_both_packages(self):
+        game, tools = ({line.split(maxsplit=5)[5] for line in
+                        output("dpkg-deb", "-c", package(name)).splitlines() if line[0] != "d"}
+                       for name in (GAME, TOOLS))
+        self.assertTrue(game and tools)
+        self.assertFalse(game & tools)
 
     def test_every_file_belongs_to_root_and_is_readable(self):
-        for line in output("dpkg-deb", "-c", package()).splitlines():
+        lines = [line for name in (GAME, TOOLS)
+                 for line in output("dpkg-deb", "-c", package(name)).splitlines()]
+        for line in lines:
             mode, owner, _, _, _, path = line.split(maxsplit=5)
             with self.subTest(path):
                 self.assertEqual(owner, "root/root")
-                executable = re.match(r"\./usr/(games|libexec/merovinska)/(merovinska|guiview)$",
-                                      path)
+                executable = re.match(r"\./usr/(games/merovinska|libexec/merovinska/merovinska|"
+                                      r"bin/(countrysim|guiview))$", path)
                 self.assertIn(mode, {"drwxr-xr-x", "lrwxrwxrwx",
                                      "-rwxr-xr-x" if executable else "-rw-r--r--"})
 
@@ -175,12 +251,12 @@ class Package(unittest.TestCase):
     # The programs
 
     def test_programs_are_stripped(self):
-        for program in PROGRAMS:
+        for program in ALL_PROGRAMS:
             self.assertNotRegex(output("readelf", "-SW", self.root / program),
                                 r" \.(symtab|debug_\w+) ")
 
     def test_programs_are_hardened(self):
-        for program in PROGRAMS:
+        for program in ALL_PROGRAMS:
             with self.subTest(program):
                 said = output("readelf", "-hldW", "--dyn-syms", self.root / program)
                 self.assertIn("(Position-Independent Executable file)", said)
@@ -191,17 +267,20 @@ class Package(unittest.TestCase):
                 self.assertRegex(said, r" __\w+_chk@")
 
     def test_programs_do_not_contain_the_path_of_the_build_folder(self):
-        for program in PROGRAMS:
+        for program in ALL_PROGRAMS:
             self.assertNotIn(os.fsencode(ROOT), (self.root / program).read_bytes())
 
     # Reproducible builds
 
     def times(self):
-        """The times of the files in the package, in seconds."""
-        archive = subprocess.run(["dpkg-deb", "--fsys-tarfile", package()], check=True,
-                                 stdout=subprocess.PIPE).stdout
-        with tarfile.open(fileobj=io.BytesIO(archive)) as files:
-            return [int(member.mtime) for member in files]
+        """The times of the files in the packages, in seconds."""
+        times = []
+        for name in (GAME, TOOLS):
+            archive = subprocess.run(["dpkg-deb", "--fsys-tarfile", package(name)], check=True,
+                                     stdout=subprocess.PIPE).stdout
+            with tarfile.open(fileobj=io.BytesIO(archive)) as files:
+                times += [int(member.mtime) for member in files]
+        return times
 
     def test_times_of_the_files_are_that_of_the_last_commit(self):
         if (ROOT / ".git").exists():
@@ -211,7 +290,7 @@ class Package(unittest.TestCase):
                           ROOT / "packaging/changelog")
         self.assertEqual(set(self.times()), {int(time)})
 
-    def test_second_build_in_another_folder_makes_the_same_package(self):
+    def test_second_build_in_another_folder_makes_the_same_packages(self):
         copy = self.root / "a copy/of the sources"
         shutil.copytree(ROOT, copy, symlinks=True,
                         ignore=lambda folder, names: {".git", "build", ".cache"} & set(names)
@@ -221,8 +300,9 @@ class Package(unittest.TestCase):
         environment = {**os.environ, "SOURCE_DATE_EPOCH": str(self.times()[0]),
                        "CCACHE_DISABLE": "1", "TZ": "Pacific/Apia", "LC_ALL": "C.UTF-8"}
         output("cmake", "--workflow", "--preset", "package", cwd=copy, env=environment)
-        first, second = package(), package(copy / "build/package")
-        for one, other in zip(*(output("dpkg-deb", "-c", deb).splitlines()
-                                for deb in (first, second))):
-            self.assertEqual(one, other)
-        self.assertEqual(first.read_bytes(), second.read_bytes())
+        for name in (GAME, TOOLS):
+            first, second = package(name), package(name, copy / "build/package")
+            for one, other in zip(*(output("dpkg-deb", "-c", deb).splitlines()
+                                    for deb in (first, second))):
+                self.assertEqual(one, other)
+            self.assertEqual(first.read_bytes(), second.read_bytes())

@@ -19,9 +19,9 @@ COMMANDS = {
     "picture": ["Xvfb", "import"],
     "check": ["pkg-config", "clang-format", "clang-tidy", "run-clang-tidy", "shellcheck", "xdotool",
               "python3", "pytest-3", "doxygen", "gnuplot", "dot", "reuse", "codespell",
-              "parallel"],
+              "parallel", "help2man"],
     "package": ["dpkg-shlibdeps", "strip", "readelf", "git", "lintian", "desktop-file-validate",
-                "appstreamcli", "man", "rsvg-convert"],
+                "appstreamcli", "man", "rsvg-convert", "hb-subset"],
     "fuzz": ["clang++"],
     "coverage": ["gcovr"],
 }
@@ -198,8 +198,8 @@ class PackageList(unittest.TestCase):
                     continue
             self.expect_provided(paths, *sections)
 
-    def test_list_provides_the_python_modules_of_the_tests(self):
-        for module in ("PIL", "Xlib", "pytest", "pytest_subtests", "yaml"):
+    def test_list_provides_the_python_modules_of_the_build_and_the_tests(self):
+        for module in ("PIL", "Xlib", "markdown", "pytest", "pytest_subtests", "yaml"):
             file = output("/usr/bin/python3", "-c", f"import {module}; print({module}.__file__)")
             self.expect_provided([file.strip()], "check")
 
