@@ -47,7 +47,6 @@ class InstalledPackage(unittest.TestCase):
         for name in ("info", "updates", "triggers"):
             (records / name).mkdir(parents=True)
         shutil.copy("/var/lib/dpkg/status", records)
-        (self.root / "usr/share").mkdir(parents=True)
 
     def dpkg(self, *words):
         result = subprocess.run(["dpkg", f"--root={self.root}", "--force-not-root", *words],

@@ -157,6 +157,11 @@ class Packages(unittest.TestCase):
         self.assertIn("merovinska-tools", (self.root / "usr/games/merovinska").read_text())
         self.assertEqual(field("Recommends", TOOLS), GAME)
 
+    def test_packages_are_small(self):
+        for name in (GAME, TOOLS):
+            self.assertLess(package(name).stat().st_size, 2_000_000)
+            self.assertLess(int(field("Installed-Size", name)), 5_000)  # KiB
+
     # The font
 
     def test_package_brings_its_font_and_depends_on_no_package_of_fonts(self):
