@@ -30,10 +30,11 @@ constexpr float kLinkWidth = 1.2f;  ///< between the end of a line and its name
 constexpr float kInset = 0.25f;     ///< between the edge of the plot and the extreme values
 constexpr float kLeastPlot = 2.0f;  ///< width and height of the smallest plot that is useful
 
-constexpr float kShadingOpacity = 0.25f;
-constexpr float kBandOpacity = 0.12f;
-constexpr float kThinLine = 1.0f;   ///< pixels
-constexpr float kPointSize = 5.0f;  ///< pixels; of the values at the mouse
+constexpr float kShadingOpacity = 0.2f;
+constexpr float kBandOpacity = 0.1f;
+constexpr float kColumnWidth = 2.0f;  ///< pixels; as wide as a line
+constexpr float kThinLine = 1.0f;     ///< pixels
+constexpr float kPointSize = 5.0f;    ///< pixels; of the values at the mouse
 /// Added above the highest value for those that are infinite, as a share of the range.
 constexpr double kRoomForInfinite = 0.1;
 /// To both sides of a value that never changes, as a share of it.
@@ -45,12 +46,13 @@ struct SeriesLook {
     Vector colour;          ///< for a light ground, without the series' theme file
     std::uint16_t pattern;  ///< of the line, a bit per pixel
 };
-// The colours are those of Okabe and Ito that the colour blind tell apart, darkened.
+// Colours of Okabe and Ito, darkened until all of them have enough contrast to a light ground and
+// differ for the colour blind.
 const SeriesLook kLooks[] = {
-    {Vector(0.0f, 0.32f, 0.52f), 0xFFFF},  // blue, solid
-    {Vector(0.64f, 0.23f, 0.0f), 0x0FFF},  // vermilion, dashes
-    {Vector(0.0f, 0.38f, 0.28f), 0x3333},  // bluish green, dots
-    {Vector(0.53f, 0.2f, 0.4f), 0x18FF},   // reddish purple, dashes and dots
+    {Vector(0.0f, 0.34f, 0.54f), 0xFFFF},   // blue, solid
+    {Vector(0.53f, 0.22f, 0.0f), 0x0FFF},   // vermilion, dashes
+    {Vector(0.0f, 0.19f, 0.13f), 0x3333},   // dark green, dots
+    {Vector(0.46f, 0.26f, 0.37f), 0x18FF},  // purple, dashes and dots
 };
 static_assert(std::size(kLooks) == Chart::kMaxSeries);
 
@@ -92,6 +94,16 @@ int DecimalsFor(double largest) {
 
 bool IsWhole(float value) {
     return std::trunc(value) == value;
+}
+
+std::string Number(double value, int decimals) {
+    std::array<char, kNumberTextSize> buffer;
+    return std::string(NumberText(value, decimals, buffer));
+}
+
+Vector Mix(const Vector& below, const Vector& above, float opacity) {
+    const auto channel = [opacity](float a, float b) { return a + opacity * (b - a); };
+    return {channel(below.x, above.x), channel(below.y, above.y), channel(below.z, above.z)};
 }
 
 /// The last value of a series that is a number or infinite; NaN if there is none.
@@ -265,11 +277,6 @@ void Chart::FindRange() {
     plot.highest = range.highest;
 }
 
-std::string Chart::Number(double value) const {
-    std::array<char, kNumberTextSize> buffer;
-    return std::string(NumberText(value, decimals, buffer));
-}
-
 void Chart::PrepareAxis() {
     const float unit = theme->fontSize.y;
     const float padding = kPadding * unit;
@@ -286,11 +293,12 @@ void Chart::PrepareAxis() {
     plot.firstWeek = weeks.size() > 1 ? weeks.front() : weeks.front() - 1.0;
     plot.lastWeek = weeks.back();
     if (shown.any)
-        lowestText.text = Number(shown.lowest);
+        lowestText.text = Number(shown.lowest, decimals);
     if (beyondLimit && std::isfinite(limit)) {
-        highestText.text = "over " + Number(limit);
+        // A limit is round, whatever the decimals of the values.
+        highestText.text = "over " + Number(limit, IsWhole(limit) ? 0 : decimals);
     } else if (shown.any) {
-        highestText.text = Number(shown.highest);
+        highestText.text = Number(shown.highest, decimals);
     }
     if (highestText.text == lowestText.text)
         lowestText.text.clear();
@@ -412,10 +420,20 @@ void Chart::PrepareReading() {
 
 float Chart::WidestReading(std::size_t index) const {
     float widest = 0.0f;
-    const auto [lowest, highest] =
-        std::ranges::minmax_element(values[index], [](float a, float b) { return a < b; });
-    for (const float value : {*lowest, *highest, values[index].back()})
-        widest = std::max(widest, TextWidth(names[index] + ' ' + Number(value)));
+    ValueRange range;
+    const auto add = [&](double value) {
+        widest = std::max(widest, TextWidth(names[index] + ' ' + Number(value, decimals)));
+    };
+    for (const float value : values[index]) {
+        if (!std::isnan(value))
+            range.Add(value);
+    }
+    if (range.any) {
+        add(range.lowest);
+        add(range.highest);
+    }
+    if (std::ranges::any_of(values[index], [](float value) { return std::isnan(value); }))
+        add(kNone);
     return widest;
 }
 
@@ -491,6 +509,13 @@ Vector Chart::PlotBox() const {
     return {corner.x, corner.y, corner.x + plot.size.x, corner.y + plot.size.y};
 }
 
+std::array<Vector, 4> Chart::Grounds(float brightness) const {
+    const Vector plain = Mix(Vector(), theme->fillColour, brightness);
+    const Vector shade = Mix(plain, theme->lineColour, kShadingOpacity);
+    return {plain, shade, Mix(plain, theme->textColour, kBandOpacity),
+            Mix(shade, theme->textColour, kBandOpacity)};
+}
+
 std::string_view Chart::ReadingOf(std::size_t index) const {
     return hovered >= 0 && index <= seriesCount ? std::string_view(reading[index].text) : "";
 }
@@ -547,7 +572,8 @@ void Chart::DrawAxes() const {
 }
 
 void Chart::DrawSeries() const {
-    for (std::size_t index = 0; index < seriesCount; ++index) {
+    // The first series is the most important one, so it is on top.
+    for (std::size_t index = seriesCount; index-- > 0;) {
         SetColour(seriesThemes[index]->lineColour);
         glLineWidth(seriesThemes[index]->lineWidth);
         SetPattern(kLooks[index].pattern);

@@ -97,6 +97,9 @@ public:
     Vector PlotBox() const;
     /// By how much the chart is too small for its texts, in both directions; 0 if it is not.
     Vector MissingSize() const { return missingSize; }
+    /// The colours that lines can be on, at this brightness of the chart: its fill, shaded weeks,
+    /// the band, and both.
+    std::array<Vector, 4> Grounds(float brightness) const;
     /// The theme of a series.
     const Theme& SeriesTheme(std::size_t index) const { return *seriesThemes[index]; }
 
@@ -145,7 +148,6 @@ private:
     void PlaceAxisTexts();
     void AddEndName(const std::string& name, std::size_t series, double value);
     float WidestReading(std::size_t index) const;
-    std::string Number(double value) const;
     float TextWidth(const std::string& text) const;
     float LineStep() const;
     float CaptionBaseline() const;

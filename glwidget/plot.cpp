@@ -13,49 +13,39 @@ namespace {
 
 /// With fewer values than this per column, all of them are drawn.
 constexpr std::size_t kValuesPerColumn = 2;
-/// Pixels of a line for a value alone, and of the narrowest shading.
-constexpr float kLeastWidth = 2.0f;
+/// Columns to both sides of a value alone.
+constexpr float kHalfOfAlone = 1.5f;
 
 struct Place {
     std::size_t index;
     float value;
 };
 
-/// The values of one column of pixels.
+/// The values of one column.
 class ColumnValues {
 public:
     bool Any() const { return any; }
 
     void Add(std::size_t index, float value) {
         const Place place{index, value};
-        if (!any)
-            first = lowest = highest = place;
-        any = true;
-        last = place;
-        if (value < lowest.value)
+        if (!any || value < lowest.value)
             lowest = place;
-        if (value > highest.value)
+        if (!any || value > highest.value)
             highest = place;
+        any = true;
     }
 
     void AddTo(const PlotArea& area, float x, Vertices& vertices) const {
         const auto [earlier, later] =
             lowest.index < highest.index ? std::pair(lowest, highest) : std::pair(highest, lowest);
-        std::size_t drawn = first.index;
-        vertices.Add(x, area.Y(first.value));
-        for (const Place& place : {earlier, later, last}) {
-            if (place.index == drawn)
-                continue;
-            vertices.Add(x, area.Y(place.value));
-            drawn = place.index;
-        }
+        vertices.Add(x, area.Y(earlier.value));
+        if (earlier.index != later.index)
+            vertices.Add(x, area.Y(later.value));
     }
 
 private:
-    Place first{};
     Place lowest{};
     Place highest{};
-    Place last{};
     bool any = false;
 };
 
@@ -66,7 +56,7 @@ public:
         : area(plot), vertices(target), runs(list), begin(target.Count()) {}
 
     void End() {
-        const float width = area.PixelWidth() * kLeastWidth;
+        const float width = area.ColumnWidth() * kHalfOfAlone;
         Vertices::Run run = vertices.Since(begin);
         if (run.count == 1) {
             const Vector alone = vertices.At(begin);
@@ -105,12 +95,15 @@ public:
                 column.Add(index, value);
         }
         EndColumn(column, number);
+        // The line ends at its last value, where its name begins.
+        if (!std::isnan(ValueAt(values, weeks.size() - 1)))
+            vertices.Add(area.X(weeks.back()), area.Y(ValueAt(values, weeks.size() - 1)));
         End();
     }
 
 private:
     void EndColumn(const ColumnValues& column, int number) {
-        const float x = area.corner.x + (static_cast<float>(number) + 0.5f) * area.PixelWidth();
+        const float x = area.corner.x + (static_cast<float>(number) + 0.5f) * area.ColumnWidth();
         if (column.Any()) {
             column.AddTo(area, x, vertices);
         } else {
@@ -197,7 +190,7 @@ void AddBand(const PlotArea& area, std::span<const float> weeks, std::span<const
 void AddShading(const PlotArea& area, std::span<const float> weeks,
                 std::span<const std::uint8_t> marks, Vertices& vertices) {
     TraceFrame frame("AddShading", "");
-    const float least = kLeastWidth * area.PixelWidth();
+    const float least = area.ColumnWidth();
     const float bottom = area.corner.y;
     const float top = area.corner.y + area.size.y;
     const float end = area.corner.x + area.size.x;

@@ -21,7 +21,7 @@ struct PlotArea {
 
     Vector corner;  ///< lower left
     Vector size;
-    int columns = 1;  ///< of pixels, 1 to kMaxColumns
+    int columns = 1;  ///< each as wide as a line; 1 to kMaxColumns
     double firstWeek = 0.0;
     double lastWeek = 1.0;
     double lowest = 0.0;   ///< value at the lower edge
@@ -32,7 +32,7 @@ struct PlotArea {
     float Y(double value) const;
     /// 0 to columns - 1.
     int Column(double week) const;
-    float PixelWidth() const { return size.x / static_cast<float>(columns); }
+    float ColumnWidth() const { return size.x / static_cast<float>(columns); }
 };
 
 /// Corners of lines or quads, as x and y of one after the other, in the form in which OpenGL takes
@@ -65,8 +65,8 @@ private:
 };
 
 /// Adds the line of a series. NaN begins another run, and a value alone becomes a short line. If
-/// there are many more values than columns, each column has at most four vertices: the first, the
-/// last, the lowest and the highest of its values.
+/// there are many more values than columns, each column has at most two vertices: the lowest and
+/// the highest of its values.
 void AddLine(const PlotArea& area, std::span<const float> weeks, std::span<const float> values,
              Vertices& vertices, std::vector<Vertices::Run>& runs);
 

@@ -222,6 +222,20 @@ TEST_F(ChartTest, SmallChartMissesRoomForItsTexts) {
     EXPECT_GT(low.MissingSize().y, 0.0f);
 }
 
+TEST_F(ChartTest, ReadingHasRoomForUnknownAndInfiniteValues) {
+    Chart narrow("narrow", nullptr, kCorner, theme, Vector(0.5f, 0.9f), "");
+    const auto missingWith = [&](float value) {
+        const Values weeks = Weeks(3);
+        const Values values{1.0f, value, 2.0f};
+        const std::vector<Chart::Series> series(Chart::kMaxSeries, Chart::Series{"", values});
+        narrow.SetData({.weeks = weeks, .series = series});
+        return narrow.MissingSize().x;
+    };
+    EXPECT_EQ(missingWith(3.0f), 0.0f);
+    EXPECT_GT(missingWith(kNaN), 0.0f);
+    EXPECT_GT(missingWith(kInfinite), 0.0f);
+}
+
 TEST_F(ChartTest, SizeWithoutAreaIsHarmless) {
     for (const Vector& size : {Vector(0.0f, 0.0f), Vector(1e-30f, 1e-30f), Vector(1e30f, 1e30f),
                                Vector(kInfinite, kInfinite), Vector(kNaN, kNaN)}) {
@@ -289,6 +303,227 @@ TEST_F(ChartDeathTest, FifthSeriesFailsAnAssertion) {
 
 TEST_F(ChartDeathTest, RenderingOutsideRenderWidgetsFailsTheAssertion) {
     EXPECT_EXIT(chart->Render(), testing::ExitedWithCode(0), "Assert failed on glwidget/chart");
+}
+
+class DrawnChartTest : public DrawnWidgetTest {
+protected:
+    // On a blue chart with red outlines and white texts
+    static constexpr Colour kGround{0, 0, 153};
+    static constexpr Colour kOutline{255, 0, 0};
+    static constexpr Colour kFirst{0, 255, 0};
+    static constexpr Colour kSecond{255, 255, 0};
+
+    DrawnChartTest() {
+        LoadFont();
+        chart.emplace("chart", nullptr, kCorner, theme, kSize, "");
+        Paint(0, Vector(0.0f, 1.0f, 0.0f));
+        Paint(1, Vector(1.0f, 1.0f, 0.0f));
+    }
+
+    static void Paint(std::size_t series, const Vector& colour) {
+        Theme& look =
+            *GLWidget::themes.find(std::string_view(Chart::kSeriesThemes[series]))->second;
+        look.textColour = look.lineColour = colour;
+    }
+
+    /// The pixels of a colour in the area of the lines.
+    int CountInPlot(const Colour& colour) const {
+        const Vector plot = chart->PlotBox();
+        return Count(colour, plot.x, plot.y, plot.z, plot.w);
+    }
+    /// The same in the area of the names at the ends of the lines.
+    int CountInNames(const Colour& colour, float bottom, float top) const {
+        const float unit = theme->fontSize.y;
+        return Count(colour, chart->PlotBox().z + 1.2f * unit, bottom, kCorner.x + kSize.x, top);
+    }
+
+    std::optional<Opened<Chart>> chart;
+};
+
+TEST_F(DrawnChartTest, ChartWithoutWeeksSaysSo) {
+    const auto textInTheMiddle = [this] {
+        const Vector plot = chart->PlotBox();
+        const float middle = (plot.x + plot.z) / 2.0f;
+        const float height = (plot.y + plot.w) / 2.0f;
+        return CountText(middle - 0.1f, height - 0.05f, middle, height + 0.05f);
+    };
+    Draw(*chart);
+    EXPECT_GT(textInTheMiddle(), 50);
+    Show(*chart, Weeks(5), {0.0f, 0.0f, 0.0f, 0.0f, 9.0f});
+    Draw(*chart);
+    EXPECT_EQ(textInTheMiddle(), 0);
+}
+
+TEST_F(DrawnChartTest, LineGoesFromTheFirstWeekToTheLast) {
+    Show(*chart, Weeks(3), {0.0f, 10.0f, 0.0f});
+    Draw(*chart);
+    const Vector plot = chart->PlotBox();
+    const float dot = 0.01f;
+    const float middle = (plot.x + plot.z) / 2.0f;
+    EXPECT_GT(Count(kFirst, plot.x, plot.y - dot, plot.x + 2 * dot, plot.y + 4 * dot), 0);
+    EXPECT_GT(Count(kFirst, middle - dot, plot.w - 2 * dot, middle + dot, plot.w + dot), 0);
+    EXPECT_GT(Count(kFirst, plot.z - 2 * dot, plot.y - dot, plot.z, plot.y + 4 * dot), 0);
+    EXPECT_EQ(Count(kFirst, plot.x, plot.w - 4 * dot, plot.x + 10 * dot, plot.w), 0);
+}
+
+TEST_F(DrawnChartTest, ConstantSeriesIsInTheMiddle) {
+    Show(*chart, Weeks(3), {0.5f, 0.5f, 0.5f});
+    Draw(*chart);
+    const Vector plot = chart->PlotBox();
+    const float middle = (plot.y + plot.w) / 2.0f;
+    EXPECT_GT(Count(kFirst, plot.x, middle - 0.01f, plot.z, middle + 0.01f), 100);
+    EXPECT_EQ(CountInPlot(kFirst), Count(kFirst, plot.x, middle - 0.01f, plot.z, middle + 0.01f));
+}
+
+TEST_F(DrawnChartTest, SingleWeekIsADotAtTheRightEdge) {
+    Show(*chart, {9.0f}, {5.0f});
+    Draw(*chart);
+    const Vector plot = chart->PlotBox();
+    EXPECT_GT(CountInPlot(kFirst), 2);
+    EXPECT_EQ(CountInPlot(kFirst), Count(kFirst, plot.z - 0.02f, plot.y, plot.z, plot.w));
+}
+
+TEST_F(DrawnChartTest, UnknownWeeksAreAGap) {
+    Show(*chart, Weeks(5), {1.0f, 1.0f, kNaN, 1.0f, 1.0f});
+    Draw(*chart);
+    const Vector plot = chart->PlotBox();
+    const float width = plot.z - plot.x;
+    const auto drawn = [&](float from, float to) {
+        return Count(kFirst, plot.x + from * width, plot.y, plot.x + to * width, plot.w);
+    };
+    EXPECT_GT(drawn(0.05f, 0.2f), 0);
+    EXPECT_EQ(drawn(0.3f, 0.7f), 0);
+    EXPECT_GT(drawn(0.8f, 0.95f), 0);
+}
+
+TEST_F(DrawnChartTest, InfiniteValueIsAtTheUpperEdgeAndAboveAllOthers) {
+    Show(*chart, Weeks(4), {1.0f, 2.0f, kInfinite, kInfinite});
+    Draw(*chart);
+    const Vector plot = chart->PlotBox();
+    const float middle = (plot.x + plot.z) / 2.0f;
+    EXPECT_GT(Count(kFirst, plot.z - 0.2f, plot.w - 0.01f, plot.z, plot.w + 0.01f), 10);
+    EXPECT_EQ(Count(kFirst, plot.x, plot.w - 0.02f, middle - 0.2f, plot.w), 0);
+}
+
+TEST_F(DrawnChartTest, ValueAboveTheLimitIsAtTheUpperEdge) {
+    const Values weeks = Weeks(3);
+    const Values values{10.0f, 500.0f, 500.0f};
+    const Chart::Series series{"corn", values};
+    chart->SetData({.weeks = weeks, .series = {&series, 1}, .alwaysLow = 0.0f, .limit = 20.0f});
+    Draw(*chart);
+    const Vector plot = chart->PlotBox();
+    EXPECT_GT(Count(kFirst, plot.z - 0.2f, plot.w - 0.01f, plot.z, plot.w + 0.01f), 10);
+    // 10 of 0 to 20 is in the middle.
+    const float middle = (plot.y + plot.w) / 2.0f;
+    EXPECT_GT(Count(kFirst, plot.x, middle - 0.01f, plot.x + 0.02f, middle + 0.03f), 0);
+}
+
+TEST_F(DrawnChartTest, SeriesDifferInPattern) {
+    std::vector<int> drawn;
+    for (std::size_t series = 0; series < Chart::kMaxSeries; ++series) {
+        const Values weeks = Weeks(2);
+        const Values gone{kNaN, kNaN};
+        const Values constant{1.0f, 1.0f};
+        std::vector<Chart::Series> all(series, Chart::Series{"", gone});
+        all.push_back({"", constant});
+        Paint(series, Vector(0.0f, 1.0f, 0.0f));
+        chart->SetData({.weeks = weeks, .series = all});
+        Draw(*chart);
+        drawn.push_back(CountInPlot(kFirst));
+    }
+    for (std::size_t series = 0; series < drawn.size(); ++series) {
+        EXPECT_GT(drawn[series], 100);
+        for (std::size_t other = 0; other < series; ++other)
+            EXPECT_GT(std::abs(drawn[series] - drawn[other]), 20) << series << ' ' << other;
+    }
+}
+
+TEST_F(DrawnChartTest, NamesOfLinesThatEndTogetherAreOneAboveTheOther) {
+    const Values weeks = Weeks(2);
+    const Values values{1.0f, 2.0f};
+    const Chart::Series series[] = {{"HHH", values}, {"MMM", values}};
+    theme->fontSize = Vector(0.1f, 0.1f);  // so large that letters have pixels of their full colour
+    chart->SetData({.weeks = weeks, .series = series});
+    Draw(*chart);
+    const float bottom = kCorner.y;
+    const float top = kCorner.y + kSize.y;
+    ASSERT_GT(CountInNames(kFirst, bottom, top), 10);
+    ASSERT_GT(CountInNames(kSecond, bottom, top), 10);
+    float lowestOfFirst = top;
+    float highestOfSecond = bottom;
+    const float pixel = 2.6f / 600.0f;
+    for (float y = bottom; y < top; y += pixel) {
+        if (CountInNames(kFirst, y, y) > 0)
+            lowestOfFirst = std::min(lowestOfFirst, y);
+        if (CountInNames(kSecond, y, y) > 0)
+            highestOfSecond = std::max(highestOfSecond, y);
+    }
+    EXPECT_GT(lowestOfFirst, highestOfSecond);
+}
+
+TEST_F(DrawnChartTest, FirstSeriesIsOnTop) {
+    const Values weeks = Weeks(2);
+    const Values values{1.0f, 1.0f};
+    const Chart::Series series[] = {{"", values}, {"", values}};
+    chart->SetData({.weeks = weeks, .series = series});
+    Draw(*chart);
+    EXPECT_GT(CountInPlot(kFirst), 100);
+    EXPECT_EQ(CountInPlot(kSecond), 0);
+}
+
+TEST_F(DrawnChartTest, MarkedWeeksAreShaded) {
+    const Values weeks = Weeks(5);
+    const Values values(5, 1.0f);
+    const std::uint8_t shaded[] = {0, 0, 1, 0, 0};
+    const Chart::Series series{"", values};
+    chart->SetData({.weeks = weeks, .series = {&series, 1}, .shaded = shaded});
+    Draw(*chart);
+    const Vector plot = chart->PlotBox();
+    const float high = plot.w - 0.1f;
+    const float week = (plot.z - plot.x) / 4.0f;
+    EXPECT_EQ(At(plot.x + 0.5f * week, high), kGround);
+    EXPECT_GT(At(plot.x + 1.5f * week, high).red, 30);
+    EXPECT_EQ(At(plot.x + 2.5f * week, high), kGround);
+}
+
+TEST_F(DrawnChartTest, MarkAndBandAreAtTheirValues) {
+    const Values weeks = Weeks(2);
+    const Values values{0.0f, 10.0f};
+    const float mark = 7.5f;
+    const float low = 2.0f;
+    const float high = 4.0f;
+    const Chart::Series series{"", values};
+    chart->SetData({.weeks = weeks,
+                    .series = {&series, 1},
+                    .mark = {"", {&mark, 1}},
+                    .band = {"", {&low, 1}, {&high, 1}}});
+    Draw(*chart);
+    const Vector plot = chart->PlotBox();
+    const float left = plot.x + 0.05f;
+    const auto y = [&](float value) { return plot.y + value / 10.0f * (plot.w - plot.y); };
+    EXPECT_GT(Count(kOutline, left, y(7.4f), plot.z, y(7.6f)), 100);
+    EXPECT_EQ(Count(kOutline, left, y(6.0f), plot.z, y(7.0f)), 0);
+    EXPECT_EQ(At(left + 0.8f, y(1.5f)), kGround);
+    EXPECT_GT(At(left + 0.8f, y(3.0f)).red, 15);
+    EXPECT_EQ(At(left + 0.8f, y(4.5f)), kGround);
+}
+
+TEST_F(DrawnChartTest, MouseShowsALineAtItsWeek) {
+    Show(*chart, Weeks(5), {1.0f, 1.0f, 1.0f, 1.0f, 1.0f});
+    const Vector place = PlaceOf(*chart, 0.26f);
+    chart->MouseMove(place.x, place.y);
+    Draw(*chart);
+    const Vector plot = chart->PlotBox();
+    const float x = plot.x + 0.25f * (plot.z - plot.x);
+    EXPECT_GT(Count({255, 255, 255}, x - 0.005f, plot.y, x + 0.005f, plot.w), 50);
+}
+
+TEST_F(DrawnChartTest, DrawingLeavesTheStateOfOpenGLAsItWas) {
+    Show(*chart, Weeks(5), {1.0f, 3.0f, 2.0f, 1.0f, 1.0f});
+    Draw(*chart);
+    EXPECT_EQ(ModelView(), kIdentity);
+    EXPECT_EQ(glIsEnabled(GL_LINE_STIPPLE), GL_FALSE);
+    EXPECT_EQ(glIsEnabled(GL_VERTEX_ARRAY), GL_FALSE);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
 
-"""The golden pictures: how the game looks with every set in several situations, called poses. Draws
-and compares them.
+"""The golden pictures: how the game looks with every set in several situations, called poses, and
+how charts of unusual series look. Draws and compares them.
 
 goldens.py draw SET     draws the poses of a set into the build folder
 goldens.py renew        draws the poses of all sets and makes them the golden pictures"""
@@ -48,8 +48,9 @@ def draw(name):
                 link = data / path.name
                 link.unlink(missing_ok=True)
                 link.symlink_to(path)
-    subprocess.run([BUILD / "tests/goldens/gameposes", folder], cwd=data, check=True,
-                   env={**os.environ, "LIBGL_ALWAYS_SOFTWARE": "1"})
+    for program in ["gameposes", "chartposes"]:
+        subprocess.run([BUILD / "tests/goldens" / program, folder], cwd=data, check=True,
+                       env={**os.environ, "LIBGL_ALWAYS_SOFTWARE": "1"})
 
 
 def poses(folder):

@@ -57,6 +57,9 @@ class Golden:
     def test_longest_texts_look_like_their_golden_pictures(self):
         self.expect_goldens("longest")
 
+    def test_charts_of_unusual_series_look_like_their_golden_picture(self):
+        self.expect_golden("charts")
+
 
 class OwnSet(Golden, unittest.TestCase):
     set = OWN

@@ -28,7 +28,14 @@ IGNORED_PIXELS = 0.05
 # Themes with the background of their text: the picture of another theme, or their own.
 TEXT_ON = [("default", "parchment"), ("heading", "parchment"), ("hint", "parchment"),
            ("hint", "newsprint"), ("paper", "newsprint"), ("bar", "cloth")]
-TEXT_ON_ITSELF = ["button", "barbutton", "tabwin_button", "partner", "messagebox", "seal"]
+TEXT_ON_ITSELF = ["button", "barbutton", "tabwin_button", "partner", "messagebox", "seal", "chart"]
+
+# The lines of charts, and the names at their ends. Shaded weeks have the outline colour of the
+# chart with the first opacity, the band has its text colour with the second one.
+CHART = "chart"
+SERIES = [f"series{number}" for number in range(1, 5)]
+TEXT_ON += [(which, CHART) for which in SERIES]
+SHADING, BAND = 0.2, 0.1
 
 # The parts of pictures, in their middle, on which texts and outlines are drawn.
 MIDDLES = {"seal.tga": "62%x31%", "cloth.tga": "100%x60%"}
@@ -103,6 +110,18 @@ def backgrounds(name, which):
             yield [tuple(a * b for a, b in zip(tint, colour)) for colour in pixels(file)]
 
 
+def mixed(below, above, opacity):
+    return tuple(a + opacity * (b - a) for a, b in zip(below, above))
+
+
+def chart_grounds(name):
+    """The colours on which the lines of a chart are, idle and under the mouse."""
+    look = theme(name, CHART)
+    for [plain] in backgrounds(name, CHART):
+        shaded = mixed(plain, look.line, SHADING)
+        yield [plain, shaded, mixed(plain, look.text, BAND), mixed(shaded, look.text, BAND)]
+
+
 def luminance(colour):
     linear = [c / 12.92 if c <= 0.04045 else ((c + 0.055) / 1.055) ** 2.4 for c in colour]
     return 0.2126 * linear[0] + 0.7152 * linear[1] + 0.0722 * linear[2]
@@ -111,6 +130,35 @@ def luminance(colour):
 def ratio(a, b):
     high, low = sorted((luminance(a) + 0.05, luminance(b) + 0.05), reverse=True)
     return high / low
+
+
+# What people see who lack one of the three kinds of cones: red, green and blue of linear light
+# (Machado, Oliveira and Fernandes 2009, severity 1).
+COLOUR_BLINDNESS = {
+    "none": ((1, 0, 0), (0, 1, 0), (0, 0, 1)),
+    "protanopia": ((0.152286, 1.052583, -0.204868), (0.114503, 0.786281, 0.099216),
+                   (-0.003882, -0.048116, 1.051998)),
+    "deuteranopia": ((0.367322, 0.860646, -0.227968), (0.280085, 0.672501, 0.047413),
+                     (-0.011820, 0.042940, 0.968881)),
+    "tritanopia": ((1.255528, -0.076749, -0.178779), (-0.078411, 0.930809, 0.147602),
+                   (0.004733, 0.691367, 0.303900)),
+}
+
+
+def product(matrix, values):
+    return [sum(a * b for a, b in zip(row, values)) for row in matrix]
+
+
+def lab(colour, blindness):
+    """The colour in CIE L*a*b*, as people with this colour blindness see it."""
+    linear = [c / 12.92 if c <= 0.04045 else ((c + 0.055) / 1.055) ** 2.4 for c in colour]
+    seen = [min(max(c, 0.0), 1.0) for c in product(COLOUR_BLINDNESS[blindness], linear)]
+    white = (0.9505, 1.0, 1.089)
+    xyz = product(((0.4124, 0.3576, 0.1805), (0.2126, 0.7152, 0.0722), (0.0193, 0.1192, 0.9505)),
+                  seen)
+    x, y, z = (c ** (1 / 3) if c > 0.008856 else 7.787 * c + 16 / 116
+               for c in (a / b for a, b in zip(xyz, white)))
+    return 116 * y - 16, 500 * (x - y), 200 * (y - z)
 
 
 def contrast(colour, ground):
@@ -133,6 +181,11 @@ def measures(name):
         yield ("outline of " + which, ground, MIN_CONTRAST_OF_OUTLINES,
                *(contrast(scaled(look.line, brightness), colours)
                  for brightness, colours in zip(look.brightness, surroundings)))
+    for which in SERIES:
+        line = theme(name, which).line
+        yield ("line of " + which, "shaded chart", MIN_CONTRAST_OF_OUTLINES,
+               *(min(ratio(line, ground) for ground in grounds)
+                 for grounds in chart_grounds(name)))
     slot = next(backgrounds(name, SLOT))[0]
     knob = theme(name, KNOB)
     yield (KNOB, SLOT, MIN_CONTRAST_OF_OUTLINES,

@@ -3,6 +3,8 @@
 
 """The sets of data/sets, and the tables of docs/THEMES.md about them."""
 
+import itertools
+import math
 import struct
 import unittest
 
@@ -27,11 +29,20 @@ class ThemeTables(unittest.TestCase):
                 with self.subTest(set=name, what=what, on=ground):
                     self.assertGreaterEqual(min(found), least)
 
+    def test_lines_of_charts_differ_for_the_colour_blind(self):
+        for name in tables.sets():
+            for blindness in tables.COLOUR_BLINDNESS:
+                seen = [tables.lab(tables.theme(name, which).line, blindness)
+                        for which in tables.SERIES]
+                for first, second in itertools.combinations(seen, 2):
+                    with self.subTest(set=name, blindness=blindness):
+                        self.assertGreater(math.dist(first, second), 15)
+
     def test_all_themes_of_a_set_have_letters_of_one_size_of_at_least_15_pixels(self):
         pixels_per_em = 600 / 2.6 / 64 * 64 * 96 / 72  # of glyphs of 64 points at 96 dots per inch
         for name in tables.sets():
             drawn = ["default", "heading", "hint", "bar", "button", "barbutton", "paper", "partner",
-                     "messagebox", "seal", "sheet", "tabwin_button", "combo_button"]
+                     "messagebox", "seal", "sheet", "tabwin_button", "combo_button", "chart"]
             sizes = {tuple(tables.find(name, f"{theme}.theme").read_text().splitlines()[11]
                            .split("//")[0].split()) for theme in drawn}
             self.assertEqual(len(sizes), 1, name)

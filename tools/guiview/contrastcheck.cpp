@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 #include <numeric>
 
 #include "glwidget/glwindow.h"
@@ -19,6 +20,9 @@ namespace {
 
 /// A text with less contrast is hard to read (WCAG 2, success criterion 1.4.3).
 constexpr double kMinRatio = 4.5;
+
+/// A line with less contrast is hard to see (WCAG 2, success criterion 1.4.11).
+constexpr double kMinRatioOfLines = 3.0;
 
 /// This part of the pixels behind a text may have less contrast: small specks do not hide letters.
 constexpr double kSpecks = 0.05;
@@ -117,6 +121,8 @@ void ContrastCheck::CheckNode(const Node& node) {
             CheckOnBackground(node);
         break;
     }
+    if (const auto* const chart = node.As<Chart>())
+        CheckSeries(*chart, node);
     if (!node.Is(&Kind::hasTabs))
         return;
     for (const Node* other : scene.Nodes()) {
@@ -144,6 +150,29 @@ void ContrastCheck::CheckTitle(const Node& window) {
     }
 }
 
+void ContrastCheck::CheckSeries(const Chart& chart, const Node& node) {
+    const Theme& around = chart.GetTheme();
+    const Location where = node.declared->Where();
+    for (std::size_t index = 0; index < Chart::kMaxSeries; ++index) {
+        const Theme& series = chart.SeriesTheme(index);
+        const std::string what =
+            "series " + std::to_string(index + 1) + " of '" + std::string(node.Tag()) + "'";
+        for (const auto& [brightness, when] :
+             {std::pair(around.fade ? around.dim : around.bright, kIdle),
+              {around.bright, around.fade ? kHighlighted : kIdle}}) {
+            Compare(series, {Times(around.fillColour, brightness)}, &around, "the name of " + what,
+                    when, file, where);
+            double least = std::numeric_limits<double>::infinity();
+            for (const Vector& ground : chart.Grounds(brightness)) {
+                least = std::min(
+                    least, ContrastRatio(Times(series.lineColour, 1.0f), Times(ground, 1.0f)));
+            }
+            Judge(least, kMinRatioOfLines, series, &chart, "the line of " + what, when, file,
+                  where);
+        }
+    }
+}
+
 void ContrastCheck::CheckOnBackground(const Node& node) {
     const Node* const background = BackgroundOf(node);
     if (background == nullptr)
@@ -164,17 +193,25 @@ void ContrastCheck::CheckOnBackground(const Node& node) {
 void ContrastCheck::Compare(const Theme& text, const Colours& behind, const void* identity,
                             const std::string& what, const std::string& when,
                             const std::string& path, Location where) {
-    const double ratio = RatioTo(Times(text.textColour, 1.0f), behind);
-    if (ratio >= kMinRatio)
+    Judge(RatioTo(Times(text.textColour, 1.0f), behind), kMinRatio, text, identity, what, when,
+          path, where);
+}
+
+void ContrastCheck::Judge(double ratio, double least, const Theme& theme, const void* identity,
+                          const std::string& what, const std::string& when, const std::string& path,
+                          Location where) {
+    if (ratio >= least)
         return;
     std::array<char, 32> digits;
     // rounded down: 4.499 must not be printed as 4.50
     std::snprintf(digits.data(), digits.size(), "%.2f", std::floor(ratio * 100.0) / 100.0);
-    if (!reported.emplace(&text, identity, digits.data()).second)
+    if (!reported.emplace(&theme, identity, digits.data()).second)
         return;
+    std::array<char, 32> limit;
+    std::snprintf(limit.data(), limit.size(), "%.1f", least);
     findings.Warn(path, where,
-                  what + " has a contrast of " + digits.data() + ":1" + when
-                      + ", below 4.5:1 (theme '" + ThemeName(text) + "')");
+                  what + " has a contrast of " + digits.data() + ":1" + when + ", below "
+                      + limit.data() + ":1 (theme '" + ThemeName(theme) + "')");
 }
 
 const Node* ContrastCheck::BackgroundOf(const Node& node) const {

@@ -11,6 +11,7 @@
 #include <tuple>
 #include <vector>
 
+#include "glwidget/chart.h"
 #include "quarn2/texturedata.h"
 #include "tools/guiview/finding.h"
 #include "tools/guiview/scene.h"
@@ -26,7 +27,8 @@ double Luminance(const Rgb& colour);
 /// From 1, for equal colours, to 21, for black and white (WCAG 2).
 double ContrastRatio(const Rgb& a, const Rgb& b);
 
-/// Reports texts with too little contrast to their background, with and without the mouse over it.
+/// Reports texts, and lines of charts, with too little contrast to their background, with and
+/// without the mouse over it.
 /// The background is the widget's own fill, the image button below it or the window around it. If
 /// there is none of these, it is unknown and the text is not checked.
 ///
@@ -50,11 +52,16 @@ private:
 
     void CheckNode(const Node& node);
     void CheckTitle(const Node& window);
+    void CheckSeries(const Chart& chart, const Node& node);
     void CheckOnBackground(const Node& node);
     /// @param identity  the theme or the widget that gives the colours
     void Compare(const Theme& text, const Colours& behind, const void* identity,
                  const std::string& what, const std::string& when, const std::string& path,
                  Location where);
+    /// Reports a contrast that is too low.
+    void Judge(double ratio, double least, const Theme& theme, const void* identity,
+               const std::string& what, const std::string& when, const std::string& path,
+               Location where);
 
     const Node* BackgroundOf(const Node& node) const;
     std::optional<Colours> ColoursOf(const Node& background, const Box& area, Mouse mouse);

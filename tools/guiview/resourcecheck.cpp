@@ -48,6 +48,7 @@ void ResourceCheck::Run(bool withMessageBox) {
             }
         } else if (statement.kind != nullptr && !statement.kind->hasTabs) {
             CheckButtonTheme(*statement.kind, statement.Find("kind")->location);
+            CheckSeriesThemes(*statement.kind);
         }
     }
     if (withMessageBox)
@@ -75,6 +76,16 @@ void ResourceCheck::CheckDefaultTheme() {
 void ResourceCheck::CheckButtonTheme(const Kind& kind, Location where) {
     if (kind.buttonTheme != nullptr)
         CheckTheme(kind.buttonTheme, where, std::string(kind.buttonThemeOwner) + " theme");
+}
+
+void ResourceCheck::CheckSeriesThemes(const Kind& kind) {
+    for (const char* const name : kind.seriesThemes) {
+        if (!IsNew(name))
+            continue;
+        // Without the file, colours of the toolkit are used.
+        if (const auto content = ReadTextFile(name))
+            CheckTheme(name, *content);
+    }
 }
 
 void ResourceCheck::CheckTheme(const std::string& name, Location where, const std::string& what) {

@@ -39,6 +39,7 @@ private:
     /// Checks the theme of the buttons that a widget of this kind makes for itself, if it makes
     /// any.
     void CheckButtonTheme(const Kind& kind, Location where);
+    void CheckSeriesThemes(const Kind& kind);
     /// @param what  the theme's name in the report that its file cannot be read
     void CheckTheme(const std::string& name, Location where, const std::string& what);
     void CheckTheme(const std::string& name, const std::string& content);

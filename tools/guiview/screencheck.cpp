@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "glwidget/chart.h"
 #include "glwidget/checkbox.h"
 #include "glwidget/combobox.h"
 #include "glwidget/drawing.h"
@@ -62,6 +63,8 @@ void ScreenCheck::Run() {
         CheckText(*nodes[i]);
         if (nodes[i]->As<Combobox>() != nullptr)
             CheckList(*nodes[i]);
+        if (const auto* const chart = nodes[i]->As<Chart>())
+            CheckChart(*chart, *nodes[i]);
         CheckCentre(*nodes[i]);
         for (std::size_t j = 0; j < i; ++j)
             CheckSiblings(*nodes[j], *nodes[i]);
@@ -180,6 +183,17 @@ void ScreenCheck::CheckList(const Node& combo) {
             continue;
         Warn(*node, Quoted(node->Tag()) + " is under the open list of " + Quoted(combo.Tag())
                         + ": a click on the list reaches it too");
+    }
+}
+
+void ScreenCheck::CheckChart(const Chart& chart, const Node& node) {
+    const Vector missing = chart.MissingSize();
+    for (const auto& [length, direction] :
+         {std::pair(missing.x, " too narrow"), {missing.y, " too low"}}) {
+        if (length > kTolerance) {
+            Warn(node, Quoted(node.Tag()) + " is " + Pixels(length) + direction
+                           + " for the lines and the texts of its chart");
+        }
     }
 }
 

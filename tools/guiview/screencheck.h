@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "glwidget/chart.h"
 #include "tools/guiview/finding.h"
 #include "tools/guiview/scene.h"
 
@@ -37,6 +38,7 @@ private:
     void CheckTitle(const Node& window);
     void CheckLabel(const Node& label);
     void CheckList(const Node& combo);
+    void CheckChart(const Chart& chart, const Node& node);
     void CheckCentre(const Node& node);
     void CheckWidth(const Node& node, const std::string& text, float room);
 

@@ -230,5 +230,30 @@ TEST_F(ContrastCheckTest, MessageBoxOfTheGameIsCheckedInItsTheme) {
     EXPECT_EQ(Found("", false), "");
 }
 
+constexpr const char* kChart = "CADD Chart a NULL -1 0 1 0.8 A\n";
+
+TEST_F(ContrastCheckTest, DarkLinesOnALightChartAreClean) {
+    EXPECT_EQ(FoundIn(kBlack, kWhite, kChart), "");
+}
+
+TEST_F(ContrastCheckTest, NameOfALineIsComparedWithTheFillOfItsChart) {
+    folder.Write("series2.theme", "1 1 1 text\n0 0 0 line\n" + AfterColours(Theme(kBlack, kWhite)));
+    EXPECT_EQ(FoundIn(kBlack, kWhite, kChart),
+              "test.gui:3:12: warning: the name of series 2 of 'a' has a contrast of 1.25:1, below "
+              "4.5:1 (theme 'series2.theme')\n"
+              "test.gui:3:12: warning: the name of series 2 of 'a' has a contrast of 1.00:1 under "
+              "the mouse, below 4.5:1 (theme 'series2.theme')\n");
+}
+
+TEST_F(ContrastCheckTest, LineIsComparedWithTheShadedPartsOfItsChart) {
+    // This grey has a contrast of 3.17:1 to the chart, but less to shaded weeks.
+    folder.Write("series3.theme",
+                 "0 0 0 text\n0.5 0.5 0.5 line\n" + AfterColours(Theme(kBlack, kWhite)));
+    const std::string found = FoundIn(kBlack, kWhite, kChart);
+    EXPECT_THAT(found, HasSubstr("warning: the line of series 3 of 'a' has a contrast of 1.8"));
+    EXPECT_THAT(found, HasSubstr(":1, below 3.0:1 (theme 'series3.theme')\n"));
+    EXPECT_THAT(found, testing::Not(HasSubstr("the name of series")));
+}
+
 }  // namespace
 }  // namespace guiview

@@ -7,13 +7,15 @@
 
 #include <string>
 
+#include "glwidget/chart.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/guiview/layoutcheck.h"
 
 namespace guiview {
 
 /// Checks small layouts in a folder with the files that they need: a configuration with the game's
-/// font, and a default theme without a picture, black on grey.
+/// font, a default theme without a picture, black
+/// on grey, and black lines for charts.
 class LayoutTest : public testing::Test {
 protected:
     static constexpr const char* kFirstLines = "CONF gui.conf\n";
@@ -26,6 +28,13 @@ protected:
         folder.Write("default.theme", Theme("0 0 0", "0.8 0.8 0.8"));
         for (const char* name : {"combo_button.theme", "tabwin_button.theme", "messagebox.theme"})
             folder.Write(name, Theme("0 0 0", "0.8 0.8 0.8"));
+        for (const char* name : Chart::kSeriesThemes)
+            folder.Write(name, "0 0 0 text\n0 0 0 line\n" + AfterColours(Theme("0 0 0", "1 1 1")));
+    }
+
+    /// A theme from its third line on.
+    static std::string AfterColours(const std::string& theme) {
+        return theme.substr(theme.find('\n', theme.find('\n') + 1) + 1);
     }
 
     /// A theme file with glyphs of 0.05, tick boxes of 0.1 and no picture.

@@ -147,5 +147,19 @@ TEST_F(ResourceCheckTest, FindingsInTheLayoutComeBeforeThoseInOtherFiles) {
               "a.theme:1:1: error: the file ends before its text colour\n");
 }
 
+TEST_F(ResourceCheckTest, ThemesOfAChartsLinesMayBeMissing) {
+    for (const char* name : Chart::kSeriesThemes)
+        Remove(name);
+    EXPECT_THAT(FoundWithFont("CADD Chart a NULL -1 0 1 0.8 A\n"),
+                testing::Not(testing::HasSubstr("error")));
+}
+
+TEST_F(ResourceCheckTest, MistakesInTheThemesOfAChartsLinesAreReported) {
+    folder.Write("series4.theme", "0 0\n");
+    EXPECT_THAT(FoundWithFont("CADD Chart a NULL -1 0 1 0.8 A\n"),
+                testing::HasSubstr("series4.theme:"));
+    EXPECT_EQ(FoundWithFont(""), "");
+}
+
 }  // namespace
 }  // namespace guiview

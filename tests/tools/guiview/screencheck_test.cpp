@@ -229,5 +229,23 @@ TEST_F(ScreenCheckTest, ImageButtonUnderAnotherWidgetMayBeAtTheCentre) {
                 HasSubstr("'desk' is at the centre of the screen"));
 }
 
+// Charts
+
+TEST_F(ScreenCheckTest, ChartWithEnoughRoomIsClean) {
+    EXPECT_EQ(FoundWithFont("CADD Chart a NULL -1 0 1 0.8 How many are we?\n"), "");
+}
+
+TEST_F(ScreenCheckTest, ChartThatIsTooSmallForItsLinesIsAWarning) {
+    EXPECT_THAT(FoundWithFont("CADD Chart a NULL -1 0 0.3 0.8 A\n"),
+                HasSubstr(" too narrow for the lines and the texts of its chart\n"));
+    EXPECT_THAT(FoundWithFont("CADD Chart a NULL -1 0 1 0.3 A\n"),
+                HasSubstr(" too low for the lines and the texts of its chart\n"));
+}
+
+TEST_F(ScreenCheckTest, CaptionThatIsWiderThanItsChartIsAWarning) {
+    EXPECT_THAT(FoundWithFont("CADD Chart a NULL -1 0 0.6 0.8 How many people are we this week?\n"),
+                HasSubstr(" wider than the widget has room for\n"));
+}
+
 }  // namespace
 }  // namespace guiview
