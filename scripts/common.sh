@@ -53,6 +53,16 @@ install_missing() {
     "${run[@]}" install -y --no-install-recommends "${missing[@]}" </dev/null
 }
 
+# configure_release TOOLS: configures build/release for players, without the tests, and without the
+# tools unless TOOLS is ON. A build folder that has tests or tools keeps them.
+configure_release() {
+    local testing=OFF tools=$1 cache=build/release/CMakeCache.txt
+    ! grep -qsx BUILD_TESTING:BOOL=ON "$cache" || testing=ON
+    ! grep -qsx MEROVINSKA_TOOLS:BOOL=ON "$cache" || tools=ON
+    cmake --preset release --log-level=WARNING \
+        -DBUILD_TESTING="$testing" -DMEROVINSKA_TOOLS="$tools" >/dev/null
+}
+
 # lay_set NAME: links the data to build/sets/NAME, with the files of a set in place of those of the
 # same name. An existing folder is kept, because a game may run in it. Links to files that exist no
 # more are removed.

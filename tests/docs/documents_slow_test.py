@@ -25,10 +25,11 @@ RENEWALS = {f"cmake --build --preset release --target {target}"
             for target in ("goldens", "renew_layout_records", "renew_theme_records", "plots")}
 PLAYS = ["./play", "./play --set large", "./play --set high-contrast --scale 1.5"]
 PICTURE = "./play --screenshot picture.png --seconds 5"
+TOOLS = "scripts/tools"
 # Run for 1 second for each target instead of 600.
 FUZZING = {"fuzz/run 600": "fuzz/run 1"}
 
-SLOW = SEARCHES | set(BUILDS) | RENEWALS | {*PLAYS, PICTURE} | FUZZING.keys()
+SLOW = SEARCHES | set(BUILDS) | RENEWALS | {*PLAYS, PICTURE, TOOLS} | FUZZING.keys()
 
 
 class SlowDocuments(unittest.TestCase):
@@ -107,6 +108,21 @@ class SlowDocuments(unittest.TestCase):
             subprocess.run(["xdotool", "key", "Escape"], env=self.environment, check=False)
             wait_a_moment()
         self.assertEqual(game.returncode, 0)
+
+    def test_first_commands_about_layouts_work_after_the_first_game(self):
+        self.run_command(PICTURE)
+        self.assertFalse((self.tree / "build/release/tools/guiview").exists())
+        block = documents.blocks(ROOT / "docs/LAYOUT.md")[0]
+        commands = [command.text for command in documents.shell(block)]
+        self.assertEqual(commands[0], TOOLS)
+        self.start_display()
+        for command in commands:
+            if command.endswith("guiview data/my.gui.debug"):
+                # The window stays until the user closes it.
+                command = f"timeout --preserve-status 5 {command} | grep -q ': shown$'"
+            self.run_command(command)
+        self.run_command("./play --screenshot again.png --seconds 1")
+        self.run_command(commands[2])
 
     def test_tables_of_the_document_are_the_output_of_the_search(self):
         self.environment["COUNTRYSIM"] = str(BUILD / "tools/countrysim")

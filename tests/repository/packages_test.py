@@ -17,6 +17,7 @@ BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 COMMANDS = {
     "play": ["g++", "cmake", "ninja"],
     "picture": ["Xvfb", "import"],
+    "tools": [],
     "check": ["pkg-config", "clang-format", "clang-tidy", "run-clang-tidy", "shellcheck", "xdotool",
               "python3", "pytest-3", "doxygen", "gnuplot", "dot", "reuse", "codespell",
               "parallel", "help2man"],
@@ -140,6 +141,7 @@ def section_of_compiler():
 
 
 GAME = ("quarn2/", "glwidget/", "country/", "app/", "merovinska")
+TOOLS = ("tools/",)
 EVERYTHING = ("",)
 
 
@@ -166,22 +168,30 @@ class PackageList(unittest.TestCase):
 
     def test_list_has_its_sections_and_each_package_once_with_a_reason(self):
         self.assertEqual(
-            list(self.sections), ["play", "picture", "check", "package", "fuzz", "coverage"])
+            list(self.sections),
+            ["play", "picture", "tools", "check", "package", "fuzz", "coverage"])
         for section in self.sections.values():
             self.assertTrue(section)
 
     def test_list_provides_the_headers_of_the_game(self):
         self.expect_provided(compiled_headers(GAME), "play", *section_of_compiler())
 
-    def test_list_provides_the_headers_of_tools_and_tests(self):
-        self.expect_provided(compiled_headers(EVERYTHING), "play", "picture", "check",
+    def test_list_provides_the_headers_of_the_tools(self):
+        self.expect_provided(compiled_headers(GAME + TOOLS), "play", "tools",
+                             *section_of_compiler())
+
+    def test_list_provides_the_headers_of_the_tests(self):
+        self.expect_provided(compiled_headers(EVERYTHING), "play", "picture", "tools", "check",
                             *section_of_compiler())
 
     def test_list_provides_the_libraries_of_the_game(self):
         self.expect_provided(linked_libraries(GAME), "play")
 
-    def test_list_provides_the_libraries_of_tools_and_tests(self):
-        self.expect_provided(linked_libraries(EVERYTHING), "play", "picture", "check")
+    def test_list_provides_the_libraries_of_the_tools(self):
+        self.expect_provided(linked_libraries(GAME + TOOLS), "play", "tools")
+
+    def test_list_provides_the_libraries_of_the_tests(self):
+        self.expect_provided(linked_libraries(EVERYTHING), "play", "picture", "tools", "check")
 
     def test_list_provides_the_commands_that_scripts_and_tests_call(self):
         sections = []
@@ -207,6 +217,11 @@ class PackageList(unittest.TestCase):
         del self.sections["play"]["libsdl1.2-dev"]
         with self.assertRaisesRegex(AssertionError, "libsdl1.2-dev"):
             self.expect_provided(compiled_headers(GAME), "play")
+
+    def test_package_of_the_tools_that_is_removed_from_the_list_is_noticed(self):
+        del self.sections["tools"]["libegl-dev"]
+        with self.assertRaisesRegex(AssertionError, "libegl-dev"):
+            self.expect_provided(linked_libraries(GAME + TOOLS), "play", "tools")
 
     def test_package_without_a_reason_is_an_error(self):
         with self.assertRaisesRegex(ValueError, "cmake has no reason"):

@@ -366,6 +366,58 @@ class Scripts(unittest.TestCase):
             self.assertLess(time.monotonic(), deadline)
             time.sleep(0.02)
 
+    # Tools
+
+    CMAKE = 'echo "cmake $*" >>calls'
+
+    def configure(self, *lines):
+        """What scripts/tools and ./play tell CMake if its cache has these lines."""
+        cache = self.root / "build/release/CMakeCache.txt"
+        cache.parent.mkdir(parents=True, exist_ok=True)
+        cache.write_text("".join(f"{line}\n" for line in lines))
+        (self.root / "packages.txt").write_text("[play]\nbash  runs\n[tools]\nsed  edits\n")
+        self.write_command("cmake", self.CMAKE)
+        calls = {}
+        for command in ("scripts/tools", "./play"):
+            (self.root / "calls").unlink(missing_ok=True)
+            self.command(command)
+            calls[command] = (self.root / "calls").read_text().splitlines()
+        return calls
+
+    def test_tools_are_configured_and_built_without_the_tests(self):
+        calls = self.configure("BUILD_TESTING:BOOL=OFF", "MEROVINSKA_TOOLS:BOOL=OFF")
+        self.assertEqual(calls["scripts/tools"], [
+            "cmake --preset release --log-level=WARNING -DBUILD_TESTING=OFF -DMEROVINSKA_TOOLS=ON",
+            "cmake --build --preset release --target guiview countrysim guiart"])
+        self.assertEqual(calls["./play"][:2], [
+            "cmake --preset release --log-level=WARNING -DBUILD_TESTING=OFF -DMEROVINSKA_TOOLS=OFF",
+            "cmake --build --preset release --target merovinska"])
+
+    def test_play_keeps_the_tools_that_are_configured(self):
+        calls = self.configure("BUILD_TESTING:BOOL=OFF", "MEROVINSKA_TOOLS:BOOL=ON")
+        self.assertTrue(calls["./play"][0].endswith("-DBUILD_TESTING=OFF -DMEROVINSKA_TOOLS=ON"))
+
+    def test_tools_and_play_keep_the_tests_that_are_configured(self):
+        for call in self.configure("BUILD_TESTING:BOOL=ON", "MEROVINSKA_TOOLS:BOOL=ON").values():
+            self.assertTrue(call[0].endswith("-DBUILD_TESTING=ON -DMEROVINSKA_TOOLS=ON"))
+
+    def test_tools_install_the_packages_of_the_game_and_their_own(self):
+        (self.root / "packages.txt").write_text(
+            "[play]\nno-such-package-one  a\n[tools]\nno-such-package-two  b\n"
+            "[check]\nno-such-package-three  c\n")
+        self.write_command("apt-get", "exit 100")
+        self.write_command("sudo", '"$@"')
+        self.write_command("cmake", self.CMAKE)
+        result = self.command("scripts/tools")
+        self.assertEqual((result.returncode, result.stdout), (
+            100, "Installing: no-such-package-one no-such-package-two\n"))
+        self.assertFalse((self.root / "calls").exists())
+
+    def test_tools_take_no_arguments(self):
+        result = self.command("scripts/tools", "--fast")
+        self.assertEqual((result.returncode, result.stdout, result.stderr),
+                         (1, "", "usage: scripts/tools\n"))
+
     # ./play as a whole, with a game that is already built
 
     def prepare_play(self, game):
