@@ -1,43 +1,49 @@
 // SPDX-FileCopyrightText: 2026 The Merovinska founders
 // SPDX-License-Identifier: MIT
 
-// Simulates the country without a window and prints one CSV row per tick or per campaign, to study
-// and compare how the country behaves.
+// Simulates the country without a window and prints one row per tick or per campaign, to study and
+// compare how the country behaves.
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <optional>
+#include <span>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "country/rates.h"
 #include "country/start.h"
 #include "tools/commandline.h"
 #include "tools/countrysim/campaign.h"
+#include "tools/countrysim/columns.h"
 
 namespace {
 
 constexpr int kBadOption = 2;
 constexpr double kMaxWeeks = 1e9;
 constexpr char kRealStep[] = "real";
-constexpr char kSummaryHelp[] =
-    "Columns of --summary: seed; weeks survived, which are the whole weeks at whose end there "
-    "were people (nothing else ends a country, and the campaign ends with them); the week, from "
-    "1, of the first famine, the first plague and the rebellion, empty when there was none; then "
-    "lowest and last, of the figures at the ends of the ticks, of livestock, grain, people, "
-    "funds, morale and crime.";
-
 /// One per profession, in their order.
 constexpr std::array<const char*, kProfessions.size()> kShareOptions{
     "farmers", "butchers", "educators", "warriors", "doctors"};
+
+/// What --at can change. The first ones are the professions.
+constexpr std::array<const char*, 10> kLevers{
+    kShareOptions[0], kShareOptions[1], kShareOptions[2], kShareOptions[3], kShareOptions[4],
+    "lration",        "gration",        "justice",        "renew",          "trade"};
+static_assert(kLevers.size() == static_cast<std::size_t>(Lever::Trade) + 1);
+
+constexpr char kOff[] = "off";  // in place of the weeks of a trade
 
 /// Campaigns of these seeds, both included.
 struct Seeds {
@@ -52,6 +58,8 @@ struct Options {
     bool noNewspaper = false;
     bool summary = false;
     bool chronicle = false;
+    bool json = false;
+    std::vector<std::string> changes;
     Campaign campaign;
 };
 
@@ -99,6 +107,36 @@ std::optional<Seeds> ParseSeeds(std::string_view text) {
     if (!from || !to || *from > *to)
         return std::nullopt;
     return Seeds{*from, *to};
+}
+
+/// Takes WEEK:OPTION=VALUE.
+std::optional<Change> ParseChange(const std::string& text) {
+    const std::size_t colon = text.find(':');
+    const std::size_t equals = text.find('=', std::min(colon, text.size()));
+    if (equals == std::string::npos)
+        return std::nullopt;
+    const std::optional<std::uint32_t> week = ParseSeed(std::string_view(text).substr(0, colon));
+    const std::string value = text.substr(equals + 1);
+    const auto lever = std::ranges::find(kLevers, text.substr(colon + 1, equals - colon - 1));
+    if (!week || *week == 0 || lever == kLevers.end())
+        return std::nullopt;
+    Change change{*week, static_cast<Lever>(lever - kLevers.begin()), std::nullopt};
+    if (change.lever == Lever::Trade && value == kOff)
+        return change;
+    const bool valid = change.lever == Lever::Renew   ? value == "0" || value == "1"
+                       : change.lever == Lever::Trade ? IsNumberWithin(value, 0.0, kMaxWeeks)
+                                                      : IsNumberWithin(value, 0.0, 1.0);
+    if (!valid)
+        return std::nullopt;
+    change.level = std::stof(value);
+    return change;
+}
+
+CLI::Validator ChangeText() {
+    return {[](const std::string& text) -> std::string {
+                return ParseChange(text) ? "" : "'" + text + "' is not like 20:justice=0.56";
+            },
+            ""};
 }
 
 CLI::Validator SeedText() {
@@ -175,76 +213,127 @@ void Declare(CLI::App& app, Options& options) {
     app.add_flag("--chronicle", options.chronicle,
                  "Print what happened, a line per event, instead of rows; the last 1000 events")
         ->excludes(summary);
-    app.footer(kSummaryHelp);
+    app.add_option(
+           "--at", options.changes,
+           "From the beginning of this week, from 1, OPTION has this value. OPTION is a "
+           "profession, lration, gration, justice, renew (0 or 1) or trade (weeks, or off). "
+           "Can be given many times")
+        ->type_name("WEEK:OPTION=VALUE")
+        ->allow_extra_args(false)
+        ->check(ChangeText());
+    app.add_flag("--json", options.json,
+                 "Print each row as a JSON object, one per line, instead of CSV");
+    app.footer("Columns, with their units in brackets:\n" + DescribeColumns(TickColumns())
+               + "\nColumns of --summary:\n" + DescribeColumns(SummaryColumns()));
 }
 
-void PrintHeader() {
-    std::puts(
-        "tick,elapsed,population,funds,livestock,grain,livestock_production,grain_production,"
-        "morale,opinion,crime,justice,famineChance,famineTime,plagueTime,rebellion");
-}
+/// Prints rows as CSV or, one object per line, as JSON.
+class RowPrinter {
+public:
+    RowPrinter(std::span<const Column> theColumns, bool asJson)
+        : columns(theColumns), json(asJson) {}
 
-void PrintRow(std::int64_t tick, const Country& country) {
-    std::printf("%lld", static_cast<long long>(tick));
-    for (const float value :
-         {country.elapsed, country.population, country.funds, country.livestock.amount,
-          country.grain.amount, country.livestock.production, country.grain.production,
-          country.morale, country.opinion, country.justice.crimeLevel, country.justice.justiceLevel,
-          country.famineChance, country.famineTime, country.plagueTime})
-        std::printf(",%.9g", static_cast<double>(value));
-    std::printf(",%d\n", country.rebellion ? 1 : 0);
-}
+    void PrintHeader() const {
+        if (json)
+            return;
+        for (const Column& column : columns)
+            std::printf("%s%s", &column == columns.data() ? "" : ",", column.name);
+        std::putchar('\n');
+    }
 
-void PrintRows(const Campaign& campaign) {
-    PrintHeader();
+    // The fields of a row, in the order of the columns.
+    void Whole(std::int64_t number) {
+        Begin();
+        std::printf("%lld", static_cast<long long>(number));
+    }
+    void Number(double number) {
+        Begin();
+        if (json && !std::isfinite(number)) {
+            std::fputs("null", stdout);  // JSON has neither infinity nor NaN
+        } else {
+            std::printf("%.9g", number);
+        }
+    }
+    void WholeIfAny(const std::optional<std::int64_t>& number) {
+        if (number) {
+            Whole(*number);
+            return;
+        }
+        Begin();
+        if (json)
+            std::fputs("null", stdout);
+    }
+    void EndRow() {
+        std::fputs(json ? "}\n" : "\n", stdout);
+        next = 0;
+    }
+
+private:
+    void Begin() {
+        if (json) {
+            std::printf("%s\"%s\":", next == 0 ? "{" : ",", columns[next].name);
+        } else if (next > 0) {
+            std::putchar(',');
+        }
+        ++next;
+    }
+
+    std::span<const Column> columns;
+    bool json;
+    std::size_t next = 0;
+};
+
+void PrintRows(const Campaign& campaign, bool json) {
+    RowPrinter printer(TickColumns(), json);
+    printer.PrintHeader();
     std::int64_t tick = 0;
     // the messages go elsewhere, so that standard output has rows only
     Run(campaign, &std::cerr, [&](const Country& country, double, float) {
-        PrintRow(++tick, country);
+        printer.Whole(++tick);
+        for (const Column& column : TickColumns()) {
+            if (column.figure != nullptr)
+                printer.Number(column.figure(country));
+        }
+        printer.EndRow();
         return true;
     });
 }
 
-void PrintSummaryHeader() {
-    std::puts(
-        "seed,weeks,famine,plague,rebellion,livestock_lowest,livestock_last,grain_lowest,"
-        "grain_last,people_lowest,people_last,funds_lowest,funds_last,morale_lowest,morale_last,"
-        "crime_lowest,crime_last");
-}
-
-void PrintSummary(std::uint32_t seed, const Summary& summary) {
-    std::printf("%lu,%lld", static_cast<unsigned long>(seed),
-                static_cast<long long>(summary.weeks));
+void PrintSummary(RowPrinter& printer, std::uint32_t seed, const Summary& summary) {
+    printer.Whole(seed);
+    printer.Whole(summary.weeks);
     for (const std::optional<std::int64_t>& week :
-         {summary.famine, summary.plague, summary.rebellion}) {
-        std::putchar(',');
-        if (week)
-            std::printf("%lld", static_cast<long long>(*week));
-    }
+         {summary.famine, summary.plague, summary.rebellion})
+        printer.WholeIfAny(week);
     for (const Range& range : {summary.livestock, summary.grain, summary.people, summary.funds,
                                summary.morale, summary.crime}) {
-        std::printf(",%.9g,%.9g", static_cast<double>(range.lowest),
-                    static_cast<double>(range.last));
+        printer.Number(double{range.lowest});
+        printer.Number(double{range.last});
     }
-    std::putchar('\n');
+    printer.EndRow();
 }
 
-void PrintSummaries(Campaign& campaign, Seeds seeds) {
-    PrintSummaryHeader();
+void PrintSummaries(Campaign& campaign, Seeds seeds, bool json) {
+    RowPrinter printer(SummaryColumns(), json);
+    printer.PrintHeader();
     for (std::uint64_t seed = seeds.from; seed <= seeds.to; ++seed) {
         campaign.seed = static_cast<std::uint32_t>(seed);
-        PrintSummary(campaign.seed, Summarise(campaign));
+        PrintSummary(printer, campaign.seed, Summarise(campaign));
         if (std::ferror(stdout) != 0)
             return;  // the output is closed or full
     }
 }
 
-void PrintChronicle(const Campaign& campaign) {
+void PrintChronicle(const Campaign& campaign, bool json) {
     const Chronicle chronicle = WriteChronicle(campaign);
     for (std::size_t index = chronicle.Size(); index > 0; --index) {
         const Chronicle::Entry& entry = chronicle.Newest(index - 1);
-        std::string line = entry.date.DayText() + ": ";
-        entry.WriteTo(line);
+        std::string text;
+        entry.WriteTo(text);
+        const std::string date = entry.date.DayText();
+        const std::string line = json
+                                     ? nlohmann::ordered_json{{"date", date}, {"text", text}}.dump()
+                                     : date + ": " + text;
         std::puts(line.c_str());
     }
 }
@@ -255,15 +344,24 @@ void RunAsAsked(Options& options) {
     if (options.step != kRealStep)
         campaign.step = std::stof(options.step);
     campaign.seed = *ParseSeed(options.seed);
+    for (const std::string& change : options.changes)
+        campaign.changes.push_back(*ParseChange(change));
+    std::ranges::stable_sort(campaign.changes, {}, &Change::week);
     const Seeds seeds =
         options.seeds.empty() ? Seeds{campaign.seed, campaign.seed} : *ParseSeeds(options.seeds);
     if (options.summary) {
-        PrintSummaries(campaign, seeds);
+        PrintSummaries(campaign, seeds, options.json);
     } else if (options.chronicle) {
-        PrintChronicle(campaign);
+        PrintChronicle(campaign, options.json);
     } else {
-        PrintRows(campaign);
+        PrintRows(campaign, options.json);
     }
+}
+
+bool ChangesTrade(const Options& options) {
+    return std::ranges::any_of(options.changes, [](const std::string& change) {
+        return ParseChange(change)->lever == Lever::Trade;
+    });
 }
 
 int ParseAndRun(int argc, char** argv) {
@@ -273,6 +371,10 @@ int ParseAndRun(int argc, char** argv) {
     Declare(app, options);
     if (const auto status = ParseCommandLine(app, "countrysim", kBadOption, argc, argv))
         return *status;
+    if (options.campaign.bare && ChangesTrade(options)) {
+        std::cerr << "countrysim: --bare has no neighbours to trade with\n";
+        return kBadOption;
+    }
     RunAsAsked(options);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         std::cerr << "countrysim: cannot write the rows\n";

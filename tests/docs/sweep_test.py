@@ -1,11 +1,16 @@
 # SPDX-FileCopyrightText: 2026 The Merovinska founders
 # SPDX-License-Identifier: MIT
-"""Runs docs/sweep, and gives docs/search and docs/plots/make wrong input."""
+"""Runs docs/sweep and the commands that draw an own run, and gives docs/search and docs/plots/make
+wrong input."""
 
 import os
 import subprocess
+import tempfile
 import unittest
 from pathlib import Path
+
+import documents
+from PIL import Image
 
 ROOT = Path(__file__).resolve().parents[2]
 COUNTRYSIM = Path(os.environ["MEROVINSKA_BUILD"]) / "tools/countrysim"
@@ -14,6 +19,26 @@ COUNTRYSIM = Path(os.environ["MEROVINSKA_BUILD"]) / "tools/countrysim"
 def run(*command, policies="", countrysim=COUNTRYSIM):
     return subprocess.run(command, input=policies, capture_output=True, text=True, cwd=ROOT,
                           env={**os.environ, "COUNTRYSIM": str(countrysim)}, timeout=100)
+
+
+class OwnRun(unittest.TestCase):
+    def test_commands_of_the_manual_draw_the_lines_of_an_own_run(self):
+        block = next(block for block in documents.blocks(ROOT / "docs/PLAYING.md")
+                     if any(line.startswith("gnuplot ") for line in block.lines))
+        with tempfile.TemporaryDirectory() as folder:
+            tools = Path(folder) / "build/release/tools"
+            tools.mkdir(parents=True)
+            (tools / "countrysim").symlink_to(COUNTRYSIM)
+            for command in documents.shell(block):
+                result = subprocess.run(["bash", "-c", command.text], cwd=folder,
+                                        capture_output=True, text=True, timeout=100)
+                self.assertEqual(result.returncode, 0, result.stderr)
+            self.assertEqual(len((Path(folder) / "run.csv").read_text().splitlines()), 201)
+            self.assertNotIn("warning", result.stderr)
+            with Image.open(Path(folder) / "run.png") as picture:
+                colours = {colour for count, colour in picture.convert("RGB").getcolors(1 << 24)
+                           if count > 100 and len(set(colour)) > 1}
+            self.assertGreaterEqual(len(colours), 3)
 
 
 class Sweep(unittest.TestCase):

@@ -132,7 +132,8 @@ class ManualPagesOfTools(unittest.TestCase):
                                       stdout=subprocess.PIPE).stdout
                 options = re.findall(r"(?m)^  (-.+?)(?: {2,}.*)?$", said)
                 self.assertGreater(len(options), 10)
-                section = roff_text(self.manual(tool)).split(".SH OPTIONS\n")[1].split("\n.SH ")[0]
+                section = roff_text(self.manual(tool)).split(".SH OPTIONS\n")[1]
+                section = re.split(r"\n\.S[HS] ", section)[0]
                 self.assertEqual(re.findall(r"(?m)^\.TP\n(.+)$", section), options)
 
     def test_manual_page_names_the_tool_in_one_line(self):

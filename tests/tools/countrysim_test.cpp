@@ -503,6 +503,160 @@ TEST(CountrysimTest, ChronicleThatCannotBeWrittenEndsWithStatusOne) {
     EXPECT_EQ(result.error, "countrysim: cannot write the rows\n");
 }
 
+// Changes of the policy
+
+TEST(CountrysimTest, ChangeMovesOneSliderBeforeTheFirstTickOfItsWeek) {
+    std::srand(2);
+    World world;
+    Country& player = world.player;
+    GovernAsTheGame(player);
+    std::string expected = kHeader;
+    for (int week = 1; week <= 30; ++week) {
+        if (week == 5)
+            player.justice.justiceLevel = 0.56f;
+        if (week == 8) {
+            player.SetShare(Profession::Doctors, 0.1f);
+            player.Normalise(Profession::Doctors);
+            player.livestock.ration = 0.4f * 2.0f * 0.1f;
+        }
+        if (week == 12)
+            player.grain.ration = 0.7f * 2.0f * 0.2f;
+        world.Advance(kWeek);
+        expected += Row(week, player);
+    }
+    EXPECT_EQ(Rows("--seed 2 --weeks 30 --at 12:gration=0.7 --at 5:justice=0.56 "
+                   "--at 8:doctors=0.1 --at 8:lration=0.4"),
+              expected);
+}
+
+TEST(CountrysimTest, ChangeInTheFirstWeekIsThePolicyOfTheWholeCampaign) {
+    EXPECT_EQ(Rows("--weeks 40 --at 1:justice=0.6 --at 1:lration=0.4"),
+              Rows("--weeks 40 --justice 0.6 --lration 0.4"));
+}
+
+TEST(CountrysimTest, ChangeOfAShareHoldsWhenTheWorkersAreSetAgain) {
+    const auto table = Table(Rows("--weeks 30 --renew --at 10:butchers=0"));
+    EXPECT_GT(std::stof(table[8][6]), 0.0f);
+    for (std::size_t week = 10; week <= 30; ++week)
+        EXPECT_EQ(table[week - 1][6], "0") << week;
+}
+
+TEST(CountrysimTest, RenewAndTradeCanBeginAndEnd) {
+    EXPECT_EQ(Rows("--weeks 30 --at 1:renew=1 --at 1:trade=3"),
+              Rows("--weeks 30 --renew --trade 3"));
+    EXPECT_EQ(Rows("--weeks 30 --renew --trade 3 --at 1:renew=0 --at 1:trade=off"),
+              Rows("--weeks 30"));
+    EXPECT_NE(Rows("--weeks 30 --at 20:trade=3"), Rows("--weeks 30"));
+}
+
+TEST(CountrysimTest, ChangeBelongsToItsWeekAlsoInShorterSteps) {
+    const auto table = Table(Rows("--weeks 3 --step 86400 --at 2:justice=0.9"));
+    EXPECT_EQ(table[6][11], "0.5");
+    EXPECT_EQ(table[7][11], "0.899999976");
+}
+
+TEST(CountrysimTest, SummaryAndChronicleFollowTheChangesToo) {
+    EXPECT_EQ(Rows("--summary --weeks 200 --at 1:justice=0.56 --at 1:renew=1 --at 1:doctors=0.1"),
+              Rows("--summary --weeks 200 --justice 0.56 --renew --doctors 0.1"));
+    EXPECT_NE(Rows("--chronicle --weeks 100 --at 30:gration=0.1"), Rows("--chronicle --weeks 100"));
+}
+
+// JSON
+
+TEST(CountrysimTest, JsonHasTheNamesAndTheValuesOfTheRows) {
+    const std::vector<std::string> names = Fields(std::string(kHeader, sizeof kHeader - 2));
+    std::string expected;
+    for (const auto& row : Table(Rows("--weeks 60"))) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            expected += (i == 0 ? "{\"" : ",\"") + names[i] + "\":" + row[i];
+        expected += "}\n";
+    }
+    EXPECT_EQ(Rows("--weeks 60 --json"), expected);
+}
+
+TEST(CountrysimTest, JsonOfASummaryHasNullForAWeekWithoutEvent) {
+    EXPECT_THAT(Rows("--summary --weeks 3 --json"),
+                testing::StartsWith("{\"seed\":1,\"weeks\":3,\"famine\":null,\"plague\":null,"
+                                    "\"rebellion\":null,\"livestock_lowest\":"));
+    EXPECT_EQ(LinesOf(Rows("--summary --weeks 3 --json --seeds 4-9")), 6);
+}
+
+TEST(CountrysimTest, JsonHasNullForNumbersThatItCannotWrite) {
+    const std::string arguments = "--weeks 3 --lration 0 --gration 0 --at 2:farmers=0.2";
+    EXPECT_THAT(Rows(arguments), testing::HasSubstr(",inf,"));
+    const std::string json = Rows(arguments + " --json");
+    EXPECT_THAT(json, testing::HasSubstr("_production\":null,"));
+    EXPECT_THAT(json, testing::Not(testing::HasSubstr("inf,")));
+}
+
+TEST(CountrysimTest, JsonOfAChronicleHasDateAndText) {
+    std::string expected;
+    std::istringstream lines(Rows("--chronicle --weeks 100"));
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t colon = line.find(": ");
+        expected += "{\"date\":\"" + line.substr(0, colon) + "\",\"text\":\""
+                    + line.substr(colon + 2) + "\"}\n";
+    }
+    EXPECT_EQ(Rows("--chronicle --weeks 100 --json"), expected);
+}
+
+// Columns
+
+/// The rows of the manual's table after this line: name, unit and meaning of each column.
+std::vector<std::vector<std::string>> ManualColumns(const std::string& after) {
+    std::ifstream manual("docs/PLAYING.md");
+    std::vector<std::vector<std::string>> columns;
+    bool found = false;
+    for (std::string line; std::getline(manual, line);) {
+        found = found || line.find(after) != std::string::npos;
+        if (!found || !line.starts_with("| `")) {
+            if (!columns.empty())
+                break;
+            continue;
+        }
+        std::vector<std::string> cells;
+        for (std::size_t at = 1; at < line.size();) {
+            const std::size_t end = line.find('|', at);
+            std::string cell = line.substr(at, end - at);
+            cell.erase(0, cell.find_first_not_of(" `"));
+            cell.erase(std::min(cell.find_last_not_of(" `") + 1, cell.size()));
+            cells.push_back(cell);
+            at = end + 1;
+        }
+        columns.push_back(cells);
+    }
+    return columns;
+}
+
+class ColumnsTest : public testing::TestWithParam<std::array<const char*, 3>> {};
+
+TEST_P(ColumnsTest, ManualAndHelpExplainEachWithItsUnit) {
+    const auto [header, inManual, inHelp] = GetParam();
+    const auto explained = ManualColumns(inManual);
+    std::string names;
+    std::istringstream help(RunTool("--help").out);
+    std::string line;
+    while (std::getline(help, line) && line != inHelp) {
+    }
+    for (const auto& column : explained) {
+        ASSERT_EQ(column.size(), 3U);
+        names += (names.empty() ? "" : ",") + column[0];
+        std::getline(help, line);
+        const std::string unit = column[1].empty() ? "" : " [" + column[1] + "]";
+        EXPECT_THAT(line, testing::StartsWith("  " + column[0] + " "));
+        EXPECT_THAT(line, testing::EndsWith("  " + column[2] + unit));
+    }
+    EXPECT_EQ(names + "\n", header);
+    EXPECT_FALSE(std::getline(help, line) && line.starts_with("  ")) << line;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    CountrysimTest, ColumnsTest,
+    testing::Values(std::array<const char*, 3>{kHeader, "are the columns of a row",
+                                               "Columns, with their units in brackets:"},
+                    std::array<const char*, 3>{kSummaryHeader, "With `--summary` it prints",
+                                               "Columns of --summary:"}));
+
 class BadOptionTest : public testing::TestWithParam<const char*> {};
 
 TEST_P(BadOptionTest, PrintsOneErrorLineAndEndsWithStatusTwo) {
@@ -528,16 +682,22 @@ INSTANTIATE_TEST_SUITE_P(
                     "--summary --seeds 1-x", "--summary --seeds 1-4294967296",
                     "--summary --seeds 1-3 --seed 1", "--trade x", "--trade=-1", "--trade nan",
                     "--trade 3 --bare", "--renew=maybe", "--summary=maybe", "--chronicle --summary",
-                    "--chronicle=maybe", "\"$(printf 'two\\nlines')\""));
+                    "--chronicle=maybe", "--json=maybe", "--at", "--at 5", "--at 5:justice",
+                    "--at justice=0.5", "--at 0:justice=0.5", "--at=-1:justice=0.5",
+                    "--at 1.5:justice=0.5", "--at 5:justice=", "--at 5:justice=1.1",
+                    "--at 5:justice=nan", "--at 5:healers=0.5", "--at 5:renew=2",
+                    "--at 5:renew=off", "--at 5:trade=-1", "--at 5:trade=on", "--at 5:seed=1",
+                    "--bare --at 5:trade=3", "\"$(printf 'two\\nlines')\""));
 
 TEST(CountrysimTest, HelpNamesEveryOptionAndEndsWithStatusZero) {
     const Result result = RunTool("--help");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.error, "");
     for (const char* option :
-         {"--seed", "--weeks", "--step", "--farmers", "--butchers", "--educators", "--warriors",
-          "--doctors", "--lration", "--gration", "--justice", "--bare", "--no-newspaper", "--renew",
-          "--trade", "--seeds", "--summary", "--chronicle", "weeks survived"})
+         {"--seed",         "--weeks",   "--step",     "--farmers", "--butchers", "--educators",
+          "--warriors",     "--doctors", "--lration",  "--gration", "--justice",  "--bare",
+          "--no-newspaper", "--renew",   "--trade",    "--seeds",   "--summary",  "--chronicle",
+          "--at",           "--json",    "whole weeks"})
         EXPECT_THAT(result.out, testing::HasSubstr(option));
 }
 

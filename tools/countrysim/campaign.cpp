@@ -59,13 +59,53 @@ void Trade(Country& country, const Country& partner, float weeks) {
     country.Buy(0.0f, units, 0.0f, &partner);
 }
 
+std::int64_t WholeWeeks(double seconds) {
+    return static_cast<std::int64_t>(seconds / static_cast<double>(kSecondsPerWeek));
+}
+
+/// Does what the game's controls do when the player moves one slider.
+void Apply(const Change& change, Country& country, Policy& policy) {
+    const float level = change.level.value_or(0.0f);
+    switch (change.lever) {
+    case Lever::Farmers:
+    case Lever::Butchers:
+    case Lever::Educators:
+    case Lever::Warriors:
+    case Lever::Doctors: {
+        const auto profession = static_cast<Profession>(change.lever);
+        policy.shares[static_cast<std::size_t>(profession)] = level;
+        country.SetShare(profession, level);
+        country.Normalise(profession);
+        break;
+    }
+    case Lever::LivestockRation:
+        country.livestock.ration = start::RationAt(level, country.livestock.baseRation);
+        break;
+    case Lever::GrainRation:
+        country.grain.ration = start::RationAt(level, country.grain.baseRation);
+        break;
+    case Lever::Justice:
+        country.justice.justiceLevel = level;
+        break;
+    case Lever::Renew:
+        policy.renew = level != 0.0f;
+        break;
+    case Lever::Trade:
+        policy.trade = change.level;
+        break;
+    }
+}
+
 /// @param partner  null for none
 /// @param paper    null for none
 void RunIn(Country& country, const Country* partner, Newspaper* paper, const Campaign& campaign,
            const Watcher& watch, const std::function<void(const Country&)>& before) {
-    const Policy& policy = campaign.policy;
+    Policy policy = campaign.policy;
+    auto change = campaign.changes.begin();
     const double total = campaign.weeks * static_cast<double>(kSecondsPerWeek);
     for (double spent = 0.0; spent < total;) {
+        for (; change != campaign.changes.end() && WholeWeeks(spent) + 1 >= change->week; ++change)
+            Apply(*change, country, policy);
         if (policy.renew)
             SetShares(country, policy, campaign.bare);
         if (policy.trade && partner != nullptr)
@@ -100,10 +140,6 @@ void NoteFigures(Summary& summary, const Country& country, bool first) {
 void NoteOnce(std::optional<std::int64_t>& when, bool happens, std::int64_t week) {
     if (happens && !when)
         when = week;
-}
-
-std::int64_t WholeWeeks(double seconds) {
-    return static_cast<std::int64_t>(seconds / static_cast<double>(kSecondsPerWeek));
 }
 
 }  // namespace

@@ -8,12 +8,14 @@
 #include <functional>
 #include <iosfwd>
 #include <optional>
+#include <vector>
 
 #include "country/chronicle.h"
 #include "country/country.h"
 #include "country/start.h"
 
-/// What the player does, the same in every week. Levels are those of the game's sliders, 0 to 1.
+/// What the player does, in every week until a change. Levels are those of the game's sliders, 0
+/// to 1.
 struct Policy {
     /// One per profession. A missing one is the share that the game starts with, or in a bare
     /// campaign the share that a country is made with.
@@ -27,6 +29,29 @@ struct Policy {
     std::optional<float> trade;
 };
 
+/// What of a policy can change in a later week.
+enum class Lever {
+    Farmers,  // the professions, in their order
+    Butchers,
+    Educators,
+    Warriors,
+    Doctors,
+    LivestockRation,
+    GrainRation,
+    Justice,
+    Renew,
+    Trade
+};
+
+/// A change of the policy, before the first tick of a week.
+struct Change {
+    std::int64_t week = 1;       ///< from 1
+    Lever lever = Lever::Renew;  ///< what changes
+    /// The new level of the slider, the weeks of food to keep by trading, or 0 or 1 for Renew.
+    /// Without it, trade ends.
+    std::optional<float> level;
+};
+
 /// A country's time under one policy.
 struct Campaign {
     std::uint32_t seed = 1;
@@ -35,6 +60,9 @@ struct Campaign {
     bool bare = false;          ///< the country alone: no neighbours, no newspaper, no trade
     bool newspaper = true;      ///< it calls rand() when crime is low
     Policy policy;
+    /// In the order of their weeks. A profession's share changes alone, as when a player moves its
+    /// slider.
+    std::vector<Change> changes;
 };
 
 /// Called with the country after each tick.
