@@ -5,9 +5,9 @@
 
 #include "glwidget/glwidget.h"
 
-/// `Butt caption`, one word, or `Butt TEX width height`, both above 0: a push button with a caption
-/// or with the picture of its theme. A press sets `clicked`; `active` is true while the button is
-/// held down.
+/// `Butt caption`, one word, or `Butt TEX width height`, both above 0, at most 10: a push button
+/// with a caption or with the picture of its theme. A press sets `clicked`; `active` is true while
+/// the button is held down.
 class Button : public GLWidget {
 public:
     Button(const std::string& name, GLWidget* parent, const Vector& position, Theme* theme,

@@ -16,9 +16,9 @@
 #include "glwidget/glwidget.h"
 #include "glwidget/plot.h"
 
-/// `Chart width height caption`, width and height above 0: up to four series of values over weeks,
-/// as lines. Each line has a pattern, a colour and its name at its end. While the mouse is over the
-/// lines, the chart shows the week that is nearest to it, and the values of that week.
+/// `Chart width height caption`, width and height above 0, at most 10: up to four series of values
+/// over weeks, as lines. Each line has a pattern, a colour and its name at its end. While the mouse
+/// is over the lines, the chart shows the week that is nearest to it, and the values of that week.
 ///
 /// SetData prepares all that is drawn. Drawing and moving the mouse allocate nothing.
 class Chart : public GLWidget {

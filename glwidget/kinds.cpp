@@ -67,7 +67,8 @@ GLWidget* MakeSized(const Creation& line) {
                       line.Size("width", "height"));
 }
 
-constexpr float kMax = Field::kUnlimited;
+// Larger than the screen: a size in pixels, for example, is a mistake. The toolkit takes it.
+constexpr float kMax = 10.0f;
 constexpr Field kWindow[] = {{Flag, "movable"}, {Text, "title"}};
 constexpr Field kFrame[] = {{Flag, "border"}};
 constexpr Field kLabel[] = {{Text, "text"}};

@@ -59,8 +59,10 @@ constexpr Field kTag{Name, "tag"};
 constexpr Field kTab{Whole, "tab", 0, TabWindow::kMaxTabs - 1};
 constexpr Field kKind{Name, "kind"};
 constexpr Field kParent{Name, "parent"};
-constexpr Field kX{Number, "x"};
-constexpr Field kY{Number, "y"};
+// A coordinate beyond the edges of the screen moves the widget there; more than this is a mistake.
+constexpr float kFarthest = 100.0f;
+constexpr Field kX{Number, "x", -kFarthest, kFarthest};
+constexpr Field kY{Number, "y", -kFarthest, kFarthest};
 
 constexpr Field kFile[] = {{Name, "file"}};
 constexpr Field kTheme[] = {{Name, "theme"}, {Name, Layout::kNone}};

@@ -18,9 +18,9 @@ constexpr const char* kNoTexture = "NULL";
 
 using enum FieldType;
 
-constexpr float kMax = Field::kUnlimited;
-
-// What each line controls in drawing, the widgets say.
+// What each line controls in drawing, the widgets say. The ranges are those of values that make
+// sense, for the checks of a theme; the toolkit takes every number. Letters below the least font
+// size, 12 pixels, cannot be read. The greatest lengths reveal pixels where units are meant.
 constexpr Theme::Line kLines[] = {
     {{{Number, "text colour", 0.0f, 1.0f}, 3}, &Theme::textColour},
     {{{Number, "line colour", 0.0f, 1.0f}, 3}, &Theme::lineColour},
@@ -28,14 +28,14 @@ constexpr Theme::Line kLines[] = {
     {{{Number, "fourth colour"}, 3}, &Theme::fourthColour},
     {{{Number, "opacity", 0.0f, 1.0f}, 1}, &Theme::opacity},
     {{{Number, "sixth value"}, 1}, &Theme::sixthValue},
-    {{{Number, "line width", Field::kAboveZero, kMax}, 1}, &Theme::lineWidth},
-    {{{Number, "border", 0.0f, kMax}, 1}, &Theme::border},
+    {{{Number, "line width", Field::kAboveZero, 20.0f}, 1}, &Theme::lineWidth},
+    {{{Number, "border", 0.0f, 0.3f}, 1}, &Theme::border},
     {{{Number, "corner", 0.0f, 1.0f}, 1}, &Theme::corner},
     {{{Number, "tenth value"}, 1}, &Theme::tenthValue},
-    {{{Number, "font size", Field::kAboveZero, kMax}, 2}, &Theme::fontSize},
-    {{{Number, "dim and bright", 0.0f, kMax}, 2}, &Theme::dim, &Theme::bright},
-    {{{Number, "press offset"}, 3}, &Theme::pressOffset},
-    {{{Number, "box size", Field::kAboveZero, kMax}, 1}, &Theme::boxSize},
+    {{{Number, "font size", 0.04f, 0.4f}, 2}, &Theme::fontSize},
+    {{{Number, "dim and bright", 0.0f, 2.0f}, 2}, &Theme::dim, &Theme::bright},
+    {{{Number, "press offset", -0.5f, 0.5f}, 3}, &Theme::pressOffset},
+    {{{Number, "box size", Field::kAboveZero, 0.5f}, 1}, &Theme::boxSize},
     {{{Name, "picture"}, 1}, &Theme::textureName},
     {{{Flag, "fade"}, 1}, &Theme::fade},
 };

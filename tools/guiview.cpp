@@ -21,6 +21,7 @@
 #include "quarn2/memory.h"
 #include "quarn2/sdlinput.h"
 #include "tools/commandline.h"
+#include "tools/guiview/gamecheck.h"
 #include "tools/guiview/layoutcheck.h"
 #include "tools/guiview/layoutformat.h"
 #include "tools/guiview/liveview.h"
@@ -65,9 +66,9 @@ void Declare(CLI::App& app, Options& options) {
     picture->type_name("FILE")->excludes(tree, check, format);
     tree->excludes(check, format);
     app.add_flag("--json", options.json, "Print what is wrong as JSON")->needs(check);
-    app.add_flag(
-        "--game", options.game,
-        "Show the longest texts of the game; with --check, also check what the game needs");
+    app.add_flag("--game", options.game,
+                 "Take the layout for one of the game even if it has less than half of the game's "
+                 "tags: show the longest texts of the game, and check what the game needs");
     app.add_option("--text", options.texts,
                    "A text to show in a widget; \\n begins a new line, or in a Combo a new item")
         ->type_name("TAG=TEXT")
@@ -149,7 +150,8 @@ int Format(const Options& options) {
 }
 
 int Check(const Options& options, const LayoutSource& layout, const SampleTexts& texts) {
-    return Print(CheckLayout(layout, options.game, texts).findings, options.json);
+    const bool isForGame = options.game || IsForGame(layout.Declared());
+    return Print(CheckLayout(layout, isForGame, texts).findings, options.json);
 }
 
 /// Prints the errors among what was found. @return whether there are any
@@ -175,8 +177,8 @@ int PrintTree(const LayoutSource& layout, const SampleTexts& texts) {
 int TakePicture(const Options& options, const LayoutSource& layout, SampleTexts texts) {
     if (ReportErrors(CheckLayout(layout, false, texts).findings))
         return kFindings;
-    const Pose pose{std::move(texts), options.game, options.clicked, options.hovered,
-                    options.pressed};
+    const Pose pose{std::move(texts), options.game || IsForGame(layout.Declared()), options.clicked,
+                    options.hovered, options.pressed};
     return guiview::TakePicture(layout, pose, options.crop, options.picture) ? kClean : kUnusable;
 }
 

@@ -168,6 +168,23 @@ class GuiviewProgram(Folder):
         self.assertEqual(result.returncode, FINDINGS)
         self.assertIn("the game needs a Butt with the tag 'exitbut'\n", result.stdout)
 
+    def test_layout_of_the_game_is_known_by_its_tags(self):
+        layout = (ROOT / "data/my.gui.debug").read_text().replace(" exitbut ", " leavebut ")
+        shutil.copytree(ROOT / "data", self.folder / "game")
+        self.write("game/my.gui.debug", layout)
+        self.assertIn("the game needs a Butt with the tag 'exitbut'",
+                      self.guiview("--check", "game/my.gui.debug").stdout)
+
+    def test_picture_of_a_layout_of_the_game_shows_its_longest_texts(self):
+        shutil.copytree(ROOT / "data", self.folder / "game")
+        pictures = []
+        for options in ([], ["--game"], ["--text", "date=Today"]):
+            result = self.guiview("--png", "a.png", *options, "game/my.gui.debug")
+            self.assertEqual((result.returncode, result.stderr), (CLEAN, ""))
+            pictures.append((self.folder / "a.png").read_bytes())
+        self.assertEqual(pictures[0], pictures[1])
+        self.assertNotEqual(pictures[0], pictures[2])
+
     def test_sample_texts_are_checked(self):
         self.write("a.gui", "CONF gui.conf\nCADD Label a NULL 0 0 A\n")
         result = self.guiview("--check", "--text", r"a=A\nB", "a.gui")

@@ -97,7 +97,7 @@ double ContrastRatio(const Rgb& a, const Rgb& b) {
 
 void ContrastCheck::Run() {
     for (const Node* node : scene.Nodes()) {
-        if (node->declared != nullptr)
+        if (node->declared != nullptr && !node->doubtful)
             CheckNode(*node);
     }
 }
@@ -175,7 +175,7 @@ void ContrastCheck::CheckSeries(const Chart& chart, const Node& node) {
 
 void ContrastCheck::CheckOnBackground(const Node& node) {
     const Node* const background = BackgroundOf(node);
-    if (background == nullptr)
+    if (background == nullptr || background->doubtful)
         return;
     const Theme& around = background->widget->GetTheme();
     const void* const identity = background->Is(&Kind::isBackground)

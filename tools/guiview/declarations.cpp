@@ -7,6 +7,8 @@
 #include <map>
 #include <set>
 
+#include "tools/guiview/suggestion.h"
+
 namespace guiview {
 
 namespace {
@@ -33,13 +35,16 @@ public:
     StatementFollower(const LayoutFile& file, Findings& list) : layout(file), findings(list) {}
 
     Declarations Run() {
+        NoteTags();
         for (std::size_t i = 0; i < layout.statements.size(); ++i) {
             const Statement& statement = layout.statements[i];
             line = layout.lines[i].substr(0, std::min(statement.end, kMaxKept));
-            const bool kept = Follow(statement) && statement.wellFormed;
-            result.buildable += (kept ? line : std::string()) + '\n';
+            corrections = statement.corrections;
+            const bool kept = Follow(statement) && (statement.wellFormed || themeKept);
+            result.buildable += (kept ? CorrectedLine() : std::string()) + '\n';
         }
         CheckConfiguration();
+        MarkIncomplete();
         for (const auto& [tag, window] : tabWindows)
             CheckTabs(tag, window);
         return std::move(result);
@@ -48,6 +53,7 @@ public:
 private:
     /// What is known about a tag, even if its widget cannot be built.
     struct Tag {
+        std::string name;
         int line;
         const Kind* kind;  ///< null when its kind is unknown
         bool built;
@@ -61,8 +67,48 @@ private:
         std::vector<const Statement*> loose;  ///< children that are on no tab
     };
 
+    void NoteTags() {
+        for (const Statement& statement : layout.statements) {
+            const Word* const tag = statement.Find("tag");
+            if (statement.rule != nullptr && statement.rule->creates && tag != nullptr)
+                lineOfTag.try_emplace(tag->text, tag->location.line);
+        }
+    }
+
+    /// The line with the right words in place of the misspelt ones.
+    std::string CorrectedLine() {
+        // From the end, so that the places before are still those of the file.
+        std::ranges::sort(corrections, std::ranges::greater(),
+                          [](const Correction& each) { return each.location.column; });
+        std::string corrected = line;
+        for (const Correction& each : corrections) {
+            corrected.replace(static_cast<std::size_t>(each.location.column) - 1, each.length,
+                              each.word);
+        }
+        return corrected;
+    }
+
+    void Correct(const Word& word, std::string right) {
+        corrections.push_back({word.location, word.text.size(), std::move(right)});
+    }
+
+    /// A window from which a mistake keeps a child, a tab or an item is smaller than it should be,
+    /// and so is everything around it.
+    void MarkIncomplete() {
+        for (auto widget = result.widgets.rbegin(); widget != result.widgets.rend(); ++widget) {
+            if (!incomplete.contains(widget->tag))
+                continue;
+            widget->misplaced = true;
+            incomplete.insert(widget->parent);
+        }
+        for (Declared& widget : result.widgets)
+            widget.misplaced =
+                widget.misplaced || (widget.centred && incomplete.contains(widget.parent));
+    }
+
     /// @return whether the toolkit can run the statement
     bool Follow(const Statement& statement) {
+        themeKept = false;
         if (statement.rule == nullptr)
             return false;
         if (statement.rule->creates)
@@ -88,10 +134,15 @@ private:
         if (additional != nullptr && additional->text != kNone) {
             Error(*additional,
                   "the word after the theme must be NULL, not " + Quoted(additional->text));
+        }
+        themeKept = statement.Find("theme") != nullptr;
+        themeUnknown = !themeKept;
+        if (additional == nullptr || *additional != kNone) {
             // the widgets that follow are still measured in this theme
             line = "THEM " + std::string(statement.Text("theme")) + " NULL";
+            corrections.clear();
         }
-        return true;
+        return themeKept;
     }
 
     bool FollowCreation(const Statement& statement) {
@@ -101,8 +152,11 @@ private:
         bool usable = CheckTag(*tag);
         const Word* const parent = statement.Find("parent");
         const Tag* owner = nullptr;
+        std::string ownerTag(kNone);
         if (parent != nullptr && *parent != kNone) {
             owner = FindOwner(*tag, *parent);
+            if (owner != nullptr)
+                ownerTag = owner->name;
             usable = usable && owner != nullptr && owner->built && CheckOwner(statement, *owner);
         }
         const int ancestors = owner == nullptr ? 0 : owner->ancestors + 1;
@@ -113,11 +167,15 @@ private:
         }
         usable = usable && statement.wellFormed && statement.inRange;
         if (*tag != kNone)
-            tags.try_emplace(tag->text, Tag{tag->location.line, statement.kind, usable, ancestors});
+            tags.try_emplace(tag->text,
+                             Tag{tag->text, tag->location.line, statement.kind, usable, ancestors});
         if (statement.kind != nullptr)
             CheckOrder(statement, *tag);
-        if (usable)
-            Declare(statement, *tag);
+        if (usable) {
+            Declare(statement, *tag, ownerTag);
+        } else {
+            incomplete.insert(ownerTag);
+        }
         return usable;
     }
 
@@ -146,23 +204,49 @@ private:
             Error(parent, Quoted(tag.text) + " is its own parent");
             return nullptr;
         }
-        return FindTag(parent);
+        return FindTag(parent, &Kind::holdsChildren);
     }
 
-    const Tag* FindTag(const Word& tag) {
+    /// @param ability  what the widget must be able to do, so that a misspelt tag can mean it; null
+    ///     for nothing
+    /// @return the widget with the tag, or the one that a misspelt tag probably means. Null, which
+    ///     is reported at the first use of the tag, if there is none.
+    const Tag* FindTag(const Word& tag, bool Kind::*ability = nullptr) {
         if (!IsOurs(tag))
             return nullptr;
-        const auto found = tags.find(tag.text);
-        if (found != tags.end())
+        if (const auto found = tags.find(tag.text); found != tags.end())
             return &found->second;
-        Error(tag, "unknown tag " + Quoted(tag.text));
-        return nullptr;
+        const bool first = unknown.insert(tag.text).second;
+        if (const auto later = lineOfTag.find(tag.text); later != lineOfTag.end()) {
+            if (first) {
+                Error(tag, "the tag " + Quoted(tag.text) + " is not known before line "
+                               + std::to_string(later->second));
+            }
+            return nullptr;
+        }
+        std::vector<std::string> known;
+        for (const auto& [name, each] : tags) {
+            if (ability == nullptr || (each.kind != nullptr && each.kind->*ability))
+                known.push_back(name);
+        }
+        const std::optional<std::string> meant = Similar(tag.text, known);
+        const Tag* const found = meant ? &tags.find(*meant)->second : nullptr;
+        if (first) {
+            const std::string suggestion = found == nullptr
+                                               ? std::string()
+                                               : "; did you mean " + Quoted(*meant) + " of line "
+                                                     + std::to_string(found->line) + "?";
+            Error(tag, "unknown tag " + Quoted(tag.text) + suggestion);
+        }
+        if (found != nullptr)
+            Correct(tag, *meant);
+        return found;
     }
 
     bool CheckOwner(const Statement& statement, const Tag& owner) {
         const Word& parent = *statement.Find("parent");
         const std::string parentIs =
-            "the parent " + Quoted(parent.text) + " is a " + std::string(owner.kind->word);
+            "the parent " + Quoted(owner.name) + " is a " + std::string(owner.kind->word);
         if (!owner.kind->holdsChildren) {
             Error(parent, parentIs + ", not a " + WordsOf(&Kind::holdsChildren));
             return false;
@@ -174,7 +258,7 @@ private:
         }
         if (!owner.kind->hasTabs)
             return true;
-        TabWindowTags& window = tabWindows[parent.text];
+        TabWindowTags& window = tabWindows[owner.name];
         if (tab == nullptr) {
             window.loose.push_back(&statement);
             return true;
@@ -198,36 +282,36 @@ private:
                        : Quoted(tag.text) + " comes after SOLID: its parent makes no room for it");
     }
 
-    void Declare(const Statement& statement, const Word& tag) {
-        Declared widget{&statement, tag.text, std::string(statement.Text("parent")),
-                        {},         tag.text, solidified};
+    void Declare(const Statement& statement, const Word& tag, const std::string& parent) {
+        Declared widget{&statement, tag.text, parent, {}, tag.text, solidified, themeUnknown};
         if (statement.Find("tab") != nullptr)
             widget.tab = statement.Whole("tab");
         if (tag == kNone) {
             widget.handle = "NULL#" + std::to_string(tag.location.line);
-            line.replace(static_cast<std::size_t>(tag.location.column) - 1, kNone.size(),
-                         widget.handle);
+            Correct(tag, widget.handle);
         }
         result.widgets.push_back(std::move(widget));
     }
 
     /// The widget that the statement is for. Null, which may be reported, if it is for none or of
     /// an unknown kind.
-    const Tag* FindTarget(const Statement& statement) {
+    const Tag* FindTarget(const Statement& statement, bool Kind::*ability = nullptr) {
         const Word* const tag = statement.Find("tag");
         if (tag == nullptr || *tag == kNone)
             return nullptr;
-        const Tag* const target = FindTag(*tag);
+        const Tag* const target = FindTag(*tag, ability);
         return target != nullptr && target->kind != nullptr ? target : nullptr;
     }
 
     bool FollowTab(const Statement& statement) {
-        const Tag* const owner = FindTarget(statement);
+        const Tag* const owner = FindTarget(statement, &Kind::hasTabs);
         if (owner == nullptr)
             return false;
+        if (!statement.wellFormed)
+            incomplete.insert(owner->name);
         const Word* const tag = statement.Find("tag");
         if (!owner->kind->hasTabs) {
-            Error(*tag, Quoted(tag->text) + " is a " + std::string(owner->kind->word)
+            Error(*tag, Quoted(owner->name) + " is a " + std::string(owner->kind->word)
                             + " and has no tabs");
             return false;
         }
@@ -235,12 +319,12 @@ private:
         if (tab == nullptr)
             return false;
         const int number = statement.Whole("tab");
-        TabWindowTags& window = tabWindows[tag->text];
+        TabWindowTags& window = tabWindows[owner->name];
         if (const auto held = window.on.find(number); held != window.on.end()) {
             Error(*tab, "NTAB removes " + Quoted(held->second) + " from tab " + tab->text + " of "
-                            + Quoted(tag->text) + ": it must come before TADD");
+                            + Quoted(owner->name) + ": it must come before TADD");
         } else if (window.named.contains(number)) {
-            Error(*tab, "tab " + tab->text + " of " + Quoted(tag->text)
+            Error(*tab, "tab " + tab->text + " of " + Quoted(owner->name)
                             + " already has a title from line "
                             + std::to_string(window.named[number].line));
         }
@@ -254,7 +338,7 @@ private:
     }
 
     bool FollowItem(const Statement& statement) {
-        const Tag* const owner = FindTarget(statement);
+        const Tag* const owner = FindTarget(statement, &Kind::takesItems);
         if (owner == nullptr)
             return false;
         const Word& tag = *statement.Find("tag");
@@ -280,6 +364,8 @@ private:
         if (widget == nullptr)
             return false;
         const Word& tag = *statement.Find("tag");
+        for (Declared& each : result.widgets)
+            each.centred = each.centred || each.tag == widget->name;
         if (!solidified && widget->kind->holdsChildren) {
             findings.Warn(layout.path, tag.location,
                           Quoted(tag.text) + " has no size before SOLID and is not centred");
@@ -336,12 +422,18 @@ private:
     const LayoutFile& layout;
     Findings& findings;
     Declarations result;
-    std::string line;  // what the toolkit gets of the statement
+    std::string line;  // what the toolkit gets of the statement, after the corrections
+    std::vector<Correction> corrections;
+    std::map<std::string, int> lineOfTag;  // the first of each tag in the file
+    std::set<std::string> unknown;         // tags that were reported
+    std::set<std::string> incomplete;      // tags of widgets that lack something
     std::map<std::string, Tag, std::less<>> tags;
     std::map<std::string, TabWindowTags, std::less<>> tabWindows;
     std::vector<Word> beforeConfiguration;
     bool configured = false;
     bool solidified = false;
+    bool themeKept = false;     // the statement chooses a theme, even if it is not well formed
+    bool themeUnknown = false;  // the last THEM names none
 };
 
 }  // namespace

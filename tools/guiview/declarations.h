@@ -21,6 +21,9 @@ struct Declared {
     std::string handle;
     /// A reported error gives it a wrong size or position, so that these are not checked.
     bool misplaced = false;
+    /// A reported error leaves open which theme it has.
+    bool themeUnknown = false;
+    bool centred = false;  ///< its position depends on the size of its parent
 
     const Kind& GetKind() const { return *statement->kind; }
     Location Where() const { return statement->Find("tag")->location; }
@@ -29,8 +32,9 @@ struct Declared {
 /// What the statements of a layout declare.
 struct Declarations {
     std::vector<Declared> widgets;
-    /// The layout for the toolkit: with a tag for every widget, and with an empty line instead of
-    /// every statement that would stop the toolkit or that it would understand differently.
+    /// The layout for the toolkit: with a tag for every widget, with words that a misspelt one
+    /// probably means, and with an empty line instead of every statement that would stop the
+    /// toolkit or that it would understand differently.
     std::string buildable;
 };
 

@@ -33,7 +33,7 @@ bool Findings::HasErrors() const {
 
 void Findings::Sort(const std::string& first) {
     const auto key = [&](const Finding& finding) {
-        return std::tuple(finding.file != first, std::string_view(finding.file),
+        return std::tuple(finding.severity, finding.file != first, std::string_view(finding.file),
                           finding.location.line, finding.location.column);
     };
     std::ranges::stable_sort(findings, {}, key);

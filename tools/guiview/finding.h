@@ -37,7 +37,8 @@ public:
     const std::vector<Finding>& List() const { return findings; }
     bool HasErrors() const;
 
-    /// Sorts the findings: those in the file `first` before those in others, and by line.
+    /// Sorts the findings: errors before warnings, those in the file `first` before those in
+    /// others, and by line.
     void Sort(const std::string& first);
 
     /// One per line: file, line, column, severity and message, as compilers print them.

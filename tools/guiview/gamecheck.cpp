@@ -7,6 +7,7 @@
 #include <cctype>
 #include <cstdlib>
 #include <iterator>
+#include <set>
 
 #include "app/tags.h"
 #include "country/chronicle.h"
@@ -16,6 +17,7 @@
 #include "country/newspaper.h"
 #include "country/world.h"
 #include "glwidget/glwidget.h"
+#include "tools/guiview/suggestion.h"
 
 namespace guiview {
 
@@ -149,18 +151,53 @@ constexpr const char* kFigures =
 
 }  // namespace
 
-void CheckGameTags(const Declarations& declarations, const std::string& path, Findings& findings) {
+bool IsForGame(const Declarations& declarations) {
+    std::size_t needed = 0;
+    std::size_t found = 0;
+    for (const tag::Widget& widget : tag::kWidgets) {
+        if (widget.optional)
+            continue;
+        ++needed;
+        if (std::ranges::count(declarations.widgets, widget.tag, &Declared::tag) > 0)
+            ++found;
+    }
+    return 2 * found >= needed;
+}
+
+void CheckGameTags(const LayoutSource& layout, Findings& findings) {
+    const std::string& path = layout.File().path;
+    const std::vector<Declared>& widgets = layout.Declared().widgets;
+    std::set<std::string_view> written;
+    for (const Statement& statement : layout.File().statements) {
+        if (statement.rule != nullptr && statement.rule->creates)
+            written.insert(statement.Text("tag"));
+    }
+    std::vector<std::string> further;  // tags that the game does not know
+    for (const Declared& widget : widgets) {
+        if (std::ranges::count(tag::kWidgets, widget.tag, &tag::Widget::tag) == 0)
+            further.push_back(widget.tag);
+    }
     for (const tag::Widget& needed : tag::kWidgets) {
         const std::string tag = Quoted(needed.tag);
         const std::string kind(WordFor(needed.role));
-        const auto found = std::ranges::find(declarations.widgets, needed.tag, &Declared::tag);
-        if (found == declarations.widgets.end()) {
-            if (!needed.optional)
-                findings.Error(path, {}, "the game needs a " + kind + " with the tag " + tag);
-        } else if (found->GetKind().word != kind) {
-            findings.Error(path, found->statement->Find("kind")->location,
-                           tag + " is a " + std::string(found->GetKind().word)
-                               + ", and the game needs a " + kind);
+        const auto found = std::ranges::find(widgets, needed.tag, &Declared::tag);
+        if (found != widgets.end()) {
+            if (found->GetKind().word != kind) {
+                findings.Error(path, found->statement->Find("kind")->location,
+                               tag + " is a " + std::string(found->GetKind().word)
+                                   + ", and the game needs a " + kind);
+            }
+            continue;
+        }
+        if (needed.optional || written.contains(needed.tag))
+            continue;
+        const std::string message = "the game needs a " + kind + " with the tag " + tag;
+        const auto similar = Similar(needed.tag, further);
+        if (similar) {
+            const auto other = std::ranges::find(widgets, *similar, &Declared::tag);
+            findings.Error(path, other->Where(), message + "; is " + Quoted(*similar) + " it?");
+        } else {
+            findings.Error(path, {}, message);
         }
     }
 }

@@ -11,8 +11,12 @@
 
 namespace guiview {
 
-/// Reports the widgets that the game needs and the layout does not have.
-void CheckGameTags(const Declarations& declarations, const std::string& path, Findings& findings);
+/// Whether the layout is one for the game: it has at least half of the tags that the game needs.
+bool IsForGame(const Declarations& declarations);
+
+/// Reports the widgets that the game needs and the layout does not have. Widgets whose lines have
+/// an error, which has been reported, are not missing.
+void CheckGameTags(const LayoutSource& layout, Findings& findings);
 
 /// Whether the game does anything when this widget is pressed.
 bool GameAnswers(const Node& node);

@@ -4,6 +4,9 @@
 #include "tools/guiview/layoutfile.h"
 
 #include <algorithm>
+#include <optional>
+
+#include "tools/guiview/suggestion.h"
 
 namespace guiview {
 
@@ -11,11 +14,34 @@ namespace {
 
 constexpr unsigned kFirstWithoutGlyph = 128;
 
+std::vector<std::string> StatementWords() {
+    std::vector<std::string> words;
+    for (const Layout::Statement& statement : Layout::Statements())
+        words.emplace_back(statement.word);
+    return words;
+}
+
+/// The word of the kind that a misspelt one means. It may also be similar to the name of the class.
+std::optional<std::string> SimilarKind(const std::string& word) {
+    std::vector<std::string> names;
+    for (const Kind* kind : Kinds())
+        names.emplace_back(kind->word);
+    if (auto similar = Similar(word, names))
+        return similar;
+    std::vector<std::string> types;
+    for (const Kind* kind : Kinds())
+        types.emplace_back(kind->type);
+    const auto type = Similar(word, types);
+    return type ? std::optional(std::string(KindOfType(*type)->word)) : std::nullopt;
+}
+
 /// Takes one line apart and reports what is wrong with it.
 class StatementParser {
 public:
-    StatementParser(const LayoutFile& file, std::size_t index, Findings& list)
-        : path(file.path),
+    StatementParser(const LayoutFile& layoutFile, std::size_t lineIndex, Findings& list)
+        : file(layoutFile),
+          index(lineIndex),
+          path(file.path),
           line(file.lines[index]),
           reader(line, static_cast<int>(index) + 1),
           findings(list) {}
@@ -27,25 +53,78 @@ public:
     }
 
 private:
+    /// Goes on where another parser is, and reports to another list.
+    StatementParser(const StatementParser& other, Findings& list)
+        : file(other.file),
+          index(other.index),
+          path(other.path),
+          line(other.line),
+          reader(other.reader),
+          findings(list),
+          statement(other.statement),
+          textEnd(other.textEnd),
+          missing(other.missing) {}
+
     void ReadStatement() {
+        if (!ReadWord())
+            return;
+        const Word& word = statement.word;
+        if (word.text.starts_with(Layout::kComment))
+            return;
+        if (const Layout::Statement* const rule = Layout::FindStatement(word.text)) {
+            if (word == "CHLD")
+                findings.Warn(path, word.location, "CHLD does nothing");
+            ReadAs(*rule);
+        } else {
+            ReadUnknownStatement();
+        }
+    }
+
+    bool ReadWord() {
         const std::optional<Word> word = reader.Next();
         if (!word)
-            return;
+            return false;
         statement.word = *word;
         statement.end = reader.Offset();
-        if (word->text.starts_with(Layout::kComment))
-            return;
-        statement.rule = Layout::FindStatement(word->text);
-        if (statement.rule == nullptr) {
-            findings.Error(path, word->location, "unknown statement " + Quoted(word->text));
-            return;
-        }
-        if (word->text == "CHLD")
-            findings.Warn(path, word->location, "CHLD does nothing");
+        return true;
+    }
+
+    void ReadAs(const Layout::Statement& rule) {
+        statement.rule = &rule;
         statement.wellFormed = true;
-        ReadFields(statement.rule->fields);
-        if (statement.rule->creates)
+        ReadFields(rule.fields);
+        if (rule.creates)
             ReadKind();
+    }
+
+    void ReadUnknownStatement() {
+        const Word word = statement.word;
+        const std::vector<std::string> similar = MostSimilar(word.text, StatementWords());
+        std::optional<std::string> meant;
+        if (!similar.empty())
+            meant = similar.front();
+        for (const std::string& candidate : similar) {
+            if (auto corrected = WithoutMistakesAs(*Layout::FindStatement(candidate))) {
+                meant = candidate;
+                statement = std::move(*corrected);
+                statement.corrections.push_back({word.location, word.text.size(), candidate});
+                break;
+            }
+        }
+        findings.Error(path, word.location,
+                       "unknown statement " + Quoted(word.text) + DidYouMean(meant));
+    }
+
+    /// The line as this statement, if it has no mistake as such.
+    std::optional<Statement> WithoutMistakesAs(const Layout::Statement& rule) const {
+        Findings found;
+        StatementParser trial(file, index, found);
+        if (!trial.ReadWord())
+            return std::nullopt;
+        trial.ReadAs(rule);
+        if (!found.List().empty())
+            return std::nullopt;
+        return std::move(trial.statement);
     }
 
     /// The toolkit skips only so many bytes of a line, and reads the rest as another statement.
@@ -66,15 +145,37 @@ private:
             return;
         statement.kind = FindKind(kind->text);
         if (statement.kind == nullptr) {
-            findings.Error(path, kind->location, "unknown kind " + Quoted(kind->text));
-            statement.wellFormed = false;
-            return;
+            ReadUnknownKind(*kind);
+        } else if (!missing) {
+            ReadKindFields();
         }
-        if (missing)
-            return;
+    }
+
+    void ReadKindFields() {
         ReadFields(statement.kind->fields);
         if (statement.wellFormed && statement.inRange && statement.kind->eitherOr)
             CheckEitherOr();
+    }
+
+    void ReadUnknownKind(const Word& kind) {
+        const Word word = kind;
+        const std::optional<std::string> meant = SimilarKind(word.text);
+        findings.Error(path, word.location,
+                       "unknown kind " + Quoted(word.text) + DidYouMean(meant));
+        if (!meant || missing) {
+            statement.wellFormed = false;
+            return;
+        }
+        Findings found;
+        StatementParser trial(*this, found);
+        trial.statement.kind = FindKind(*meant);
+        trial.ReadKindFields();
+        if (!found.List().empty()) {
+            statement.wellFormed = false;
+            return;
+        }
+        statement = std::move(trial.statement);
+        statement.corrections.push_back({word.location, word.text.size(), *meant});
     }
 
     void CheckEitherOr() {
@@ -107,6 +208,16 @@ private:
             return;
         }
         statement.end = reader.Offset();
+        if (IsNumberInPlaceOfATag(field, *word)) {
+            Fail(word->location, "missing tag or parent before " + Quoted(word->text));
+            missing = true;
+            return;
+        }
+        if (field.name == "tab" && FindKind(word->text) != nullptr) {
+            Fail(word->location, "missing tab before " + Quoted(word->text));
+            missing = true;
+            return;
+        }
         const std::string name(field.name);
         const std::string malformed = Malformed(field, *word, name);
         const std::string outside = malformed.empty() ? OutsideRange(field, *word, name) : "";
@@ -119,6 +230,17 @@ private:
             FinishCaption(field, *word);
     }
 
+    /// Whether the x of a widget is where its parent should be, so that the y is where the x should
+    /// be, and no number follows.
+    bool IsNumberInPlaceOfATag(const Field& field, const Word& word) const {
+        if (field.name != "parent" || !ParseNumber(word.text))
+            return false;
+        LineReader ahead = reader;
+        const std::optional<Word> x = ahead.Next();
+        const std::optional<Word> y = ahead.Next();
+        return x && ParseNumber(x->text) && (!y || !ParseNumber(y->text));
+    }
+
     /// A caption that chooses another form of the kind is followed by that form's fields.
     void FinishCaption(const Field& field, const Word& word) {
         if (const Kind* const form = FindKind(statement.kind->word, word.text)) {
@@ -127,8 +249,17 @@ private:
             return;
         }
         CheckBytes(word);
-        if (reader.OnlyCommentLeft())
+        if (reader.OnlyCommentLeft() || !statement.wellFormed)
             return;
+        std::vector<std::string> forms;
+        for (const Kind* kind : Kinds()) {
+            if (kind->word == statement.kind->word && !kind->form.empty())
+                forms.emplace_back(kind->form);
+        }
+        if (const auto meant = Similar(word.text, forms)) {
+            Fail(word.location, "unknown form " + Quoted(word.text) + DidYouMean(meant));
+            return;
+        }
         const std::optional<Word> surplus = reader.Next();
         findings.Warn(path, surplus->location,
                       "a " + std::string(statement.kind->word) + "'s " + std::string(field.name)
@@ -166,7 +297,9 @@ private:
     }
 
     void OutOfRange(Location location, std::string message) {
-        findings.Error(path, location, std::move(message));
+        // Numbers in pixels, for example, are one mistake.
+        if (statement.inRange)
+            findings.Error(path, location, std::move(message));
         statement.inRange = false;
     }
 
@@ -175,6 +308,8 @@ private:
         statement.wellFormed = false;
     }
 
+    const LayoutFile& file;
+    std::size_t index;
     const std::string& path;
     const std::string& line;
     LineReader reader;

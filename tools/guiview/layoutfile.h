@@ -22,7 +22,15 @@ struct FieldWord {
     bool valid = true;  ///< the word is of the field's type and in its range
 };
 
-/// One line of a layout, taken apart.
+/// A misspelt word of a line, and what it probably means.
+struct Correction {
+    Location location;
+    std::size_t length = 0;  ///< of the misspelt word
+    std::string word;
+};
+
+/// One line of a layout, taken apart. A misspelt word has been reported; the line is then read as
+/// if the word were right, so that the mistake has no consequences in other lines.
 struct Statement {
     Word word;                                ///< empty on a blank line
     const Layout::Statement* rule = nullptr;  ///< null for a blank line, comment or unknown word
@@ -31,6 +39,7 @@ struct Statement {
     std::size_t end = 0;                      ///< where the line's comment begins, in bytes
     bool wellFormed = false;                  ///< no field is missing or of another type
     bool inRange = true;                      ///< no number is out of its range
+    std::vector<Correction> corrections;
 
     /// Null when the line ended before this field.
     const Word* Find(std::string_view field) const;

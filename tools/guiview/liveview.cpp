@@ -95,7 +95,8 @@ void LiveView::Load() {
     auto layout = LayoutSource::Read(options.layout, options.texts);
     if (!layout)
         return;
-    const Checked checked = CheckLayout(*layout, options.forGame, options.texts);
+    const bool isForGame = options.forGame || IsForGame(layout->Declared());
+    const Checked checked = CheckLayout(*layout, isForGame, options.texts);
     watch.Watch(checked.files, start);
     const bool broken = checked.findings.HasErrors();
     std::cout << checked.findings.AsText() << options.layout
@@ -103,6 +104,7 @@ void LiveView::Load() {
     if (broken)
         return;
     shown = std::move(layout);
+    withGameTexts = isForGame;
     Build();
 }
 
@@ -113,7 +115,7 @@ void LiveView::Build() {
     Toolkit::Get().readViewport(GLWidget::viewport);
     const FolderVisit visit(shown->Folder());
     shown->Build();
-    if (options.forGame)
+    if (withGameTexts)
         FillGameTexts();
     FillTexts(options.texts);
 }

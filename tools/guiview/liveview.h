@@ -24,7 +24,7 @@ public:
     struct Options {
         std::string layout;
         SampleTexts texts;
-        bool forGame = false;
+        bool forGame = false;  ///< also if the layout's tags do not say so
     };
 
     LiveView(const Pointer<Kernel>& theKernel, Options theOptions);
@@ -52,6 +52,7 @@ private:
     FileWatch watch;
     std::optional<LayoutSource> shown;
     bool opened = false;
+    bool withGameTexts = false;  // what is shown is a layout of the game
     bool outlines = false;
     bool inspecting = false;
     std::uint32_t sinceLook = 0;  // milliseconds

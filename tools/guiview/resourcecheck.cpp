@@ -4,11 +4,16 @@
 #include "tools/guiview/resourcecheck.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <vector>
 
-#include "glwidget/theme.h"
+#include "glwidget/glwidget.h"
 #include "quarn2/font.h"
 #include "quarn2/texturedata.h"
 #include "tools/guiview/layoutsource.h"
+#include "tools/guiview/suggestion.h"
 
 namespace guiview {
 
@@ -16,6 +21,7 @@ namespace {
 
 constexpr const char* kDefaultTheme = "default";
 constexpr const char* kDefaultThemeFile = "default.theme";
+constexpr const char* kThemeEnding = ".theme";
 
 /// The message of a loader that failed, as part of a sentence.
 std::string Reason(const ErrorStreamCapture& said) {
@@ -26,7 +32,42 @@ std::string Reason(const ErrorStreamCapture& said) {
     return reason.empty() ? reason : ": " + reason;
 }
 
+/// The file beside a missing one that a misspelt name probably means. It has the same ending, or
+/// that of a theme which the name lacks.
+std::optional<std::string> SimilarFile(const std::string& name, const std::string& missingEnding) {
+    namespace fs = std::filesystem;
+    const fs::path wanted(name);
+    const std::string ending = wanted.has_extension() ? wanted.extension().string() : missingEnding;
+    std::vector<std::string> stems;
+    std::error_code error;
+    const fs::path parent = wanted.parent_path();
+    for (fs::directory_iterator each(parent.empty() ? fs::path(".") : parent, error), end;
+         !error && each != end; each.increment(error)) {
+        if (each->path().extension() == ending)
+            stems.push_back(each->path().stem().string());
+    }
+    std::ranges::sort(stems);
+    const std::optional<std::string> similar = Similar(wanted.stem().string(), stems);
+    return similar ? std::optional((parent / (*similar + ending)).string()) : std::nullopt;
+}
+
+/// The same for a file that cannot be loaded; nothing if it exists.
+std::optional<std::string> SimilarMissing(const std::string& name) {
+    std::error_code error;
+    return std::filesystem::exists(name, error) ? std::nullopt : SimilarFile(name, "");
+}
+
 }  // namespace
+
+std::set<const Theme*> ResourceCheck::BrokenThemes() const {
+    std::set<const Theme*> broken;
+    for (const auto& [name, theme] : GLWidget::themes) {
+        // The toolkit knows some themes by the names of their files without the ending.
+        if (brokenThemes.contains(name) || brokenThemes.contains(name + kThemeEnding))
+            broken.insert(theme);
+    }
+    return broken;
+}
 
 void ResourceCheck::Run(bool withMessageBox) {
     CheckDefaultTheme();
@@ -94,25 +135,38 @@ void ResourceCheck::CheckTheme(const std::string& name, Location where, const st
     if (const auto content = ReadTextFile(name)) {
         CheckTheme(name, *content);
     } else {
-        findings.Error(layout.path, where, what + " '" + name + "' cannot be read");
+        findings.Error(
+            layout.path, where,
+            what + " '" + name + "' cannot be read" + DidYouMean(SimilarFile(name, kThemeEnding)));
+        brokenThemes.insert(name);
     }
 }
 
 void ResourceCheck::CheckTheme(const std::string& name, const std::string& content) {
     known.insert(name);
     const std::string path = folder + name;
+    const std::size_t before = findings.List().size();
     const std::optional<Word> picture = CheckThemeFile(path, content, findings);
     if (picture && *picture != kNone)
         CheckPicture(picture->text, path, picture->location);
+    if (findings.List().size() > before)
+        brokenThemes.insert(name);
 }
 
 void ResourceCheck::CheckConfiguration(const Word& name) {
     if (!IsNew(name.text))
         return;
+    const std::size_t before = findings.List().size();
+    ReadConfiguration(name);
+    configurationBroken = configurationBroken || findings.List().size() > before;
+}
+
+void ResourceCheck::ReadConfiguration(const Word& name) {
     const auto content = ReadTextFile(name.text);
     if (!content) {
         findings.Error(layout.path, name.location,
-                       "the configuration '" + name.text + "' cannot be read");
+                       "the configuration '" + name.text + "' cannot be read"
+                           + DidYouMean(SimilarFile(name.text, ".conf")));
         return;
     }
     const std::string path = folder + name.text;
@@ -124,7 +178,8 @@ void ResourceCheck::CheckConfiguration(const Word& name) {
     FontRender measure;
     if (!measure.Measure(font->text)) {
         findings.Error(path, font->location,
-                       "the font '" + font->text + "' cannot be loaded" + Reason(said));
+                       "the font '" + font->text + "' cannot be loaded" + Reason(said)
+                           + DidYouMean(SimilarMissing(font->text)));
     }
 }
 
@@ -135,7 +190,8 @@ void ResourceCheck::CheckPicture(const std::string& picture, const std::string& 
     TextureData data;
     if (!data.Load(picture)) {
         findings.Error(file, where,
-                       "the picture '" + picture + "' cannot be loaded" + Reason(said));
+                       "the picture '" + picture + "' cannot be loaded" + Reason(said)
+                           + DidYouMean(SimilarMissing(picture)));
     }
 }
 

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "glwidget/theme.h"
 #include "tools/guiview/declarations.h"
 #include "tools/guiview/finding.h"
 #include "tools/guiview/valuefile.h"
@@ -32,6 +33,11 @@ public:
     /// The files that decide how the layout looks, whether they exist or not.
     const std::set<std::string>& Files() const { return files; }
 
+    /// The themes of the toolkit whose files have an error or cannot be read. The sizes and colours
+    /// that follow from them are not those that the layout means.
+    std::set<const Theme*> BrokenThemes() const;
+    bool HasBrokenConfiguration() const { return configurationBroken; }
+
 private:
     /// Whether a file is looked at for the first time.
     bool IsNew(const std::string& name);
@@ -44,6 +50,7 @@ private:
     void CheckTheme(const std::string& name, Location where, const std::string& what);
     void CheckTheme(const std::string& name, const std::string& content);
     void CheckConfiguration(const Word& name);
+    void ReadConfiguration(const Word& name);
     void CheckPicture(const std::string& picture, const std::string& file, Location where);
 
     const LayoutFile& layout;
@@ -51,6 +58,8 @@ private:
     std::string folder;
     Findings& findings;
     std::set<std::string> known;  // themes and configurations that were looked at
+    std::set<std::string> brokenThemes;
+    bool configurationBroken = false;
     std::set<std::string> files;
 };
 

@@ -61,10 +61,36 @@ std::string_view Node::KindWord() const {
     return kind != nullptr ? kind->word : kNone;
 }
 
-Scene::Scene(const Declarations& declarations, std::set<std::string> withFinalText)
+Scene::Scene(const Declarations& declarations, std::set<std::string> withFinalText,
+             const std::set<const Theme*>& broken)
     : declared(declarations), labelsWithFinalText(std::move(withFinalText)) {
     for (GLWidget* widget : GLWidget::widgets)
         Add(widget, nullptr, std::nullopt, Vector(0.0f, 0.0f));
+    MarkDoubtful(broken);
+}
+
+void Scene::MarkDoubtful(const std::set<const Theme*>& broken) {
+    const auto inDoubt = [&](const Node& node) {
+        return broken.contains(&node.widget->GetTheme())
+               || (node.declared != nullptr && node.declared->themeUnknown);
+    };
+    // A container comes before its children. Its theme decides where they are, and their sizes
+    // decide its own.
+    for (const auto& node : owned) {
+        for (const Node* each = node.get(); each != nullptr; each = each->parent)
+            node->doubtful = node->doubtful || inDoubt(*each);
+    }
+    std::set<const Node*> around;
+    for (auto node = owned.rbegin(); node != owned.rend(); ++node) {
+        (*node)->doubtful = (*node)->doubtful || around.contains(node->get());
+        if ((*node)->doubtful)
+            around.insert((*node)->parent);
+    }
+    for (const auto& node : owned) {
+        const bool centred = node->declared != nullptr && node->declared->centred;
+        if (centred && node->parent != nullptr && node->parent->doubtful)
+            node->doubtful = true;
+    }
 }
 
 void Scene::Add(GLWidget* widget, const Node* parent, std::optional<int> tab,

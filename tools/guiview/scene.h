@@ -26,6 +26,8 @@ struct Node {
     Box drawn;                           ///< what of it can be seen
     Box clicks;                          ///< where it reacts to clicks; empty if nowhere
     bool shown = false;                  ///< it is not on a closed tab
+    /// Its size, its position or its colours depend on a theme that has an error.
+    bool doubtful = false;
 
     std::string_view Tag() const;
     /// The word for its kind in layouts.
@@ -45,7 +47,9 @@ class Scene {
 public:
     /// @param withFinalText  tags of labels whose text does not change: only their lines are drawn.
     ///     Other labels may later use their whole box.
-    explicit Scene(const Declarations& declarations, std::set<std::string> withFinalText = {});
+    /// @param broken  themes that have an error
+    explicit Scene(const Declarations& declarations, std::set<std::string> withFinalText = {},
+                   const std::set<const Theme*>& broken = {});
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 
@@ -62,6 +66,7 @@ public:
 private:
     void Add(GLWidget* widget, const Node* parent, std::optional<int> tab, const Vector& origin);
     void AddTabs(const Node& window, const Vector& origin, const Vector& inner);
+    void MarkDoubtful(const std::set<const Theme*>& broken);
 
     const Declarations& declared;
     std::set<std::string> labelsWithFinalText;

@@ -30,7 +30,7 @@ Box Screen() {
 
 /// Whether the widget's position is as the layout says.
 bool IsPlaced(const Node& node) {
-    return node.declared != nullptr && !node.declared->misplaced;
+    return node.declared != nullptr && !node.declared->misplaced && !node.doubtful;
 }
 
 struct Excess {
@@ -78,7 +78,7 @@ void ScreenCheck::CheckPlace(const Node& node) {
                        + " beyond its " + beyond.side + " edge");
         return;
     }
-    if (node.parent == nullptr)
+    if (node.parent == nullptr || !IsPlaced(*node.parent))
         return;
     const Excess out = ExcessOf(node.drawn, node.parent->drawn);
     if (out.length > kTolerance) {
@@ -178,7 +178,7 @@ void ScreenCheck::CheckList(const Node& combo) {
                         + " beyond the screen's " + beyond.side + " edge");
     }
     for (const Node* node : scene.Nodes()) {
-        if (node == &combo || !IsPressable(*node) || !Meet(node->clicks, list)
+        if (node == &combo || !IsPlaced(*node) || !IsPressable(*node) || !Meet(node->clicks, list)
             || !Scene::SeenTogether(*node, combo))
             continue;
         Warn(*node, Quoted(node->Tag()) + " is under the open list of " + Quoted(combo.Tag())
@@ -198,7 +198,7 @@ void ScreenCheck::CheckChart(const Chart& chart, const Node& node) {
 }
 
 void ScreenCheck::CheckCentre(const Node& node) {
-    if (IsPressable(node) && Meet(node.clicks, messageArea)) {
+    if (messageArea && IsPressable(node) && Meet(node.clicks, *messageArea)) {
         Warn(node, Quoted(node.Tag())
                        + " is at the centre of the screen: a click on a message box reaches it "
                          "too");

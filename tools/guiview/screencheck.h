@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "glwidget/chart.h"
 #include "tools/guiview/finding.h"
@@ -17,9 +18,10 @@ class ScreenCheck {
 public:
     /// @param path        the layout's name in reports
     /// @param answers     whether the program does anything when this widget is pressed
-    /// @param area        where message boxes appear
+    /// @param area        where message boxes appear; nothing if that is not known
     ScreenCheck(const Scene& widgets, const std::string& path,
-                std::function<bool(const Node&)> answers, const Box& area, Findings& list)
+                std::function<bool(const Node&)> answers, const std::optional<Box>& area,
+                Findings& list)
         : scene(widgets),
           file(path),
           isAnswered(std::move(answers)),
@@ -49,7 +51,7 @@ private:
     const Scene& scene;
     const std::string& file;
     std::function<bool(const Node&)> isAnswered;
-    Box messageArea;
+    std::optional<Box> messageArea;
     Findings& findings;
 };
 

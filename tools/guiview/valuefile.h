@@ -4,6 +4,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -12,7 +13,12 @@
 
 namespace guiview {
 
-// Both report what is missing or malformed in the lines of a file.
+/// The lines of a configuration. Those of four numbers are rectangles: left, lower, right and upper
+/// edge.
+std::span<const ValueLine> ConfigurationLines();
+
+// Both report what is missing, malformed or out of range in the lines of a file. A line that is
+// missing, or one too many, is one finding, although no line after it is what it should be.
 /// @param path  the file's name in reports
 /// @return the word that names the theme's picture, if there is one
 std::optional<Word> CheckThemeFile(const std::string& path, const std::string& content,

@@ -85,9 +85,12 @@ TEST_F(ContrastCheckTest, WidgetThatDoesNotFadeIsComparedOnlyAtItsBrightest) {
         "'a.theme')\n");
 }
 
-TEST_F(ContrastCheckTest, ColoursAbove1AreComparedAs1) {
+TEST_F(ContrastCheckTest, ColoursThatAreBrighterThanWhiteAreComparedAsWhite) {
+    std::string theme = Theme(kWhite, "0.8 0.8 0.8");
+    theme.replace(theme.find("0.9 1 dim"), 5, "1.9 2");
+    folder.Write("a.theme", theme);
     EXPECT_EQ(
-        FoundIn("5 5 5", "4 4 4", "CADD Butt a NULL 1 1 Go\n"),
+        FoundWithFont("THEM a.theme NULL\nCADD Butt a NULL 1 1 Go\n"),
         "test.gui:3:11: warning: the text of 'a' has a contrast of 1.00:1, below 4.5:1 (theme "
         "'a.theme')\n");
 }

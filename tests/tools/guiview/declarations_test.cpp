@@ -19,7 +19,7 @@ TEST_F(DeclarationsTest, UnknownParentIsAnError) {
 
 TEST_F(DeclarationsTest, ParentAfterItsChildIsAnError) {
     EXPECT_EQ(FoundWithFont("CADD Label a win 0 0 A\nCADD Win win NULL 0 -1 0 A\n"),
-              "test.gui:2:14: error: unknown tag 'win'\n");
+              "test.gui:2:14: error: the tag 'win' is not known before line 3\n");
 }
 
 TEST_F(DeclarationsTest, UnknownTagIsAnErrorInEveryStatement) {
@@ -54,6 +54,36 @@ TEST_F(DeclarationsTest, TagsThatAreReservedForTheToolkitAreErrors) {
               "test.gui:2:12: error: the tag '__a' is reserved for the toolkit\n"
               "test.gui:3:14: error: the tag '__c' is reserved for the toolkit\n"
               "test.gui:4:6: error: the tag '__d' is reserved for the toolkit\n");
+}
+
+TEST_F(DeclarationsTest, UnknownTagIsReportedOnlyAtItsFirstUse) {
+    EXPECT_EQ(FoundWithFont("CADD Label a win 0 0 A\nCADD Label b win 0 1 B\nCENTRE win\n"),
+              "test.gui:2:14: error: unknown tag 'win'\n");
+}
+
+TEST_F(DeclarationsTest, SimilarTagIsSuggestedAndTaken) {
+    EXPECT_EQ(
+        FoundWithFont("CADD Win office NULL 0 -1 0 A\nCADD Label a ofice 0 0 A\n"
+                      "CADD Label b ofice 0 0 B\n"),
+        "test.gui:3:14: error: unknown tag 'ofice'; did you mean 'office' of line 2?\n"
+        "test.gui:4:12: warning: 'b' overlaps 'a' of line 3 by 20 pixels across and 15 pixels "
+        "down\n");
+}
+
+TEST_F(DeclarationsTest, OnlyATagOfAFittingKindIsSuggested) {
+    EXPECT_EQ(FoundWithFont("CADD Label office NULL 0 1 A\nCADD Label a ofice 0 0 A\n"),
+              "test.gui:3:14: error: unknown tag 'ofice'\n");
+    EXPECT_EQ(FoundWithFont("CADD Label office NULL 0 1 A\nCENTRE ofice\n"),
+              "test.gui:3:8: error: unknown tag 'ofice'; did you mean 'office' of line 2?\n");
+}
+
+TEST_F(DeclarationsTest, WindowWithoutTheChildOfAnErrorIsNotMeasured) {
+    const std::string window = "CADD Win w NULL -1 -1 0 A title that is wider than the window\n";
+    EXPECT_EQ(
+        FoundWithFont(window + "CADD Frame f w 0 0 0\nCADD Label a f 0 0 0 A\n").find("error"),
+        std::string::npos);
+    EXPECT_EQ(FoundWithFont(window + "CADD Frame f w 0 0 0\nCADD Label a f 0 none A\n"),
+              "test.gui:4:18: error: 'none' is not a number for y\n");
 }
 
 // Parents
@@ -197,13 +227,13 @@ TEST_F(DeclarationsTest, SliderWithoutExactlyOneLengthIsAnError) {
     EXPECT_EQ(Found("CADD Slide a NULL 0 1 0.3 0.3\n"), finding);
     EXPECT_EQ(Found("CADD Slide a NULL 0 1 0 0\n"), finding);
     EXPECT_EQ(Found("CADD Slide a NULL 0 1 -0.3 0\n"),
-              "test.gui:1:23: error: '-0.3' is out of range for width: 0 or more\n");
+              "test.gui:1:23: error: '-0.3' is out of range for width: 0 to 10\n");
 }
 
 TEST_F(DeclarationsTest, ImageButtonWithoutSizeIsAnError) {
     EXPECT_EQ(Found("CADD Butt a NULL 0 1 TEX 0 0.1\nCADD Butt b NULL 0 1 TEX 0.1 -0.1\n"),
-              "test.gui:1:26: error: '0' is out of range for width: above 0\n"
-              "test.gui:2:30: error: '-0.1' is out of range for height: above 0\n");
+              "test.gui:1:26: error: '0' is out of range for width: above 0, at most 10\n"
+              "test.gui:2:30: error: '-0.1' is out of range for height: above 0, at most 10\n");
 }
 
 TEST_F(DeclarationsTest, TextBoxWithoutOrWithTooManyColumnsOrRowsIsAnError) {
@@ -242,6 +272,27 @@ TEST_F(DeclarationsTest, StatementsThatWouldStopTheToolkitAreLeftOut) {
               "\n"
               "\n"
               "CENTRE b\n");
+}
+
+TEST_F(DeclarationsTest, MisspeltWordsAreReplacedForTheToolkit) {
+    Findings findings;
+    const LayoutFile file = ParseLayout("a.gui",
+                                        "CNOF gui.conf\n"
+                                        "TEHM a.theme NULL  // brass\n"
+                                        "CAD  Window office NULL 0 0 0 A\n"
+                                        "CADD Window office NULL 0 0 0 A\n"
+                                        "CADDD Label NULL ofice 0 0 B\n"
+                                        "THEM a.theme\n"
+                                        "THEM\n",
+                                        findings);
+    EXPECT_EQ(FollowStatements(file, findings).buildable,
+              "CONF gui.conf\n"
+              "THEM a.theme NULL\n"
+              "\n"
+              "CADD Win office NULL 0 0 0 A\n"
+              "CADD Label NULL#5 office 0 0 B\n"
+              "THEM a.theme NULL\n"
+              "\n");
 }
 
 }  // namespace

@@ -19,6 +19,20 @@ TEST(FindingList, IsPrintedOnePerLineWithFileLineAndColumn) {
               "b.theme:1:1: warning: better not\n");
 }
 
+TEST(FindingList, IsSortedByWeightThenFileThenPlace) {
+    Findings findings;
+    findings.Warn("a.gui", {1, 1}, "fifth");
+    findings.Error("b.theme", {1, 1}, "fourth");
+    findings.Error("a.theme", {9, 1}, "third");
+    findings.Error("b.gui", {4, 2}, "second");
+    findings.Error("b.gui", {4, 1}, "first");
+    findings.Sort("b.gui");
+    std::string order;
+    for (const Finding& finding : findings.List())
+        order += finding.message + ' ';
+    EXPECT_EQ(order, "first second third fourth fifth ");
+}
+
 TEST(FindingList, IsPrintedAsAJsonArray) {
     Findings findings;
     findings.Error("a.gui", {3, 14}, "the tag 'a\"b' is taken");

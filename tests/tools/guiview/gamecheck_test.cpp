@@ -70,6 +70,37 @@ TEST_F(GameCheckTest, OptionalWidgetOfTheWrongKindIsAnError) {
                           "Slide\n"));
 }
 
+TEST_F(GameCheckTest, SimilarTagThatTheGameDoesNotKnowIsNamed) {
+    EXPECT_THAT(Found("CONF gui.conf\nCADD Butt exitbutt NULL -1 1 Exit\n", true),
+                HasSubstr("test.gui:2:11: error: the game needs a Butt with the tag 'exitbut'; is "
+                          "'exitbutt' it?\n"));
+}
+
+TEST_F(GameCheckTest, WidgetWhoseLineHasAnErrorIsNotMissing) {
+    const std::string found = Found("CONF gui.conf\nCADD Butt exitbut NULL left 1 Exit\n", true);
+    EXPECT_THAT(found, HasSubstr("'left' is not a number for x"));
+    EXPECT_THAT(found, Not(HasSubstr("'exitbut'")));
+}
+
+TEST_F(GameCheckTest, LayoutWithHalfOfTheTagsIsOneForTheGame) {
+    std::vector<std::string_view> needed;
+    for (const tag::Widget& widget : tag::kWidgets) {
+        if (!widget.optional)
+            needed.push_back(widget.tag);
+    }
+    const auto isForGame = [&](std::size_t count) {
+        std::string layout;
+        for (std::size_t i = 0; i < count; ++i)
+            layout += "CADD Frame " + std::string(needed[i]) + " NULL 0 0 0\n";
+        Findings findings;
+        return IsForGame(FollowStatements(ParseLayout("a.gui", layout, findings), findings));
+    };
+    EXPECT_FALSE(isForGame(0));
+    EXPECT_FALSE(isForGame((needed.size() - 1) / 2));
+    EXPECT_TRUE(isForGame((needed.size() + 1) / 2));
+    EXPECT_TRUE(isForGame(needed.size()));
+}
+
 TEST_F(GameCheckTest, LabelsAreCheckedWithTheLongestTextsOfTheGame) {
     EXPECT_THAT(Found("CONF gui.conf\nCADD Label funds NULL -1 1 Funds\n", true),
                 HasSubstr("test.gui:2:12: warning: the text of 'funds' takes "));

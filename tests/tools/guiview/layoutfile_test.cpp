@@ -16,12 +16,49 @@ TEST_F(LayoutFileTest, EmptyLayoutIsClean) {
 }
 
 TEST_F(LayoutFileTest, UnknownStatementIsAnError) {
-    EXPECT_EQ(Found("// first\n  FADD Label a NULL 0 0 A\n"),
-              "test.gui:2:3: error: unknown statement 'FADD'\n");
+    EXPECT_EQ(Found("// first\n  WIDGET Label a NULL 0 0 A\n"),
+              "test.gui:2:3: error: unknown statement 'WIDGET'\n");
+}
+
+TEST_F(LayoutFileTest, SimilarStatementThatTheLineFitsIsSuggested) {
+    EXPECT_EQ(FoundWithFont("FADD Label a NULL 0 0 A\n"),
+              "test.gui:2:1: error: unknown statement 'FADD'; did you mean 'CADD'?\n");
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nFADD 0 Label a w 0 0 A\n"),
+              "test.gui:4:1: error: unknown statement 'FADD'; did you mean 'TADD'?\n");
+    EXPECT_EQ(Found("FADD Label\n"),
+              "test.gui:1:1: error: unknown statement 'FADD'; did you mean 'CADD'?\n");
+}
+
+TEST_F(LayoutFileTest, MisspeltStatementHasNoConsequencesInOtherLines) {
+    EXPECT_EQ(Found("CNOF gui.conf\nCADD Label a NULL 0 1 A\nCADD Label b NULL 0 0.5 B\n"),
+              "test.gui:1:1: error: unknown statement 'CNOF'; did you mean 'CONF'?\n");
+}
+
+TEST_F(LayoutFileTest, SimilarKindIsSuggestedByItsWordOrItsClass) {
+    EXPECT_EQ(FoundWithFont("CADD Laebl a NULL 0 0 A\n"),
+              "test.gui:2:6: error: unknown kind 'Laebl'; did you mean 'Label'?\n");
+    EXPECT_EQ(FoundWithFont("CADD Checkbox a NULL 0 1 A\n"),
+              "test.gui:2:6: error: unknown kind 'Checkbox'; did you mean 'Check'?\n");
+    EXPECT_EQ(FoundWithFont("CADD Window w NULL 0 0 1 A\nCADD Label a w 0 0 A\nSOLID\nCENTRE w\n"),
+              "test.gui:2:6: error: unknown kind 'Window'; did you mean 'Win'?\n");
+}
+
+TEST_F(LayoutFileTest, MissingTagOrParentIsOneError) {
+    EXPECT_EQ(FoundWithFont("CADD Label a 0 0 A\nCADD Label NULL 0 0 B\n"),
+              "test.gui:2:14: error: missing tag or parent before '0'\n"
+              "test.gui:3:17: error: missing tag or parent before '0'\n");
+    EXPECT_EQ(FoundWithFont("CADD Win 0 NULL 0 0 0 Zero\nCADD Label a 0 0 0 A number as a tag\n"),
+              "");
+}
+
+TEST_F(LayoutFileTest, MissingTabIsOneError) {
+    EXPECT_EQ(FoundWithFont("CADD TWin w NULL -1.5 -1\nNTAB w 0 A\nTADD Label a w 0 0 A\n"),
+              "test.gui:4:6: error: missing tab before 'Label'\n");
 }
 
 TEST_F(LayoutFileTest, StatementsInOtherSpellingsAreUnknown) {
-    EXPECT_EQ(Found("solid\n"), "test.gui:1:1: error: unknown statement 'solid'\n");
+    EXPECT_EQ(Found("solid\n"),
+              "test.gui:1:1: error: unknown statement 'solid'; did you mean 'SOLID'?\n");
     EXPECT_EQ(Found("SOLIDIFY\n"), "test.gui:1:1: error: unknown statement 'SOLIDIFY'\n");
 }
 
@@ -34,8 +71,8 @@ TEST_F(LayoutFileTest, UnknownKindIsAnError) {
 }
 
 TEST_F(LayoutFileTest, WidgetsInsideOfAnUnknownKindAreNotReported) {
-    EXPECT_EQ(FoundWithFont("CADD Window w NULL 0 0 1 A\nCADD Label a w 0 0 A\nCENTRE w\n"),
-              "test.gui:2:6: error: unknown kind 'Window'\n");
+    EXPECT_EQ(FoundWithFont("CADD Panel w NULL 0 0 1 A\nCADD Label a w 0 0 A\nCENTRE w\n"),
+              "test.gui:2:6: error: unknown kind 'Panel'\n");
 }
 
 TEST_F(LayoutFileTest, MissingFieldsAreReportedWhereTheyShouldBegin) {

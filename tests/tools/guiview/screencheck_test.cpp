@@ -5,6 +5,10 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
 #include <cmath>
 
 #include "tests/tools/guiview/layout_test.h"
@@ -136,14 +140,31 @@ TEST_F(ScreenCheckTest, SliderMayBeNearToALabel) {
 
 // Texts
 
+/// The game's font with letters of half their size.
+std::vector<unsigned char> SmallFont() {
+    std::vector<unsigned char> font = FileBytes("data/font.ttf");
+    // A TrueType file begins with a list of tables: name, checksum, offset and length.
+    const std::string_view head = "head";
+    const auto entry = std::search(font.begin(), font.end(), head.begin(), head.end());
+    std::size_t offset = 0;
+    for (auto byte = entry + 8; byte != entry + 12; ++byte)
+        offset = offset << 8U | *byte;
+    constexpr std::size_t kUnitsPerEm = 18;
+    unsigned char* const units = &font[offset + kUnitsPerEm];
+    const unsigned doubled = 2U * (static_cast<unsigned>(units[0]) << 8U | units[1]);
+    units[0] = static_cast<unsigned char>(doubled >> 8U);
+    units[1] = static_cast<unsigned char>(doubled & 0xFFU);
+    return font;
+}
+
 TEST_F(ScreenCheckTest, TextInAFontThatWasLoadedAfterItsWidgetWasMadeIsAWarning) {
-    // Widgets that are made without a font have no room for letters.
-    folder.Write("none.conf", "none.ttf\nx\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n1\n");
+    folder.Write("small.ttf", SmallFont());
+    folder.Write("small.conf", "small.ttf\nx\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n0 0 1 1\n1\n");
     const std::string found = Found(
-        "CONF none.conf\n"
+        "CONF small.conf\n"
         "CADD Label a NULL -1.5 1 Label\nCADD Butt b NULL -1.5 0.8 Button\n"
         "CADD Check c NULL -1.5 0.6 Check\nCADD Opt d NULL -1.5 0.4 Option\n"
-        "CADD Combo f NULL 0.5 1\nTEXT f Item\n"
+        "CADD Combo f NULL 0.5 1\nTEXT f An item of many letters\n"
         "CONF gui.conf\n");
     EXPECT_THAT(found, HasSubstr("test.gui:2:12: warning: the text of 'a' is "));
     EXPECT_THAT(found, HasSubstr("test.gui:3:11: warning: the text of 'b' is "));
