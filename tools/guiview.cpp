@@ -8,11 +8,8 @@
 #include <CLI/CLI.hpp>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -21,6 +18,7 @@
 #include "quarn2/memory.h"
 #include "quarn2/sdlinput.h"
 #include "tools/commandline.h"
+#include "tools/guiview/fontsize.h"
 #include "tools/guiview/gamecheck.h"
 #include "tools/guiview/layoutcheck.h"
 #include "tools/guiview/layoutformat.h"
@@ -50,6 +48,8 @@ struct Options {
     bool json = false;
     bool format = false;
     std::vector<std::string> texts;
+    std::string fontSize;
+    std::string into;
 };
 
 void Declare(CLI::App& app, Options& options) {
@@ -63,8 +63,19 @@ void Declare(CLI::App& app, Options& options) {
                                      "--format, print the lines that are not aligned");
     auto* const format = app.add_flag("--format", options.format,
                                       "Align the columns of the layout and change nothing else");
-    picture->type_name("FILE")->excludes(tree, check, format);
-    tree->excludes(check, format);
+    auto* const fontSize =
+        app.add_option("--font-size", options.fontSize,
+                       "Give all themes with which the layout draws texts this font size, and "
+                       "print the names of those that change");
+    picture->type_name("FILE")->excludes(tree, check, format, fontSize);
+    tree->excludes(check, format, fontSize);
+    fontSize->type_name("SIZE")->excludes(check, format);
+    app.add_option(
+           "--into", options.into,
+           "Write the themes into this folder and not into that of the layout; a theme that "
+           "it already has is changed there")
+        ->type_name("FOLDER")
+        ->needs(fontSize);
     app.add_flag("--json", options.json, "Print what is wrong as JSON")->needs(check);
     app.add_flag("--game", options.game,
                  "Take the layout for one of the game even if it has less than half of the game's "
@@ -113,30 +124,6 @@ int Print(const Findings& findings, bool json) {
     return findings.List().empty() ? kClean : kFindings;
 }
 
-/// Replaces a file's content at once: a program that reads it meanwhile sees the old or the new
-/// one. A link stays a link, and the file keeps its permissions.
-/// @return false when it cannot be written; then it is as it was
-bool RewriteFile(const std::string& path, const std::string& content) {
-    namespace fs = std::filesystem;
-    std::error_code error;
-    const fs::path target = fs::canonical(path, error);
-    if (error)
-        return false;
-    fs::path draft = target;
-    draft += ".guiview";
-    std::ofstream file(draft, std::ios::binary | std::ios::trunc);
-    file << content;
-    file.close();
-    if (file)
-        fs::permissions(draft, fs::status(target).permissions(), error);
-    if (file && !error)
-        fs::rename(draft, target, error);
-    if (file && !error)
-        return true;
-    fs::remove(draft, error);
-    return false;
-}
-
 int Format(const Options& options) {
     const auto content = ReadTextFile(options.layout);
     if (!content)
@@ -182,6 +169,17 @@ int TakePicture(const Options& options, const LayoutSource& layout, SampleTexts 
     return guiview::TakePicture(layout, pose, options.crop, options.picture) ? kClean : kUnusable;
 }
 
+int ChangeFontSize(const Options& options, const LayoutSource& layout) {
+    const Field& field = Theme::Lines()[static_cast<std::size_t>(ThemeLine::FontSize)].values.field;
+    const std::optional<float> size = ParseNumber(options.fontSize);
+    if (!size || !field.Allows(*size))
+        return Fail("--font-size takes a number: " + field.Range());
+    if (!SetFontSize(layout, options.fontSize, options.into))
+        return kUnusable;
+    std::cout << std::flush;
+    return std::cout ? kClean : Fail("the names cannot be written");
+}
+
 int Show(const Options& options, SampleTexts texts) {
     if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
         return Fail("there is no display: --png, --tree and --check need none");
@@ -204,6 +202,8 @@ int Run(const Options& options) {
     const auto layout = LayoutSource::Read(options.layout, texts);
     if (!layout)
         return kUnusable;
+    if (!options.fontSize.empty())
+        return ChangeFontSize(options, *layout);
     if (options.check)
         return Check(options, *layout, texts);
     if (options.tree)

@@ -232,6 +232,70 @@ class GuiviewProgram(Folder):
                          "if the change is meant: cmake --build --preset release --target "
                          "renew_layout_records")
 
+    # Font sizes
+
+    def game_folder(self):
+        shutil.copytree(ROOT / "data", self.folder / "game")
+        return self.folder / "game"
+
+    @staticmethod
+    def font_size(theme):
+        lines = [line.split() for line in theme.read_text().splitlines()
+                 if line.strip() and not line.startswith("//")]
+        return " ".join(lines[10][:2])
+
+    def test_all_themes_with_text_get_the_font_size_in_the_folder_of_a_set(self):
+        game = self.game_folder()
+        before = {path.name: path.read_bytes() for path in game.glob("*.theme")}
+        (self.folder / "medium").mkdir()
+        result = self.guiview("--font-size", "0.05", "--into", "medium", "game/my.gui.debug")
+        self.assertEqual((result.returncode, result.stderr), (CLEAN, ""))
+        written = sorted((self.folder / "medium").iterdir())
+        self.assertEqual(result.stdout.splitlines(), [f"medium/{path.name}" for path in written])
+        self.assertLessEqual({"default.theme", "button.theme", "messagebox.theme"},
+                             {path.name for path in written})
+        self.assertNotIn("desk.theme", {path.name for path in written})
+        for path in written:
+            self.assertEqual(self.font_size(path), "0.05 0.05")
+        self.assertEqual({path.name: path.read_bytes() for path in game.glob("*.theme")}, before)
+        for path in written:
+            shutil.copy(path, game)
+        self.assertNotIn("error", self.guiview("--check", "game/my.gui.debug").stdout)
+        self.expect(self.guiview("--font-size", "0.05", "game/my.gui.debug"), CLEAN)
+
+    def test_theme_that_the_set_already_has_keeps_its_other_values(self):
+        self.game_folder()
+        (self.folder / "medium").mkdir()
+        own = self.write("medium/default.theme", THEME.format(fill="0.1 0.2 0.3"))
+        self.assertEqual(
+            self.guiview("--font-size", "0.06", "--into", "medium/", "game/my.gui.debug").returncode,
+            CLEAN)
+        self.assertEqual(Path(own).read_text(),
+                         THEME.format(fill="0.1 0.2 0.3").replace("0.05 0.05", "0.06 0.06"))
+
+    def test_font_size_changes_the_themes_beside_the_layout(self):
+        self.write("a.gui", "CONF gui.conf\nCADD Label a NULL 0 0 A\n")
+        self.expect(self.guiview("--font-size", "0.06", "a.gui"), CLEAN, "default.theme\n")
+        self.assertEqual(self.font_size(self.folder / "default.theme"), "0.06 0.06")
+        self.assertEqual(self.font_size(self.folder / "messagebox.theme"), "0.05 0.05")
+
+    def test_font_size_out_of_range_is_refused(self):
+        self.write("a.gui", "CONF gui.conf\nCADD Label a NULL 0 0 A\n")
+        for size in ("0", "12", "large", "0.05x"):
+            self.expect(self.guiview("--font-size", size, "a.gui"), UNUSABLE, "",
+                        "guiview: --font-size takes a number: 0.04 to 0.4\n")
+
+    def test_themes_that_cannot_be_changed_are_reported(self):
+        self.write("a.gui", "CONF gui.conf\nCADD Label a NULL 0 0 A\n")
+        self.expect(self.guiview("--font-size", "0.06", "--into", "none", "a.gui"), UNUSABLE, "",
+                    "guiview: none/default.theme: cannot be written\n")
+        self.write("default.theme", "1 1 1\n")
+        self.expect(self.guiview("--font-size", "0.06", "a.gui"), UNUSABLE, "",
+                    "guiview: default.theme: has no line for the font size\n")
+        (self.folder / "default.theme").unlink()
+        self.expect(self.guiview("--font-size", "0.06", "a.gui"), UNUSABLE, "",
+                    "guiview: default.theme: cannot be read\n")
+
     # Formatting
 
     UNALIGNED = "CADD Label a NULL 0 0 A\nCADD Win win NULL 1 0.5 0 W\n"
