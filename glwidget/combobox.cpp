@@ -39,9 +39,9 @@ Combobox::~Combobox() {
     dropButton.reset();
 }
 
-void Combobox::Forget(const GLWidget* gone) {
+void Combobox::Forget(const Gone& gone) {
     GLWidget::Forget(gone);
-    if (dropButton.get() == gone)
+    if (gone.contains(dropButton.get()))
         static_cast<void>(dropButton.release());
 }
 

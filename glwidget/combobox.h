@@ -35,7 +35,7 @@ public:
     static constexpr const char* kButtonTheme = "combo_button.theme";
 
 protected:
-    void Forget(const GLWidget* gone) override;
+    void Forget(const Gone& gone) override;
 
 private:
     std::int32_t ItemCount() const { return static_cast<std::int32_t>(texts.size()); }

@@ -13,8 +13,7 @@
 namespace {
 
 [[maybe_unused]] const bool kComposed = [] {
-    Toolkit::Get().parts = {ShowMessageBox, CompleteMessageBox, Layout::Start,
-                            [](GLWidget* widget) { delete widget; }};
+    Toolkit::Get().parts = {ShowMessageBox, CompleteMessageBox, Layout::Start, GLWidget::DeleteAll};
     return true;
 }();
 

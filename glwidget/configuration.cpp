@@ -35,5 +35,5 @@ void ReadConfiguration(std::istream& file, Toolkit& toolkit) {
     }
     reader.SkipComments();
     reader.Read(toolkit.fadeRate);
-    toolkit.guiScale = 1.3f;
+    toolkit.guiScale = Toolkit::kGuiScale;
 }

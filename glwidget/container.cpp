@@ -48,19 +48,20 @@ void PassFocussed(const Children& children, GLWidget* other) {
 }
 
 bool AnyHasFocus(const Children& children) {
-    return std::ranges::any_of(children, &GLWidget::HasFocus);
+    return std::ranges::any_of(
+        children, [](const GLWidget* child) { return child->HasFocus() && !child->IsDestroyed(); });
 }
 
 void Render(const Children& children) {
-    for (GLWidget* child : children) {
-        if (child->GetDepth() > kLayerDepth)
-            RenderChild(*child);
-    }
+    GLWidget::ForEach(children, [](GLWidget& child) {
+        if (child.GetDepth() > kLayerDepth)
+            RenderChild(child);
+    });
     // kept: a child whose depth is exactly kLayerDepth is in neither layer
-    for (GLWidget* child : children) {
-        if (child->GetDepth() < kLayerDepth)
-            RenderChild(*child);
-    }
+    GLWidget::ForEach(children, [](GLWidget& child) {
+        if (child.GetDepth() < kLayerDepth)
+            RenderChild(child);
+    });
 }
 
 void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut) {

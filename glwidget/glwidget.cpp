@@ -9,6 +9,7 @@
 #include <iostream>
 #include <memory>
 #include <sstream>
+#include <utility>
 
 #include "glwidget/configuration.h"
 #include "glwidget/reader.h"
@@ -24,19 +25,6 @@ const std::string& kNoText = *new std::string;
 
 void ReportStart(const std::string& path) {
     std::cerr << "Starting GUI from " << path << '\n';
-}
-
-/// As GLWidget::ForEach, for the top level.
-template <typename Handle>
-void ForEachAtTop(Handle handle) {
-    const GLWidget::Dispatch dispatch;
-    std::size_t left = GLWidget::widgets.size();
-    for (GLWidget* widget : GLWidget::widgets) {
-        if (left-- == 0)
-            return;
-        if (!widget->IsDestroyed())
-            handle(*widget);
-    }
 }
 
 /// The newest widget of that name that is not destroyed, or null.
@@ -179,16 +167,18 @@ bool GLWidget::AddChild(GLWidget* a) {
         return false;
     }
     children.push_back(a);
+    const Dispatch dispatch;
     const auto inGroup = [](GLWidget* child) { return child->Unique() && !child->destroyed; };
-    const auto first = std::find_if(children.begin(), children.end(), inGroup);
-    if (first == children.end())
+    const auto found = std::ranges::find_if(children, inGroup);
+    if (found == children.end())
         return true;
     // kept: every addition sets the group back to its first member
-    (*first)->Enable();
-    for (auto other = first + 1; other != children.end(); ++other) {
-        if (inGroup(*other))
-            (*other)->SetFocussed(*first);
-    }
+    GLWidget* const first = *found;
+    first->Enable();
+    ForEach(children, [&](GLWidget& child) {
+        if (&child != first && child.Unique())
+            child.SetFocussed(first);
+    });
     return true;
 }
 
@@ -202,14 +192,14 @@ Vector GLWidget::GetValidArea() {
 
 bool GLWidget::Solidify() {
     TraceFrame frame("Solidify", "GLWidget");
-    for (GLWidget* child : children)
-        child->Solidify();
+    const Dispatch dispatch;
+    ForEach(children, [](GLWidget& child) { child.Solidify(); });
     const float margin = theme->Margin();
-    for (GLWidget* child : children) {
-        const Vector box = child->Getbbox();
+    ForEach(children, [&](GLWidget& child) {
+        const Vector box = child.Getbbox();
         size.x = std::max(size.x, box.z + 2.0f * margin);
         size.y = std::max(size.y, box.w + 2.0f * margin);
-    }
+    });
     if (position.x > kEdgeThreshold)
         position.x = HalfWidth() - size.x - margin;
     if (position.x < -kEdgeThreshold)
@@ -316,8 +306,7 @@ bool GLWidget::RenderWidgets() {
     glEnable(GL_DEPTH_TEST);
 
     rendering = true;
-    for (GLWidget* widget : widgets)
-        widget->Render();
+    ForEachAtTop([](GLWidget& widget) { widget.Render(); });
     rendering = false;
 
     glPopAttrib();
@@ -367,20 +356,32 @@ void GLWidget::Destroy(GLWidget* widget) {
     if (Toolkit::Get().dispatches > 0) {
         Toolkit::Get().destroyed.push_back(widget);
     } else {
-        UnlinkAndDelete(widget);
+        UnlinkAndDelete({widget});
     }
 }
 
-void GLWidget::UnlinkAndDelete(GLWidget* widget) {
-    widgets.remove(widget);
-    for (GLWidget* other : Toolkit::Get().living)
-        other->Forget(widget);
-    delete widget;
+void GLWidget::DeleteAll() {
+    const std::list<GLWidget*>& living = Toolkit::Get().living;
+    while (!living.empty()) {  // the destructor of an application's widget may make further ones
+        const std::vector<GLWidget*> all(living.begin(), living.end());
+        for (GLWidget* widget : all)
+            widget->destroyed = true;
+        UnlinkAndDelete(all);
+    }
 }
 
-void GLWidget::Forget(const GLWidget* gone) {
-    std::erase(children, gone);
-    if (parent == gone)
+void GLWidget::UnlinkAndDelete(const std::vector<GLWidget*>& all) {
+    const Gone gone(all.begin(), all.end());
+    widgets.remove_if([&](const GLWidget* widget) { return gone.contains(widget); });
+    for (GLWidget* widget : Toolkit::Get().living)
+        widget->Forget(gone);
+    for (const GLWidget* widget : all)
+        delete widget;
+}
+
+void GLWidget::Forget(const Gone& gone) {
+    std::erase_if(children, [&](const GLWidget* child) { return gone.contains(child); });
+    if (gone.contains(parent))
         parent = nullptr;
 }
 
@@ -392,12 +393,8 @@ GLWidget::Dispatch::~Dispatch() {
     Toolkit& toolkit = Toolkit::Get();
     if (--toolkit.dispatches > 0)
         return;
-    // One at a time: deleting a widget destroys the parts that it owns.
-    while (!toolkit.destroyed.empty()) {
-        GLWidget* const widget = toolkit.destroyed.back();
-        toolkit.destroyed.pop_back();
-        UnlinkAndDelete(widget);
-    }
+    if (!toolkit.destroyed.empty())
+        UnlinkAndDelete(std::exchange(toolkit.destroyed, {}));
 }
 
 bool GLWidget::MessageBox(const std::string& message, int buttons) {

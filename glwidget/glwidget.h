@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <list>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,11 +26,12 @@
 /// tabs, and a combobox its drop button. The children of a widget that is destroyed live on
 /// without a parent.
 ///
-/// MouseClick, MouseMove, TextKeyPress and Update, as overridden by an application, may make, add
-/// and destroy widgets, including their own widget and those that hold it. A widget that is added
-/// gets the next event, not this one. A widget that is destroyed gets no more of this event and
-/// loses its tag at once; it leaves the tree and is deleted after the event. Render must not
-/// change the tree.
+/// MouseClick, MouseMove, TextKeyPress, Update, SetFocussed, AddChild and Solidify, as overridden
+/// by an application, may make, add and destroy widgets, including their own widget and those that
+/// hold it. They may also change `widgets`: take a widget out to hide it, or move it to the end to
+/// raise it. A change of the tree counts from the next event on, but a widget that is destroyed
+/// gets no more of this event and loses its tag at once; it leaves the tree and is deleted after
+/// the event. Render must not change the tree.
 ///
 /// GUI space: y grows upwards; the screen spans -A*S..A*S by -S..S, where S is `guiScale` and A
 /// the viewport's width divided by its height. A widget's position is the lower-left corner of
@@ -170,8 +172,10 @@ public:
     /// if there is one. Null is allowed.
     static void Destroy(GLWidget* widget);
     bool IsDestroyed() const { return destroyed; }
+    /// Deletes every widget. Programs call Toolkit::Reset instead.
+    static void DeleteAll();
 
-    /// Exists while an event is handed to a widget's children. Widgets that are destroyed meanwhile
+    /// Exists while an event is handed to widgets. Widgets that are destroyed meanwhile
     /// are deleted at the end of the outermost of these objects, so that the operations of a
     /// widget can still use its fields.
     class Dispatch {
@@ -192,6 +196,22 @@ public:
             if (!list[i]->destroyed)
                 handle(*list[i]);
         }
+    }
+    /// The same with every top-level widget. A widget that is taken out of `widgets` meanwhile is
+    /// still called.
+    template <typename Handle>
+    static void ForEachAtTop(Handle handle) {
+        const Dispatch dispatch;
+        // A list of its own, because `widgets` may change meanwhile. Its memory is kept.
+        std::vector<GLWidget*>& list = Toolkit::Get().atTop;
+        const std::size_t first = list.size();
+        list.insert(list.end(), widgets.begin(), widgets.end());
+        const std::size_t end = list.size();
+        for (std::size_t i = first; i < end; ++i) {
+            if (!list[i]->destroyed)
+                handle(*list[i]);
+        }
+        list.resize(first);
     }
 
     // Shared by all widgets: fields of the one Toolkit, which says what they mean.
@@ -250,11 +270,12 @@ protected:
     bool dragging = false;
     std::vector<GLWidget*> children;  // not owned; in the order of events
 
-    /// Removes every link to `gone`, which is about to be deleted.
-    virtual void Forget(const GLWidget* gone);
+    using Gone = std::set<const GLWidget*>;
+    /// Removes every link to widgets that are about to be deleted. One of them may be this one.
+    virtual void Forget(const Gone& gone);
 
 private:
-    static void UnlinkAndDelete(GLWidget* widget);
+    static void UnlinkAndDelete(const std::vector<GLWidget*>& all);
 
     bool destroyed = false;                      ///< will be deleted after the event
     std::list<GLWidget*>::iterator livingPlace;  ///< in Toolkit::living

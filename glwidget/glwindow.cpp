@@ -66,6 +66,7 @@ void GLWindow::DragBy(const Vector& delta) {
 
 bool GLWindow::AddChild(GLWidget* child) {
     TraceFrame frame("AddChild", "GLWindow");
+    const Dispatch dispatch;
     if (!GLWidget::AddChild(child))
         return false;
     size.x = std::max(size.x, TitleWidth());
@@ -83,13 +84,14 @@ Vector GLWindow::GetValidArea() {
 
 bool GLWindow::Solidify() {
     TraceFrame frame("Solidify", "GLWindow");
+    const Dispatch dispatch;
     GLWidget::Solidify();
     size.x = std::max(size.x, TitleWidth());
     // kept: room for the title is added after the window was moved to the screen's edge, so that
     // a window at the top edge can reach beyond it
     const float extra = 2.0f * theme->Margin() + 2.0f * theme->fontSize.y;
-    for (GLWidget* child : children)
-        size.y = std::max(size.y, child->Getbbox().w + extra);
+    ForEach(children,
+            [&](GLWidget& child) { size.y = std::max(size.y, child.Getbbox().w + extra); });
     return true;
 }
 

@@ -117,8 +117,17 @@ bool Layout::Build() {
 }
 
 void Layout::Process(std::string_view word) {
+    const GLWidget::Dispatch dispatch;
     if (const Statement* const statement = FindStatement(word))
         (this->*statement->run)();
+    if (!Toolkit::Get().destroyed.empty())
+        ForgetDestroyed();
+}
+
+void Layout::ForgetDestroyed() {
+    std::erase_if(deferred, [](const Attachment& attachment) {
+        return attachment.child->IsDestroyed() || attachment.parent->IsDestroyed();
+    });
 }
 
 void Layout::Configure() {
@@ -221,11 +230,11 @@ void Layout::AddItem() {
 }
 
 void Layout::Solidify() {
+    const GLWidget::Dispatch dispatch;
     for (const Attachment& attachment : deferred)
         Attach(attachment);
     deferred.clear();
-    for (GLWidget* widget : GLWidget::widgets)
-        widget->Solidify();
+    GLWidget::ForEachAtTop([](GLWidget& widget) { widget.Solidify(); });
     solidified = true;
 }
 

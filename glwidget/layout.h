@@ -73,6 +73,8 @@ private:
     void CentreY() { CentreWidget(false, true); }
 
     void Process(std::string_view word);
+    /// No longer waits for widgets that were destroyed before they were attached.
+    void ForgetDestroyed();
     void Create(std::optional<int> tab);
     /// Whether the widget can be attached; if not, a line on standard error says why.
     bool Fits(const Attachment& attachment) const;

@@ -45,10 +45,7 @@ bool TabWindow::MouseClick(bool left, bool middle, bool right) {
     TraceFrame frame("MouseClick", "TabWindow");
     const Dispatch dispatch;
     GLWindow::MouseClick(left, middle, right);
-    for (const Tab& tab : tabs) {
-        if (tab.button)
-            tab.button->MouseClick(left, middle, right);
-    }
+    ForEachButton([&](Button& button) { button.MouseClick(left, middle, right); });
     for (std::size_t i = 0; i < tabs.size(); ++i) {
         if (tabs[i].button && tabs[i].button->Clicked()) {
             children = tabs[i].widgets;
@@ -61,10 +58,7 @@ bool TabWindow::MouseClick(bool left, bool middle, bool right) {
 bool TabWindow::MouseMove(float x, float y) {
     TraceFrame frame("MouseMove", "TabWindow");
     const Dispatch dispatch;
-    for (const Tab& tab : tabs) {
-        if (tab.button)
-            tab.button->MouseMove(x, y);
-    }
+    ForEachButton([&](Button& button) { button.MouseMove(x, y); });
     return GLWindow::MouseMove(x, y);
 }
 
@@ -72,34 +66,26 @@ bool TabWindow::Update(int milliseconds) {
     TraceFrame frame("Update", "TabWindow");
     const Dispatch dispatch;
     GLWindow::Update(milliseconds);
-    for (const Tab& tab : tabs) {
-        if (tab.button)
-            tab.button->Update(milliseconds);
-    }
+    ForEachButton([&](Button& button) { button.Update(milliseconds); });
     return true;
 }
 
 Vector TabWindow::operator+=(const Vector& offset) {
     TraceFrame frame("operator+=", "TabWindow");
     GLWindow::operator+=(offset);
-    for (const Tab& tab : tabs) {
-        if (tab.button)
-            *tab.button += offset;
-    }
+    ForEachButton([&](Button& button) { button += offset; });
     return position;
 }
 
 bool TabWindow::Solidify() {
     TraceFrame frame("Solidify", "TabWindow");
+    const Dispatch dispatch;
     GLWindow::Solidify();
     if (!tabs.empty())
         children = tabs.front().widgets;  // kept: the first tab's, even if shownTab is another
     const Vector row(position.x + size.y * theme->corner,
                      position.y + size.y - 1.75f * theme->fontSize.y);
-    for (const Tab& tab : tabs) {
-        if (tab.button)
-            *tab.button += row;
-    }
+    ForEachButton([&](Button& button) { button += row; });
     FitButtons();
     return true;
 }
@@ -118,6 +104,7 @@ bool TabWindow::AddTab(int index, std::string_view title) {
 
 bool TabWindow::AddToTab(int index, GLWidget* widget) {
     TraceFrame frame("AddToTab", "TabWindow");
+    const Dispatch dispatch;
     if (!EnsureTab(index))
         return false;
     if (!AddChild(widget))
@@ -137,11 +124,11 @@ bool TabWindow::Holds(const GLWidget* widget) const {
            });
 }
 
-void TabWindow::Forget(const GLWidget* gone) {
+void TabWindow::Forget(const Gone& gone) {
     GLWindow::Forget(gone);
     for (Tab& tab : tabs) {
-        std::erase(tab.widgets, gone);
-        if (tab.button.get() == gone)
+        std::erase_if(tab.widgets, [&](const GLWidget* widget) { return gone.contains(widget); });
+        if (gone.contains(tab.button.get()))
             static_cast<void>(tab.button.release());
     }
 }
@@ -172,12 +159,10 @@ void TabWindow::RebuildButtons() {
 
 void TabWindow::FitButtons() {
     float total = size.y * theme->corner;
-    for (const Tab& tab : tabs) {
-        if (!tab.button)
-            continue;
-        const Vector box = tab.button->Getbbox();
+    ForEachButton([&](Button& button) {
+        const Vector box = button.Getbbox();
         total += box.z - box.x + 2.0f * theme->border;
-    }
+    });
     size.x = std::max(size.x, total);
 }
 
@@ -203,8 +188,5 @@ void TabWindow::DrawButtons() {
     // The shown tab always looks as if the mouse were over it.
     if (shownTab < tabs.size() && tabs[shownTab].button)
         tabs[shownTab].button->Focus();
-    for (const Tab& tab : tabs) {
-        if (tab.button)
-            tab.button->Render();
-    }
+    ForEachButton([](Button& button) { button.Render(); });
 }

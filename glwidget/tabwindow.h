@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -54,12 +55,20 @@ public:
     bool Holds(const GLWidget* widget) const override;
 
 protected:
-    void Forget(const GLWidget* gone) override;
+    void Forget(const Gone& gone) override;
 
 private:
     /// Extends the list up to the index. @return whether a tab may have that index
     bool EnsureTab(int index);
     void RebuildButtons();
+    /// Calls `handle` with every button. Meanwhile tabs may be added.
+    template <typename Handle>
+    void ForEachButton(Handle handle) const {
+        for (std::size_t i = 0; i < tabs.size(); ++i) {
+            if (tabs[i].button)
+                handle(*tabs[i].button);
+        }
+    }
     /// Widens the window to its row of buttons.
     void FitButtons();
     void DrawButtons();

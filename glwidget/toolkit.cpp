@@ -6,6 +6,7 @@
 #include <GL/gl.h>
 
 #include "quarn2/texture.h"
+#include "quarn2/trace.h"
 
 namespace {
 
@@ -20,11 +21,10 @@ Toolkit& Toolkit::Get() {
 }
 
 void Toolkit::Reset() {
+    Assert("glwidget/toolkit", __LINE__, "dispatches == 0", dispatches == 0);
     tags.clear();
     widgets.clear();
-    // Deleting a widget takes it, and the parts that it owns, out of the list.
-    while (!living.empty())
-        parts.deleteWidget(living.front());
+    parts.deleteWidgets();
     const Parts kept = parts;
     *this = Toolkit();
     parts = kept;

@@ -30,7 +30,7 @@ struct Toolkit {
     static Toolkit& Get();
 
     /// Deletes all widgets and themes and brings every field but `parts` to the value that it
-    /// has in a new process. Not to be called from a widget's operation.
+    /// has in a new process. An assertion fails during an event.
     void Reset();
     /// Reset for a program without a window: the viewport is 800 by 600 pixels, fonts are
     /// measured but not drawn, and every picture counts as loaded.
@@ -40,6 +40,7 @@ struct Toolkit {
     std::list<GLWidget*> widgets;      ///< top level, in order of creation; not owned
     std::list<GLWidget*> living;       ///< all widgets that exist, in order of creation
     std::vector<GLWidget*> destroyed;  ///< during the event that is under way
+    std::vector<GLWidget*> atTop;      ///< who gets the events under way, from `widgets`
     int dispatches = 0;                ///< nested operations that hand an event to children
 
     ThemeMap themes;                                ///< every named theme, not owned
@@ -56,7 +57,8 @@ struct Toolkit {
     std::uint32_t msgboxResult = 0;  ///< 0 none, 1 OK, 2 Cancel, 4 Yes, 8 No
     bool rendering = false;          ///< the widgets are being drawn
     float fadeRate = 0.005f;         ///< highlight and flash per millisecond
-    float guiScale = 1.3f;           ///< half the screen's height in GUI units
+    static constexpr float kGuiScale = 1.3f;
+    float guiScale = kGuiScale;  ///< half the screen's height in GUI units
 
     // Texture rectangles (s1, t1, s2, t2) of the GUI sheet.
     Vector optionRect;
@@ -83,7 +85,7 @@ struct Toolkit {
         bool (*showMessageBox)(const std::string& message, int buttons) = nullptr;
         void (*completeMessageBox)() = nullptr;
         bool (*buildLayout)(std::istream& file, const std::string& path) = nullptr;
-        void (*deleteWidget)(GLWidget* widget) = nullptr;
+        void (*deleteWidgets)() = nullptr;
     };
     Parts parts;
 };
