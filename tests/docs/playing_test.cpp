@@ -48,8 +48,8 @@ TEST_F(PlayingTest, QuarterFarmersAndHalfButchersFeedEverybody) {
 }
 
 TEST_F(PlayingTest, LowerRationsRaiseProductionWhenTheWorkersAreSetAgain) {
-    country.grain.ration = 0.38f * 2.0f * country.grain.baseRation;
-    country.livestock.ration = 0.38f * 2.0f * country.livestock.baseRation;
+    country.grain.ration = start::RationAt(0.38f, country.grain.baseRation);
+    country.livestock.ration = start::RationAt(0.38f, country.livestock.baseRation);
     EXPECT_NEAR(UnitsPerWeek(), 7737.0f, 0.5f);  // until then nothing changes
     country.Normalise(Profession::Farmers);
     EXPECT_NEAR(UnitsPerWeek(), 10180.0f, 0.5f);
@@ -179,7 +179,7 @@ std::string Row(const char* what, const Values&... values) {
 }
 
 double Percent(Profession profession) {
-    return std::round(static_cast<double>(start::Share(profession)) * 1000.0) / 10.0;
+    return static_cast<double>(start::Share(profession)) * 100.0;
 }
 
 TEST(ManualTest, TableOfTheStartHasTheNumbersOfTheStart) {
