@@ -11,6 +11,9 @@
 inline std::string SampleValue(const Field& field) {
     switch (field.type) {
     case FieldType::Number:
+        // The middle: near its limits a number may have no effect that can be seen.
+        if (field.lowest > -Field::kUnlimited && field.highest < Field::kUnlimited)
+            return std::to_string((field.lowest + field.highest) / 2.0f);
         return field.Allows(0.5f) ? "0.5" : std::to_string(field.lowest);
     case FieldType::Whole:
         return field.Allows(3.0f) ? "3" : std::to_string(static_cast<int>(field.lowest));
