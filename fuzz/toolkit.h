@@ -3,15 +3,13 @@
 
 #pragma once
 
-#include <unistd.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 #include "fuzz/target.h"
 #include "glwidget/glwidget.h"
 #include "tests/support/font_access.h"
+#include "tests/support/temporary_folder.h"
 
 /// The toolkit without a window, in an empty folder: it measures texts with glyphs of one width
 /// and counts every font and picture as loaded.
@@ -19,12 +17,9 @@ class FuzzedToolkit {
 public:
     FuzzedToolkit() {
         [[maybe_unused]] static const bool inEmptyFolder = [] {
-            const std::string folder = std::filesystem::temp_directory_path() / "fuzz_XXXXXX";
-            std::string name = folder;
-            Require(mkdtemp(name.data()) != nullptr);
-            std::filesystem::current_path(name);
-            Require(rmdir(name.c_str()) == 0);  // it stays the working directory and stays empty
-            return true;
+            const TemporaryFolder folder;
+            std::filesystem::current_path(folder.Path(""));
+            return true;  // removed, the folder stays the working directory and stays empty
         }();
         Toolkit& toolkit = Toolkit::Get();
         toolkit.ResetWithoutWindow();
