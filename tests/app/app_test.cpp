@@ -87,7 +87,8 @@ TEST_F(AppTest, NewWorldIsMerovinskaWithTwelveNeighboursAndThreePartners) {
     for (const auto& [country, sells] : Player().tradePartners)
         partners += sells ? 1u : 0u;
     EXPECT_EQ(partners, 3u);
-    EXPECT_EQ(Widget("countrysel").GetCurrentText(), app->GetWorld()->countries[0]->name);
+    EXPECT_EQ(Widget("countrysel").GetCurrentText(),
+              app->GetWorld()->countries[start::kPartner]->name);
 }
 
 TEST_F(AppTest, NewGameSetsEverySliderToItsFirstLevel) {
