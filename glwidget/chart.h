@@ -50,6 +50,7 @@ public:
         std::span<const float> low = {};   ///< a single value, or one per week
         std::span<const float> high = {};  ///< as many as `low`
     };
+    /// What a chart shows. The caller keeps the values until SetData returns.
     struct Data {
         std::span<const float> weeks = {};  ///< rising, not evenly
         std::span<const Series> series = {};
