@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "app/lines.h"
 #include "app/tags.h"
 #include "country/country.h"
 #include "country/newspaper.h"
@@ -14,6 +15,7 @@
 #include "country/rates.h"
 #include "country/world.h"
 #include "glwidget/glwidget.h"
+#include "glwidget/label.h"
 #include "quarn2/trace.h"
 
 namespace {
@@ -196,16 +198,25 @@ void Display::ShowFigures(const Country& country) {
 
 void Display::ShowOutlook(const Country& country) {
     TraceFrame frame("ShowOutlook", "Display");
-    if (GLWidget* const label = GLWidget::GetByTag(tag::kLivestockOutlook, false)) {
-        buffer = "Livestock ";
-        LivestockOutlook(country).WriteTo(buffer);
-        label->SetText(buffer);
+    buffer = "Livestock ";
+    LivestockOutlook(country).WriteTo(buffer);
+    livestockOutlook.Show(tag::kLivestockOutlook, buffer);
+    buffer = "Grain ";
+    GrainOutlook(country).WriteTo(buffer);
+    grainOutlook.Show(tag::kGrainOutlook, buffer);
+}
+
+void Display::Sentence::Show(std::string_view tag, const std::string& text) {
+    auto* const label = dynamic_cast<Label*>(GLWidget::GetByTag(tag, false));
+    if (label == nullptr)
+        return;
+    if (text != given) {
+        given = text;
+        broken = text;
+        lines::Break(broken, *label);
+        lines::FillUp(broken, lines::RoomOf(*label));
     }
-    if (GLWidget* const label = GLWidget::GetByTag(tag::kGrainOutlook, false)) {
-        buffer = "Grain ";
-        GrainOutlook(country).WriteTo(buffer);
-        label->SetText(buffer);
-    }
+    label->SetText(broken);
 }
 
 void Display::ShowGlance(const Country& country) {

@@ -41,6 +41,18 @@ private:
     /// Writes a value to `buffer`, in a printf format with one conversion.
     void Format(const char* format, double shown);
 
+    /// A sentence in a label of several lines, broken again only when it changes.
+    class Sentence {
+    public:
+        void Show(std::string_view tag, const std::string& text);
+
+    private:
+        std::string given;
+        std::string broken;
+    };
+
+    Sentence livestockOutlook;
+    Sentence grainOutlook;
     std::string continent;
     std::string buffer;
     std::string labelTag;
