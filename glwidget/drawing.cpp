@@ -5,6 +5,8 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
+
 #include "glwidget/toolkit.h"
 
 namespace {
@@ -67,7 +69,9 @@ void Translate(float x, float y) {
 }
 
 float Brightness(const Theme& theme, float highlight) {
-    return (1.0f - highlight) * theme.dim + highlight * theme.bright;
+    // After a long frame the highlight is beyond 0 or 1 until the next one.
+    const float part = std::clamp(highlight, 0.0f, 1.0f);
+    return (1.0f - part) * theme.dim + part * theme.bright;
 }
 
 void SetColour(const Vector& colour, float brightness, float alpha) {

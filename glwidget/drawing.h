@@ -26,7 +26,8 @@ void DisableDepthTest();
 
 void Translate(float x, float y);
 
-/// Brightness between the theme's `dim` and, at full highlight, its `bright`.
+/// Brightness between the theme's `dim` and, at full highlight, its `bright`. A highlight beyond
+/// 0 or 1 counts as 0 or 1.
 float Brightness(const Theme& theme, float highlight);
 
 /// The colour's red, green and blue times `brightness`.

@@ -180,6 +180,20 @@ TEST_F(DrawnButtonTest, BrightensWithTheHighlight) {
     EXPECT_EQ(At(0.4f, 0.2f), (Colour{0, 0, 255}));
 }
 
+TEST_F(DrawnButtonTest, LongFrameDrawsItNeitherBrighterThanUnderTheMouseNorDarkerThanWithoutIt) {
+    button.focus = true;
+    button.Update(10000);
+    EXPECT_GT(button.highlight, 1.0f);  // the highlight itself goes too far
+    Draw(button);
+    EXPECT_EQ(At(0.4f, 0.35f), (Colour{0, 0, 255}));
+    button.Update(1);
+    button.focus = false;
+    button.Update(10000);
+    EXPECT_LT(button.highlight, 0.0f);
+    Draw(button);
+    EXPECT_EQ(At(0.4f, 0.35f), kFill);
+}
+
 TEST_F(DrawnButtonTest, PressedButtonIsShifted) {
     theme->pressOffset = Vector(0.1f, -0.2f);
     button.active = true;
