@@ -142,15 +142,19 @@ void Combobox::Render() {
 
 void Combobox::DrawBox() const {
     DrawPanel(0.0f, size.y);
-    if (dropButton) {
-        dropButton->Render();
-        DrawArrow();
-    }
+    DrawButton();
     if (current < 0 || current >= ItemCount())
         return;
-    // While the list is open its first row reaches half a glyph up into the box.
-    const float bottom = open ? theme->fontSize.y / 2.0f : 0.0f;
+    // While the list is open its first row covers the lower part of the box.
+    const float bottom = open ? theme->fontSize.y : 0.0f;
     DrawItem(texts[static_cast<std::size_t>(current)], (bottom + size.y) / 2.0f);
+}
+
+void Combobox::DrawButton() const {
+    if (!dropButton)
+        return;
+    dropButton->Render();
+    DrawArrow();
 }
 
 void Combobox::DrawArrow() const {
@@ -167,21 +171,14 @@ void Combobox::DrawArrow() const {
 }
 
 void Combobox::DrawList() const {
-    DrawPanel(-ListHeight(), ListHeight());
+    // The middle of the first row is the lower edge of the box.
+    const float top = texts.empty() ? 0.0f : theme->fontSize.y;
+    DrawPanel(-ListHeight(), ListHeight() + top);
     if (hovered >= 0 && hovered < ItemCount())
         DrawMark();
-    if (!texts.empty())
-        ClearFirstRow();
     for (std::size_t row = 0; row < texts.size(); ++row)
         DrawItem(texts[row], -2.0f * static_cast<float>(row) * theme->fontSize.y);
-}
-
-void Combobox::ClearFirstRow() const {
-    const float half = theme->fontSize.y / 2.0f;
-    const float left = ItemLeft();
-    SetColour(theme->fillColour, hovered == 0 ? theme->bright : Brightness(*theme, highlight),
-              theme->opacity);
-    glRectf(left - half, -half, left + MeasureText(*theme, texts.front()) + half, half);
+    DrawButton();
 }
 
 void Combobox::DrawPanel(float bottom, float height) const {
@@ -195,7 +192,7 @@ void Combobox::DrawPanel(float bottom, float height) const {
 
 void Combobox::DrawMark() const {
     const float middle = -2.0f * static_cast<float>(hovered) * theme->fontSize.y;
-    const float top = std::min(middle + theme->fontSize.y, 0.0f);
+    const float top = middle + theme->fontSize.y;
     const float bottom = std::max(middle - theme->fontSize.y, -ListHeight());
     SetColour(theme->fillColour, theme->bright, theme->opacity);
     glRectf(0.0f, bottom, size.x, top);

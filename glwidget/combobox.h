@@ -44,10 +44,9 @@ private:
     bool MouseInList() const;
     void UseList(bool left);
     void DrawBox() const;
+    void DrawButton() const;
     void DrawArrow() const;
     void DrawList() const;
-    /// Removes the line between box and list where the first row's text is.
-    void ClearFirstRow() const;
     /// Draws the panel of the closed box or of the open list.
     /// @param bottom  its lower edge, measured from the lower edge of the closed box
     void DrawPanel(float bottom, float height) const;

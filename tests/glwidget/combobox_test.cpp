@@ -404,11 +404,12 @@ TEST_F(DrawnComboboxTest, ButtonShowsAnArrow) {
     EXPECT_EQ(Count(kBright, button.z, 0.0f, right, 0.1f), 0);
 }
 
-TEST_F(DrawnComboboxTest, LineBelowTheBoxDoesNotCrossTheFirstRowsText) {
+TEST_F(DrawnComboboxTest, PanelOfTheOpenListBeginsAboveTheFirstRowsText) {
     Open();
     Draw(list);
-    EXPECT_EQ(Count(kLine, 0.13f, -0.01f, 0.2f, 0.01f), 0);
-    EXPECT_GT(Count(kLine, 0.07f, -0.01f, 0.08f, 0.01f), 0);
+    EXPECT_EQ(Count(kLine, 0.1f, -0.04f, right - 0.02f, 0.04f), 0);
+    EXPECT_GT(Count(kLine, 0.2f, 0.04f, 0.2f, 0.06f), 0);
+    EXPECT_EQ(At(0.04f, 0.02f), (Colour{0, 0, 64}));  // the button is drawn over it
 }
 
 TEST_F(DrawnComboboxTest, TextFollowsTheChoice) {
@@ -454,13 +455,14 @@ TEST_F(DrawnComboboxTest, HoveredRowIsMarkedAroundItsMiddle) {
     EXPECT_FALSE(MarkedAt(-0.16f));
 }
 
-TEST_F(DrawnComboboxTest, MarkOfTheFirstRowEndsAtTheBox) {
+TEST_F(DrawnComboboxTest, MarkOfTheFirstRowReachesUpIntoTheBox) {
     Open();
     HoverAt(-0.02f);
     Draw(list);
     EXPECT_TRUE(MarkedAt(-0.02f));
     EXPECT_TRUE(MarkedAt(-0.04f));
-    EXPECT_FALSE(MarkedAt(0.02f));
+    EXPECT_TRUE(MarkedAt(0.04f));
+    EXPECT_FALSE(MarkedAt(0.06f));
     EXPECT_FALSE(MarkedAt(-0.06f));
 }
 
