@@ -20,6 +20,9 @@
 
 #include "app/app.h"
 #include "app/tags.h"
+#include "country/country.h"
+#include "country/rates.h"
+#include "country/world.h"
 #include "glwidget/glwidget.h"
 #include "tests/support/gl_window.h"
 #include "tests/support/png_files.h"
@@ -29,10 +32,12 @@
 namespace {
 
 constexpr unsigned kSeed = 1358;
+constexpr int kReignWeeks = 66;
 constexpr std::uint32_t kWidth = 800;
 constexpr std::uint32_t kHeight = 600;
 constexpr std::uint32_t kMargin = 6;  ///< pixels around the part that differs
 constexpr std::size_t kPixelBytes = 4;
+constexpr float kPettyCrime = 0.07f;  ///< the stories are then the longest
 /// Milliseconds; longer than any highlight or flash.
 constexpr int kSettleMs = 10000;
 
@@ -92,6 +97,7 @@ public:
         MoveAway();
         Save("week", Look());
 
+        Reign();
         const std::string list = "__" + std::string(tag::kPartner) + "dropbox";
         const Pixels closed = Show(list);
         MoveTo(list);
@@ -202,7 +208,21 @@ private:
         MoveAway();
     }
 
+    /// Saves the screen after a reign with many events.
+    void Reign() {
+        for (int week = 0; week < kReignWeeks; ++week)
+            app->GetWorld()->Advance(kSecondsPerWeek);
+        app->Update(0);
+        const Pixels reign = Look();
+        Save("reign", reign);
+        TakeTabs("reign_", reign);
+    }
+
     void TakeLongest() {
+        // A long story leaves the newspaper no room for other news.
+        app->GetWorld()->player.justice.crimeLevel = kPettyCrime;
+        app->GetWorld()->newspaper.Print();
+        app->Update(0);
         guiview::FillGameTexts();
         const Pixels longest = Look();
         Save("longest", longest);

@@ -48,6 +48,9 @@ class Golden:
     def test_screen_after_a_week_looks_like_its_golden_picture(self):
         self.expect_golden("week")
 
+    def test_screen_after_a_reign_with_many_events_looks_like_its_golden_pictures(self):
+        self.expect_goldens("reign")
+
     def test_open_list_looks_like_its_golden_picture(self):
         self.expect_golden("list")
 

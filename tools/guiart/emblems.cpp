@@ -19,14 +19,19 @@ const Vector kDarkWax(0.3f, 0.045f, 0.04f, 1.0f);
 const Vector kLight(0.97f, 0.92f, 0.79f, 1.0f);
 const Vector kBrass(0.87f, 0.66f, 0.3f, 1.0f);
 const Vector kInk(0.16f, 0.1f, 0.05f, 1.0f);
+const Vector kMoss(0.13f, 0.25f, 0.16f, 1.0f);
+const Vector kDarkBrass(0.45f, 0.29f, 0.1f, 1.0f);
+const Vector kBlack(0.0f, 0.0f, 0.0f, 1.0f);
+const Vector kWhite(1.0f, 1.0f, 1.0f, 1.0f);
+const Vector kYellow(1.0f, 0.9f, 0.3f, 1.0f);
 
 float Union(std::initializer_list<float> distances) {
     return std::min(distances);
 }
 
-/// A background of the red of sealing wax, a little lighter at the top.
-Canvas Tile() {
-    Canvas tile(kSmall, kSmall, kWax);
+/// A background of one colour, that of sealing wax at first, a little lighter at the top.
+Canvas Tile(const Vector& colour = kWax) {
+    Canvas tile(kSmall, kSmall, colour);
     tile.ForEach([](Point p, float* pixel) {
         const float light = 0.86f + 0.28f * p.y / kSmall;
         for (int i = 0; i < 3; ++i)
@@ -219,10 +224,109 @@ TextureData DrawLaw() {
     return tile.Image();
 }
 
-TextureData DrawArms() {
+TextureData DrawAlarm() {
+    Canvas tile = Tile();
+    Charge(tile, kLight, [](Point p) {
+        return shape::Polygon(p, {{16.0f, 28.5f}, {29.0f, 4.5f}, {3.0f, 4.5f}});
+    });
+    tile.Paint(kInk, [](Point p) {
+        return Union({shape::Stroke(p, {16.0f, 20.0f}, {16.0f, 12.5f}, 1.7f),
+                      shape::Disc(p, {16.0f, 8.2f}, 1.8f)});
+    });
+    return tile.Image();
+}
+
+TextureData DrawCalm() {
+    Canvas tile = Tile(kMoss);
+    Charge(tile, kLight, [](Point p) {
+        return shape::RoundedBox(p, {16.0f, 16.0f}, {12.0f, 8.5f}, 1.0f);
+    });
+    tile.Paint(kInk, [](Point p) {
+        return shape::Path(p, {{4.5f, 24.0f}, {16.0f, 14.0f}, {27.5f, 24.0f}}, 0.9f);
+    });
+    return tile.Image();
+}
+
+namespace {
+
+TextureData DrawOrnamentWith(const Vector& ground, const Vector& ink) {
+    constexpr float kMiddle = 32.0f;
+    Canvas paper(64, kSmall, ground);
+    paper.Paint(ink, [](Point p) {
+        const Point at{std::fabs(p.x - kMiddle), p.y - 16.0f};
+        return Union({shape::Stroke(at, {0.0f, 0.0f}, {24.0f, 0.0f}, 0.9f),
+                      shape::Polygon(at, {{-0.1f, 6.5f}, {5.0f, 0.0f}, {-0.1f, -6.5f}}),
+                      shape::Ellipse(at, {14.0f, 4.2f}, {5.5f, 2.6f}),
+                      shape::Ellipse(at, {14.0f, -4.2f}, {5.5f, 2.6f}),
+                      shape::Disc(at, {25.5f, 0.0f}, 2.6f)});
+    });
+    return paper.Image();
+}
+
+/// @param edge  lightens the upper edge and darkens the lower one
+TextureData DrawSign(bool isPlus, const Vector& ground, const Vector& ink, float edge) {
+    constexpr float kEdge = 3.0f;
+    Canvas button(kSmall, kSmall, ground);
+    button.ForEach([&](Point p, float* pixel) {
+        float light = 1.0f;
+        if (p.y > kSmall - kEdge || p.x < kEdge)
+            light += edge;
+        else if (p.y < kEdge || p.x > kSmall - kEdge)
+            light -= edge;
+        for (int i = 0; i < 3; ++i)
+            pixel[i] = std::clamp(pixel[i] * light, 0.0f, 1.0f);
+    });
+    button.Paint(ink, [&](Point p) {
+        const float across = shape::RoundedBox(p, {16.0f, 16.0f}, {8.0f, 2.2f}, 0.0f);
+        const float up = shape::RoundedBox(p, {16.0f, 16.0f}, {2.0f, 9.0f}, 0.0f);
+        return isPlus ? std::min(across, up) : across;
+    });
+    return button.Image();
+}
+
+}  // namespace
+
+TextureData DrawOrnament() {
+    return DrawOrnamentWith(Vector(0.94f, 0.93f, 0.89f, 1.0f), Vector(0.35f, 0.32f, 0.27f, 1.0f));
+}
+
+TextureData DrawPlainOrnament() {
+    return DrawOrnamentWith(kBlack, kWhite);
+}
+
+TextureData DrawMinus() {
+    return DrawSign(false, kDarkBrass, kWhite, 0.45f);
+}
+
+TextureData DrawPlus() {
+    return DrawSign(true, kDarkBrass, kWhite, 0.45f);
+}
+
+TextureData DrawPlainMinus() {
+    return DrawSign(false, kYellow, kBlack, 0.0f);
+}
+
+TextureData DrawPlainPlus() {
+    return DrawSign(true, kYellow, kBlack, 0.0f);
+}
+
+void MakeBlackAndWhite(TextureData& picture) {
+    constexpr float kDark = 0.32f;
+    constexpr float kBright = 0.5f;
+    const int count = picture.GetWidth() * picture.GetHeight();
+    for (int i = 0; i < count; ++i) {
+        float* const pixel = picture.GetData() + static_cast<std::ptrdiff_t>(i) * 4;
+        const float light = 0.3f * pixel[0] + 0.59f * pixel[1] + 0.11f * pixel[2];
+        std::fill_n(pixel, 3, std::clamp((light - kDark) / (kBright - kDark), 0.0f, 1.0f));
+    }
+}
+
+namespace {
+
+TextureData DrawArmsOn(const Vector& ground) {
     constexpr int kWidth = 64;
     constexpr int kHeight = 128;
-    Canvas arms(kWidth, kHeight, Vector(0.955f, 0.955f, 0.947f, 1.0f));
+    Canvas arms(kWidth, kHeight, ground);
     const auto cloth = [](Point p) {
         return shape::Polygon(
             p, {{6.0f, 118.0f}, {58.0f, 118.0f}, {58.0f, 8.0f}, {32.0f, 24.0f}, {6.0f, 8.0f}});
@@ -273,6 +377,18 @@ TextureData DrawArms() {
                       shape::Disc(p, {32.0f, 47.5f}, 3.8f)});
     });
     return arms.Image();
+}
+
+}  // namespace
+
+TextureData DrawArms() {
+    return DrawArmsOn(Vector(0.955f, 0.955f, 0.947f, 1.0f));
+}
+
+TextureData DrawPlainArms() {
+    TextureData arms = DrawArmsOn(kBlack);
+    MakeBlackAndWhite(arms);
+    return arms;
 }
 
 TextureData DrawSeal() {

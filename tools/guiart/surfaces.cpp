@@ -125,7 +125,8 @@ TextureData DrawParchment() {
 TextureData DrawNewsprint() {
     constexpr int kSide = 256;
     constexpr int kLevels = 85;
-    constexpr float kRuleFromTop = 17.4f;
+    constexpr float kRuleFromTop = 25.4f;
+    constexpr float kCrownWidth = 0.36f;  // the sheet is much wider than the picture
     constexpr float kRuleMargin = 9.0f;
     const TextureData pulp = Noise(kSide, 3, 0.06f);
 
@@ -136,7 +137,7 @@ TextureData DrawNewsprint() {
     });
     // A pale crown. Stories are printed over it, so it shows on days with little news.
     newsprint.Paint(Vector(0.35f, 0.32f, 0.27f, 0.13f), [](Point p) {
-        const Point at{std::fabs(p.x - kSide / 2.0f), p.y - 125.0f};
+        const Point at{std::fabs(p.x - kSide / 2.0f) / kCrownWidth, p.y - 100.0f};
         const float spikes = shape::Polygon(at, {{-1.0f, 0.0f},
                                                  {52.0f, 0.0f},
                                                  {66.0f, 62.0f},

@@ -16,12 +16,12 @@ struct SheetPlace {
 /// The sheets that cast a shadow, in the game's layout and in the one with large text.
 inline constexpr SheetPlace kSheetPlaces[] = {
     {"bar", 8, 6, 792, 34},
-    {"peoplesheet", 8, 42, 308, 344},
-    {"papersheet", 316, 42, 558, 344},
-    {"tradesheet", 566, 42, 792, 344},
-    {"figuresheet", 8, 352, 308, 592},
-    {"tablesheet", 316, 352, 704, 592},
-    {"weeksheet", 712, 352, 792, 592},
+    {"newssheet", 8, 40, 792, 76},
+    {"peoplesheet", 8, 84, 308, 340},
+    {"foodsheet", 316, 84, 558, 340},
+    {"tradesheet", 566, 84, 792, 340},
+    {"tablesheet", 8, 348, 704, 592},
+    {"weeksheet", 712, 348, 792, 592},
 };
 inline constexpr SheetPlace kLargeSheetPlaces[] = {
     {"bar", 8, 6, 792, 44},
