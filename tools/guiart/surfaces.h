@@ -25,9 +25,9 @@ inline constexpr SheetPlace kSheetPlaces[] = {
 };
 inline constexpr SheetPlace kLargeSheetPlaces[] = {
     {"bar", 8, 6, 792, 44},
-    {"tablesheet", 8, 52, 520, 592},
-    {"papersheet", 528, 52, 792, 512},
-    {"weeksheet", 528, 520, 792, 592},
+    {"newssheet", 8, 52, 792, 108},
+    {"tablesheet", 8, 116, 792, 500},
+    {"storesheet", 8, 508, 792, 592},
 };
 
 /// A desk of dark boards for the whole screen, with the shadows of the sheets.
