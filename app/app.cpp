@@ -154,6 +154,7 @@ bool App::Update(std::uint32_t milliseconds) {
     display.ShowOutlook(player);
     display.ShowGlance(player);
     newsDisplay.Show(world->chronicle);
+    historyDisplay.Show(world->history);
     ReportFrameRate();
 
     GLWidget::UpdateWidgets(static_cast<int>(milliseconds));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/display.h"
+#include "app/historydisplay.h"
 #include "app/newsdisplay.h"
 #include "country/world.h"
 #include "quarn2/event.h"
@@ -61,4 +62,5 @@ private:
     unsigned weekPresses = 0;
     Display display;
     NewsDisplay newsDisplay;
+    HistoryDisplay historyDisplay;
 };

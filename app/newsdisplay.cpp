@@ -48,7 +48,7 @@ void NewsDisplay::Show(const Chronicle& chronicle) {
     const bool isNew = isFirst || chronicle.Count() != entriesSeen;
     Label* const newsLabel = LabelOf(tag::kNews);
     if (isNew || newsSeen != (news != nullptr))
-        WriteNews(news);
+        WriteNews(news, newsLabel);
     if (newsLabel != nullptr)
         newsLabel->SetText(newsText);
     const bool isAlarm = news != nullptr && news->IsAlarm();
@@ -66,16 +66,19 @@ void NewsDisplay::Show(const Chronicle& chronicle) {
     isFirst = false;
 }
 
-void NewsDisplay::WriteNews(const Chronicle::Entry* news) {
+void NewsDisplay::WriteNews(const Chronicle::Entry* news, Label* label) {
     TraceFrame frame("WriteNews", "NewsDisplay");
-    if (news == nullptr) {
-        newsText = "No news.";
-        return;
+    newsText = "No news.";
+    if (news != nullptr) {
+        newsText = news->IsAlarm() ? "ALARM  " : "News  ";
+        newsText += news->date.DayText();
+        newsText += ": ";
+        news->WriteTo(newsText);
     }
-    newsText = news->IsAlarm() ? "ALARM  " : "News  ";
-    newsText += news->date.DayText();
-    newsText += ": ";
-    news->WriteTo(newsText);
+    if (label != nullptr) {
+        lines::Break(newsText, *label);
+        lines::FillUp(newsText, lines::RoomOf(*label));
+    }
 }
 
 void NewsDisplay::ShowPaperNews(const Chronicle& chronicle, bool isChanged) {

@@ -30,7 +30,7 @@ private:
         bool shown = true;
     };
 
-    void WriteNews(const Chronicle::Entry* news);
+    void WriteNews(const Chronicle::Entry* news, Label* label);
     void ShowPaperNews(const Chronicle& chronicle, bool isChanged);
 
     Picture alarm;

@@ -100,6 +100,12 @@ inline constexpr std::string_view kTotal = "totallab";
 inline constexpr std::string_view kAlarmPicture = "newsalarm";
 inline constexpr std::string_view kCalmPicture = "newscalm";
 
+// Charts of the history, all optional
+inline constexpr std::string_view kPeopleChart = "peoplechart";
+inline constexpr std::string_view kFoodChart = "foodchart";
+inline constexpr std::string_view kTreasuryChart = "treasurychart";
+inline constexpr std::string_view kLawChart = "lawchart";
+
 /// The newspaper's window.
 inline constexpr std::string_view kNewspaper = "newspaper";
 
@@ -111,6 +117,7 @@ enum class Role {
     Label,
     Window,
     Picture,  ///< a button that shows a picture, whose clicks the game does not read
+    Chart,
 };
 
 /// A widget of the game.
@@ -161,6 +168,10 @@ inline constexpr Widget kOtherWidgets[] = {
     {kTotal, Role::Label, true},
     {kAlarmPicture, Role::Picture, true},
     {kCalmPicture, Role::Picture, true},
+    {kPeopleChart, Role::Chart, true},
+    {kFoodChart, Role::Chart, true},
+    {kTreasuryChart, Role::Chart, true},
+    {kLawChart, Role::Chart, true},
     {kPartner, Role::List},
     {kNewspaper, Role::Window},
 };

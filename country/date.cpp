@@ -63,6 +63,16 @@ void Date::CarryMinute() {  // no trace frame: it would slow the one-second step
         return;
     }
     hour = 0;
+    CarryDay();
+}
+
+void Date::AdvanceDays(long days) {
+    TraceFrame frame("AdvanceDays", "Date");
+    for (long passed = 0; passed < days; ++passed)
+        CarryDay();
+}
+
+void Date::CarryDay() {
     if (day < DaysInMonth()) {
         ++day;
         return;

@@ -24,6 +24,10 @@ public:
     /// Adds one second `seconds` times, carrying after each.
     void Advance(long seconds);
 
+    /// The same as advancing by the seconds of so many days, but fast. The day must be one of the
+    /// month.
+    void AdvanceDays(long days);
+
     /// Without leading zeros: "1358/5/16 0:0:0".
     std::string Text() const;
 
@@ -38,5 +42,6 @@ public:
 private:
     void RollFields();
     void CarryMinute();
+    void CarryDay();
     int DaysInMonth() const;
 };

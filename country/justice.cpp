@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr float kCalmGap = 0.05f;
 constexpr float kTenseGap = 0.1f;
 
 /// Weekly change of crime, rolled from [lowest, lowest + spread).

@@ -7,6 +7,9 @@
 /// are fractions.
 class Justice {
 public:
+    /// Crime that is no further away than this from the level of justice falls slowly.
+    static constexpr float kCalmGap = 0.05f;
+
     float crimeLevel = 0.6f;    ///< 0 to 1
     float justiceLevel = 0.4f;  ///< 0 to 1
 

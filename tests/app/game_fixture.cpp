@@ -32,6 +32,8 @@ Statement StatementOf(tag::Role role) {
         return {"Win", "0 Paper"};
     case tag::Role::Picture:
         return {"Butt", "TEX 1 1"};
+    case tag::Role::Chart:
+        return {"Chart", "2 1 Weeks"};
     case tag::Role::Label:
         break;
     }

@@ -30,6 +30,16 @@ TEST(DateTest, ReadsTheStartOfTheGame) {
     EXPECT_EQ(date.second, 0);
 }
 
+TEST(DateTest, AdvancingByDaysIsAdvancingByTheirSeconds) {
+    for (const long days : {0L, 1L, 7L, 15L, 16L, 230L, 365L, 1000L, 3000L}) {
+        Date byDays("1358/05/16 10:20:30");
+        byDays.AdvanceDays(days);
+        Date bySeconds("1358/05/16 10:20:30");
+        bySeconds.Advance(days * 86400);
+        EXPECT_EQ(byDays, bySeconds) << days;
+    }
+}
+
 TEST(DateTest, TextHasNoLeadingZeros) {
     EXPECT_EQ(Date("1358/05/16 00:00:00").Text(), "1358/5/16 0:0:0");
     EXPECT_EQ(Date("1358/12/06 23:09:59").Text(), "1358/12/6 23:9:59");

@@ -36,6 +36,8 @@ std::string_view WordFor(tag::Role role) {
         return "Label";
     case tag::Role::Window:
         return "Win";
+    case tag::Role::Chart:
+        return "Chart";
     }
     return {};
 }
@@ -205,7 +207,8 @@ void CheckGameTags(const LayoutSource& layout, Findings& findings) {
 bool GameAnswers(const Node& node) {
     return std::ranges::any_of(tag::kWidgets, [&](const tag::Widget& widget) {
         return widget.tag == node.Tag() && widget.role != tag::Role::Label
-               && widget.role != tag::Role::Window && widget.role != tag::Role::Picture;
+               && widget.role != tag::Role::Window && widget.role != tag::Role::Picture
+               && widget.role != tag::Role::Chart;
     });
 }
 
