@@ -187,6 +187,23 @@ private:
         return tag;
     }
 
+    /// Saves a picture of every tab but the first that can be reached only from the open tab.
+    void TakeInnerTabs(const std::string& prefix, const Pixels& before) {
+        bool isFirst = true;
+        for (const auto& [button, place] : ReachableWidgets()) {
+            const std::vector<std::string> buttons = TabButtons();
+            const bool isTab = std::find(buttons.begin(), buttons.end(), button) != buttons.end();
+            if (!isTab || places.contains(button))
+                continue;
+            if (!isFirst) {
+                ClickAt(place);
+                MoveAway();
+                Save(prefix + FileName(button.substr(2)), Difference(Look(), before));
+            }
+            isFirst = false;
+        }
+    }
+
     /// Saves a picture of every tab that is not open, and opens at the end the tab that was open.
     void TakeTabs(const std::string& prefix, const Pixels& before) {
         places = ReachableWidgets();
@@ -202,6 +219,7 @@ private:
                 first = button;
             else
                 Save(prefix + FileName(button.substr(2)), part);
+            TakeInnerTabs(prefix, before);
         }
         if (!first.empty())
             ClickAt(places.at(first));

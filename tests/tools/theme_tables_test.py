@@ -38,16 +38,25 @@ class ThemeTables(unittest.TestCase):
                     with self.subTest(set=name, blindness=blindness):
                         self.assertGreater(math.dist(first, second), 15)
 
-    def test_all_themes_of_a_set_have_letters_of_one_size_of_at_least_15_pixels(self):
+    def test_letters_of_a_set_have_two_sizes_of_which_the_smaller_has_at_least_15_pixels(self):
         pixels_per_em = 600 / 2.6 / 64 * 64 * 96 / 72  # of glyphs of 64 points at 96 dots per inch
+
+        def sizes(name, themes):
+            return {tuple(map(float, tables.find(name, f"{theme}.theme").read_text()
+                              .splitlines()[11].split("//")[0].split())) for theme in themes}
+
         for name in tables.sets():
-            drawn = ["default", "heading", "hint", "bar", "button", "barbutton", "paper", "partner",
-                     "messagebox", "seal", "sheet", "tabwin_button", "combo_button", "chart"]
-            sizes = {tuple(tables.find(name, f"{theme}.theme").read_text().splitlines()[11]
-                           .split("//")[0].split()) for theme in drawn}
-            self.assertEqual(len(sizes), 1, name)
-            (width, height), = sizes
-            self.assertGreaterEqual(min(float(width), float(height)) * pixels_per_em, 15.0)
+            texts = sizes(name, ["default", "hint", "bar", "button", "barbutton", "paper",
+                                 "partner", "messagebox", "seal", "sheet", "tabwin_button", "news",
+                                 "chart"])
+            self.assertEqual(len(texts), 1, name)
+            (width, height), = texts
+            least = 20.0 if name == "large" else 15.0
+            self.assertGreaterEqual(min(width, height) * pixels_per_em, least)
+            headings = sizes(name, ["heading", "stock"])
+            self.assertEqual(len(headings), 1, name)
+            for size in headings.pop():
+                self.assertAlmostEqual(size / height, 1.3, delta=0.05)
 
     def test_set_contains_no_file_that_is_equal_to_that_of_the_data(self):
         for name in tables.sets()[1:]:
