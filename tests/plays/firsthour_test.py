@@ -100,6 +100,17 @@ class FirstHour(unittest.TestCase):
         if self.state["story"] != before["story"]:
             self.game.wait_for_change("paperlab", paper)
 
+    def read_the_chronicle(self):
+        """Opens its tab. The newest entries are there, each with its date."""
+        paper = self.game.look("chronicle")
+        self.game.open_tab_of("chronicle")
+        self.game.wait_for_change("chronicle", paper)
+        entries = [line for line in self.state["chronicle"].splitlines() if line]
+        self.assertGreater(len(entries), 3)
+        for entry in entries:
+            self.assertRegex(entry, r"^\d+/\d+/\d+: [A-Z].*[.!]$")
+        self.assertRegex("\n".join(entries), r"A (famine|plague) begins")
+
     def test_labels_show_the_numbers_of_the_country_in_every_frame_of_the_first_hour(self):
         # Raise the rations and employ enough workers, so that nobody is hungry.
         for name in ("lration", "gration"):
@@ -111,10 +122,13 @@ class FirstHour(unittest.TestCase):
         self.assertFalse(self.state["hungry"])
 
         self.order(GRAIN, "grainbuy", 0.3)
+        news = self.game.look("news")
         before = self.state
         self.press("sellbut", lambda state: state["orders"][GRAIN] == 0, "a sale")
         self.assertGreater(self.state["funds"], before["funds"])
         self.assertLess(self.state["grain"], before["grain"])
+        self.until(lambda state: ": The country sold" in state["news"], "news of the sale")
+        self.game.wait_for_change("news", news)
 
         self.order(LIVESTOCK, "stockbuy", 0.2)
         before = self.state
@@ -132,6 +146,7 @@ class FirstHour(unittest.TestCase):
         self.game.xdotool("mouseup", 1)
 
         disaster = False
+        calm_picture = self.game.look("newscalm")
         for week in range(1, LAST_WEEK + 1):
             self.play_a_week()
             state = self.state
@@ -143,8 +158,12 @@ class FirstHour(unittest.TestCase):
             if week == FED_WEEKS:  # without butchers the livestock will not last
                 self.game.drag("butchers", -0.35, self.state["shares"][BUTCHERS])
                 self.until(lambda state: state["shares"][BUTCHERS] < 0.3, "fewer butchers")
-            disaster = disaster or state["famine"] or state["plague"]
+            if not disaster and (state["famine"] or state["plague"]):
+                disaster = True
+                self.assertRegex(state["news"], r"^ALARM  \d+/\d+/\d+: .*(begin|starving|herd)")
+                self.game.wait_for_change("newscalm", calm_picture)
         self.assertTrue(disaster)
+        self.read_the_chronicle()
         at_the_end = self.resident()
         print(f"{memory} KiB in week {FIRST_MEASURED_WEEK}, {at_the_end} KiB at the end")
         if not SANITIZED:

@@ -124,12 +124,19 @@ class Plays(unittest.TestCase):
         self.game.wait(lambda: first_line() != before, "another level of justice")
         self.quit_by_escape()
 
-    def test_newspaper_with_one_page_stays_on_that_page(self):
+    def test_ornament_of_the_newspaper_does_not_answer_and_turns_no_page(self):
         # The clock's first tick makes the first edition.
         self.game.wait_for_change("date", self.game.look("date"))
+        self.game.click("lration++")  # from now on the game notices the mouse
         before = self.game.at_rest("paperlab")
-        self.game.click("PrevPage")
+        ornament = self.game.at_rest("PrevPage")
+        self.game.move(*widgets()["PrevPage"].middle)
+        self.assertEqual(self.game.at_rest("PrevPage"), ornament)
+        self.game.xdotool("mousedown", 1)
+        self.assertEqual(self.game.at_rest("PrevPage"), ornament)
+        self.game.xdotool("mouseup", 1)
         self.game.click("lration++")  # meanwhile a page would have been turned
+        self.assertEqual(self.game.look("PrevPage"), ornament)
         self.assertEqual(self.game.look("paperlab"), before)
         self.quit_by_escape()
 

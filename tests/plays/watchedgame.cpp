@@ -5,6 +5,7 @@
 // numbers and, if something has changed, adds a line of JSON with the state of the game to the
 // file. It does not change the behaviour of the game.
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -76,6 +77,8 @@ private:
         state["orders"] = {Level("stockbuy"), Level("grainbuy"), Level("finebuy")};
         state["asked"] = GLWidget::GetByTag("__msgbox", false) != nullptr;
         state["story"] = Text("paperlab");
+        state["news"] = OneLine("news");
+        state["chronicle"] = Text("chronicle");
         state["compared"] = compared;
         state["wrong"] = wrong;
         std::string line = state.dump();
@@ -124,9 +127,39 @@ private:
         Expect("date", "The date is " + realm.date.Text());
         const auto& stories = realm.newspaper.Stories();
         Expect("paperlab", "Page 1\n" + (stories.empty() ? std::string() : stories[0]));
+        CompareNews(realm.chronicle);
         Expect("debuginfo", Statistics(player));
         Expect("continentinfo", Neighbours(realm));
         CompareOrders(player);
+    }
+
+    /// Labels break long sentences, and the chronicle shows as many entries as it has room for.
+    void CompareNews(const Chronicle& chronicle) {
+        std::string expected = "No news.";
+        if (const Chronicle::Entry* const news = chronicle.News())
+            expected = (news->IsAlarm() ? "ALARM  " : "News  ") + Sentence(*news);
+        ExpectStart("news", expected);
+        ExpectStart("chronicle", chronicle.Size() == 0 ? "Nothing has happened yet."
+                                                       : Sentence(chronicle.Newest(0)));
+    }
+
+    static std::string Sentence(const Chronicle::Entry& entry) {
+        std::string text = entry.date.DayText() + ": ";
+        entry.WriteTo(text);
+        return text;
+    }
+
+    static std::string OneLine(std::string_view tag) {
+        std::string text = Text(tag);
+        std::replace(text.begin(), text.end(), '\n', ' ');
+        return text;
+    }
+
+    void ExpectStart(std::string_view tag, const std::string& expected) {
+        ++compared;
+        if (const std::string shown = OneLine(tag);
+            !shown.starts_with(expected) && wrong.size() < kMaxFaults)
+            wrong.push_back(Joined(tag, " shows '", shown, "' instead of '", expected, "'"));
     }
 
     static std::string Statistics(const Country& player) {
