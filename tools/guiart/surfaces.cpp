@@ -125,7 +125,7 @@ TextureData DrawParchment() {
 TextureData DrawNewsprint() {
     constexpr int kSide = 256;
     constexpr int kLevels = 85;
-    constexpr float kRuleFromTop = 25.4f;
+    constexpr float kRuleFromTop = 22.0f;
     constexpr float kCrownWidth = 0.36f;  // the sheet is much wider than the picture
     constexpr float kRuleMargin = 9.0f;
     const TextureData pulp = Noise(kSide, 3, 0.06f);
