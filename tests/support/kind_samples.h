@@ -11,6 +11,9 @@
 inline std::string SampleValue(const Field& field) {
     switch (field.type) {
     case FieldType::Number:
+        // A length must fit on the screen.
+        if (field.name == "width" || field.name == "height")
+            return "0.5";
         // The middle: near its limits a number may have no effect that can be seen.
         if (field.lowest > -Field::kUnlimited && field.highest < Field::kUnlimited)
             return std::to_string((field.lowest + field.highest) / 2.0f);
