@@ -204,9 +204,8 @@ class PackageList(unittest.TestCase):
                 # missing, it is not checked.
                 self.assertIn(section, ("package", "fuzz", "coverage"))
                 paths = list(filter(os.path.exists, paths))
-                if not paths:
-                    continue
-            self.expect_provided(paths, *sections)
+            if paths:
+                self.expect_provided(paths, *sections)
 
     def test_list_provides_the_python_modules_of_the_build_and_the_tests(self):
         for module in ("PIL", "Xlib", "markdown", "pytest", "pytest_subtests", "yaml"):
@@ -219,9 +218,9 @@ class PackageList(unittest.TestCase):
             self.expect_provided(compiled_headers(GAME), "play")
 
     def test_package_of_the_tools_that_is_removed_from_the_list_is_noticed(self):
-        del self.sections["tools"]["libegl-dev"]
-        with self.assertRaisesRegex(AssertionError, "libegl-dev"):
-            self.expect_provided(linked_libraries(GAME + TOOLS), "play", "tools")
+        del self.sections["tools"]["libcli11-dev"]
+        with self.assertRaisesRegex(AssertionError, "libcli11-dev"):
+            self.expect_provided(compiled_headers(GAME + TOOLS), "play", "tools")
 
     def test_package_without_a_reason_is_an_error(self):
         with self.assertRaisesRegex(ValueError, "cmake has no reason"):
