@@ -213,7 +213,7 @@ void Display::Sentence::Show(std::string_view tag, const std::string& text) {
     if (text != given) {
         given = text;
         broken = text;
-        lines::Break(broken, *label);
+        lines::BreakToFit(broken, *label);
         lines::FillUp(broken, lines::RoomOf(*label));
     }
     label->SetText(broken);

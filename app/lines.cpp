@@ -8,16 +8,9 @@
 
 #include "glwidget/drawing.h"
 #include "glwidget/label.h"
+#include "glwidget/wordwrap.h"
 #include "quarn2/font.h"
 #include "quarn2/trace.h"
-
-namespace {
-
-/// A label measures a line together with the end of a longer one above it, and would break a line
-/// that has no room left.
-constexpr float kFilledPart = 0.95f;
-
-}  // namespace
 
 float lines::StepOf(const Label& label) {
     return label.GetTheme().fontSize.y * FontRender::kLineStep;
@@ -32,10 +25,10 @@ std::size_t lines::CountOf(const std::string& text) {
     return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
 }
 
-void lines::Break(std::string& text, Label& label) {
+void lines::Break(std::string& text, Label& label, float part) {
     TraceFrame frame("Break", "lines");
     const Vector box = label.Getbbox();
-    const float width = kFilledPart * (box.z - box.x);
+    const float width = part * (box.z - box.x);
     std::size_t lineBegin = 0;
     std::size_t lastBlank = std::string::npos;
     for (std::size_t i = 0; i <= text.size(); ++i) {
@@ -47,6 +40,25 @@ void lines::Break(std::string& text, Label& label) {
             lineBegin = lastBlank + 1;
         }
         lastBlank = i;
+    }
+}
+
+bool lines::IsShownAsItIs(const std::string& text, Label& label) {
+    TraceFrame frame("IsShownAsItIs", "lines");
+    const Vector box = label.Getbbox();
+    std::string wrapped;
+    WrapWords(label.GetTheme(), text, box.z - box.x, wrapped);
+    return wrapped == text;
+}
+
+void lines::BreakToFit(std::string& text, Label& label) {
+    TraceFrame frame("BreakToFit", "lines");
+    const std::string given = text;
+    for (const float part : kParts) {
+        text = given;
+        Break(text, label, part);
+        if (IsShownAsItIs(text, label))
+            break;
     }
 }
 

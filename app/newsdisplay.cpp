@@ -19,15 +19,14 @@ Label* LabelOf(std::string_view tag) {
     return dynamic_cast<Label*>(GLWidget::GetByTag(tag, false));
 }
 
-/// The newest entries, the newest one first, that fit in so many lines of the label. Empty lines
-/// after them fill the label, because its last line is at its lower edge.
-std::string ListFor(Label& label, const Chronicle& chronicle, std::size_t room) {
+/// @param part  of the label's width, for the longest lines
+std::string ListOf(Label& label, const Chronicle& chronicle, std::size_t room, float part) {
     std::string list;
     for (std::size_t i = 0; i < chronicle.Size(); ++i) {
         const Chronicle::Entry& entry = chronicle.Newest(i);
         std::string text = entry.date.DayText() + ": ";
         entry.WriteTo(text);
-        lines::Break(text, label);
+        lines::Break(text, label, part);
         if (i != 0 && lines::CountOf(list) + lines::CountOf(text) > room)
             break;
         if (i != 0)
@@ -37,6 +36,18 @@ std::string ListFor(Label& label, const Chronicle& chronicle, std::size_t room) 
     if (chronicle.Size() == 0)
         list = "Nothing has happened yet.";
     lines::FillUp(list, room);
+    return list;
+}
+
+/// The newest entries, the newest one first, that fit in so many lines of the label. Empty lines
+/// after them fill the label, because its last line is at its lower edge.
+std::string ListFor(Label& label, const Chronicle& chronicle, std::size_t room) {
+    std::string list;
+    for (const float part : lines::kParts) {
+        list = ListOf(label, chronicle, room, part);
+        if (lines::IsShownAsItIs(list, label))
+            break;
+    }
     return list;
 }
 
@@ -76,7 +87,7 @@ void NewsDisplay::WriteNews(const Chronicle::Entry* news, Label* label) {
         news->WriteTo(newsText);
     }
     if (label != nullptr) {
-        lines::Break(newsText, *label);
+        lines::BreakToFit(newsText, *label);
         lines::FillUp(newsText, lines::RoomOf(*label));
     }
 }

@@ -347,7 +347,7 @@ const Chronicle::Entry& Chronicle::Newest(std::size_t index) const {
 
 const Chronicle::Entry* Chronicle::News() const {
     TraceFrame frame("News", "Chronicle");
-    if (entries.empty() || now - Newest(0).second > kNewsSeconds)
+    if (entries.empty() || (!nobodySeen && now - Newest(0).second > kNewsSeconds))
         return nullptr;
     return &Newest(0);
 }

@@ -392,7 +392,7 @@ void Chart::PrepareReading() {
     if (!HasData())
         return;
     std::array<float, 1 + kMaxSeries> widths{};
-    for (const float week : {weeks.front(), weeks.back()})
+    for (const float week : weeks)
         widths[0] = std::max(widths[0], TextWidth(WeekBuffer(readingText, week).Text()));
     float sum = -gap;
     for (std::size_t index = 0; index < seriesCount; ++index) {

@@ -109,6 +109,8 @@ public:
     /// The week that the mouse is at (index 0), or the name and the value of a series (from 1);
     /// empty if there is none.
     std::string_view ReadingOf(std::size_t index) const;
+    /// Where that text begins, on its baseline, from the chart's corner.
+    Vector ReadingPlace(std::size_t index) const { return reading[index].place; }
 
 private:
     struct ValueRange {

@@ -271,6 +271,14 @@ TEST_F(ChronicleTest, NewestEntryIsNewsForEightWeeks) {
     EXPECT_EQ(chronicle.Size(), 1u);
 }
 
+TEST_F(ChronicleTest, ThatNobodyIsLeftStaysNews) {
+    After([](Country& changed) { changed.population = 0.0f; });
+    for (int week = 0; week < 20; ++week)
+        AfterNothing();
+    ASSERT_NE(chronicle.News(), nullptr);
+    EXPECT_EQ(chronicle.News()->event, Event::NobodyLeft);
+}
+
 TEST_F(ChronicleTest, LastThousandEntriesAreKept) {
     for (int number = 0; number < 2503; ++number)
         After([=](Country& changed) {

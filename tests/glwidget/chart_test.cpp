@@ -167,6 +167,19 @@ TEST_F(ChartTest, ProgramWritesTheWeeks) {
     EXPECT_EQ(chart->ReadingOf(0), "day 21");
 }
 
+TEST_F(ChartTest, LongTextOfAWeekInTheMiddleHasRoom) {
+    const auto placeWith = [this](const char* middle) {
+        const auto write = [middle](float week, std::span<char> text) {
+            std::snprintf(text.data(), text.size(), "%s", week == Weeks(3)[1] ? middle : "1");
+        };
+        chart->SetWeekTexts(write, write);
+        Show(*chart, Weeks(3), {1.0f, 2.0f, 3.0f});
+        return chart->ReadingPlace(0).x;
+    };
+    const float shortText = placeWith("1");
+    EXPECT_LT(placeWith("1388"), shortText);
+}
+
 TEST_F(ChartTest, WeekTextWithoutAnEndIsCut) {
     const auto endless = [](float, std::span<char> text) { std::ranges::fill(text, 'x'); };
     chart->SetWeekTexts(endless, endless);
