@@ -36,8 +36,7 @@ Date DateOf(float week) {
 }
 
 void WriteDay(float week, std::span<char> text) {
-    const Date date = DateOf(week);
-    std::snprintf(text.data(), text.size(), "%d/%d/%d", date.year, date.month, date.day);
+    std::snprintf(text.data(), text.size(), "%s", DateOf(week).DayText().c_str());
 }
 
 void WriteYear(float week, std::span<char> text) {

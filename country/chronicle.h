@@ -92,8 +92,8 @@ public:
     /// The number of all entries so far, also of those that are no longer kept. Every new entry
     /// changes it.
     std::uint64_t Count() const { return count; }
-    /// The newest entry while it is news, which the entry that nobody is left always is; else null.
-    /// Valid until the next entry.
+    /// The newest entry if it is at most eight weeks old, or if it says that nobody is left; else
+    /// null. Valid until the next entry.
     const Entry* News() const;
 
 private:

@@ -3,6 +3,7 @@
 
 #include "country/date.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -17,6 +18,9 @@ constexpr int kLastSecond = 59;
 constexpr int kLastMinute = 59;
 constexpr int kLastHour = 23;
 constexpr int kLastMonth = 12;
+constexpr int kLastYear = std::numeric_limits<int>::max();
+constexpr int kYearsOfLeapCycle = 4;
+constexpr long kDaysOfLeapCycle = 4 * 365 + 1;
 
 /// A random whole number from `lowest` to `lowest + range`.
 int RollRounded(double range, double lowest) {
@@ -68,8 +72,17 @@ void Date::CarryMinute() {  // no trace frame: it would slow the one-second step
 
 void Date::AdvanceDays(long days) {
     TraceFrame frame("AdvanceDays", "Date");
-    for (long passed = 0; passed < days; ++passed)
-        CarryDay();
+    // A whole cycle of leap years changes the year alone.
+    const long cycles =
+        std::min<long>(days / kDaysOfLeapCycle, (kLastYear - long{year}) / kYearsOfLeapCycle);
+    year += static_cast<int>(cycles * kYearsOfLeapCycle);
+    days -= cycles * kDaysOfLeapCycle;
+    while (days > DaysInMonth() - day) {
+        days -= DaysInMonth() - day + 1;
+        day = 1;
+        CarryMonth();
+    }
+    day += static_cast<int>(days);
 }
 
 void Date::CarryDay() {
@@ -78,12 +91,16 @@ void Date::CarryDay() {
         return;
     }
     day = 1;
+    CarryMonth();
+}
+
+void Date::CarryMonth() {
     if (month < kLastMonth) {
         ++month;
         return;
     }
     month = 1;
-    if (year < std::numeric_limits<int>::max())
+    if (year < kLastYear)
         ++year;
 }
 

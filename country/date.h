@@ -24,8 +24,8 @@ public:
     /// Adds one second `seconds` times, carrying after each.
     void Advance(long seconds);
 
-    /// The same as advancing by the seconds of so many days, but fast. The day must be one of the
-    /// month.
+    /// The same as advancing by the seconds of so many days, from 0, but fast. The day must be one
+    /// of the month.
     void AdvanceDays(long days);
 
     /// Without leading zeros: "1358/5/16 0:0:0".
@@ -43,5 +43,6 @@ private:
     void RollFields();
     void CarryMinute();
     void CarryDay();
+    void CarryMonth();
     int DaysInMonth() const;
 };

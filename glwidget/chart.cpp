@@ -295,7 +295,7 @@ void Chart::PrepareAxis() {
     if (shown.any)
         lowestText.text = Number(shown.lowest, decimals);
     if (beyondLimit && std::isfinite(limit)) {
-        // A limit is round, whatever the decimals of the values.
+        // A whole limit is written without decimals, even if the values have some.
         highestText.text = "over " + Number(limit, IsWhole(limit) ? 0 : decimals);
     } else if (shown.any) {
         highestText.text = Number(shown.highest, decimals);

@@ -31,13 +31,23 @@ TEST(DateTest, ReadsTheStartOfTheGame) {
 }
 
 TEST(DateTest, AdvancingByDaysIsAdvancingByTheirSeconds) {
-    for (const long days : {0L, 1L, 7L, 15L, 16L, 230L, 365L, 1000L, 3000L}) {
-        Date byDays("1358/05/16 10:20:30");
-        byDays.AdvanceDays(days);
-        Date bySeconds("1358/05/16 10:20:30");
-        bySeconds.Advance(days * 86400);
-        EXPECT_EQ(byDays, bySeconds) << days;
+    for (const std::string begin : {"1358/05/16 10:20:30", "1360/02/29 00:00:00",
+                                    "1359/12/31 1:2:3", "1/01/01 00:00:00", "-5/03/01 00:00:00"}) {
+        Date bySeconds(begin);
+        // up to 3 cycles of leap years, every day of them
+        for (long days = 0; days <= 3 * 1461 + 1; ++days) {
+            Date byDays(begin);
+            byDays.AdvanceDays(days);
+            ASSERT_EQ(byDays, bySeconds) << begin << " and " << days << " days";
+            bySeconds.Advance(86400);
+        }
     }
+}
+
+TEST(DateTest, TheLastYearIsNotLeftByDays) {
+    Date date("2147483646/01/01 00:00:00");
+    date.AdvanceDays(365 + 30 + 365);
+    EXPECT_EQ(date.DayText(), "2147483647/1/31");
 }
 
 TEST(DateTest, TextHasNoLeadingZeros) {
