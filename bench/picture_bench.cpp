@@ -7,40 +7,34 @@
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <string>
 #include <vector>
 
-#include "app/app.h"
+#include "bench/runninggame.h"
 #include "glwidget/drawing.h"
 #include "glwidget/glwidget.h"
-#include "quarn2/trace.h"
-#include "tests/support/gl_window.h"
 #include "tests/support/widget_places.h"
 
 namespace {
 
-constexpr std::uint32_t kFrameMs = 16;
-
-/// The game after its first frame, without its main loop. Made once, because widgets live as long
-/// as the process.
-class RunningGame {
+/// Made once, with the texts of the screen.
+class GameWithTexts {
 public:
-    static RunningGame& Get() {
-        static RunningGame& game = *new RunningGame;
+    static GameWithTexts& Get() {
+        static GameWithTexts& game = *new GameWithTexts;
         return game;
     }
 
     /// A frame's update as the kernel sends it: keys, a mouse that moved, the time.
     void UpdateFrame() {
-        app->GotEvent(keys);
-        mouse.x = (mouse.x + 7) % 800;
-        mouse.y = (mouse.y + 5) % 600;
-        app->GotEvent(mouse);
-        app->GotEvent(update);
+        x = (x + 7) % 800;
+        y = (y + 5) % 600;
+        game.SendKeys();
+        game.SendMouse(x, y);
+        game.SendUpdate(RunningGame::kFrameMs);
     }
 
-    void Render() { app->Render(true); }
+    void Render() { game.Render(); }
 
     /// The texts that are on the screen, at their places, by display lists and nothing else.
     void RenderTexts() {
@@ -73,15 +67,7 @@ private:
         float sizeX, sizeY;  ///< pixels
     };
 
-    RunningGame() {
-        trace::Start();
-        std::srand(1358);
-        GLWidget::StartGUI("my.gui.debug");
-        app->CreateWorld();
-        update.time = kFrameMs;
-        app->GotEvent(update);
-        FindTexts();
-    }
+    GameWithTexts() { FindTexts(); }
 
     void FindTexts() {
         const Vector& fontSize = GLWidget::themes.find("default")->second->fontSize;
@@ -92,11 +78,9 @@ private:
                              fontSize.y * pixelsPerUnit});
     }
 
-    GLWindowForTests window;
-    Pointer<App> app{new App};
-    Event keys{KeyEvent};
-    Event mouse{MouseEvent};
-    Event update{UpdateEvent};
+    RunningGame game;
+    int x = 0;
+    int y = 0;
     std::vector<Text> texts;
 };
 
@@ -104,7 +88,7 @@ private:
 // threads.
 
 void BM_WholeFrame(benchmark::State& state) {
-    RunningGame& game = RunningGame::Get();
+    GameWithTexts& game = GameWithTexts::Get();
     for (auto _ : state) {
         game.UpdateFrame();
         game.Render();
@@ -114,7 +98,7 @@ void BM_WholeFrame(benchmark::State& state) {
 BENCHMARK(BM_WholeFrame)->UseRealTime()->MeasureProcessCPUTime()->Unit(benchmark::kMicrosecond);
 
 void BM_TextsAlone(benchmark::State& state) {
-    RunningGame& game = RunningGame::Get();
+    GameWithTexts& game = GameWithTexts::Get();
     for (auto _ : state) {
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
         game.RenderTexts();
