@@ -65,11 +65,16 @@ void Render(const Children& children) {
 }
 
 void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut) {
-    SetPolygonMode(PolygonMode::Fill);
-    SetColour(theme.fillColour, brightness, theme.opacity);
-    DrawOutline(width, height, cut);
+    // kept: the first panel of a picture is filled without blending, whatever its opacity
+    if (theme.opacity != 0.0f || !IsBlending()) {
+        SetPolygonMode(PolygonMode::Fill);
+        SetColour(theme.fillColour, brightness, theme.opacity);
+        DrawOutline(width, height, cut);
+    }
     SetTexturing(false);
     EnableBlending();
+    if (theme.opacity == 0.0f)
+        return;
     SetPolygonMode(PolygonMode::Line);
     SetColour(theme.lineColour, brightness, theme.opacity);
     DrawOutline(width, height, cut);

@@ -37,7 +37,8 @@ bool AnyHasFocus(const Children& children);
 void Render(const Children& children);
 
 /// Fills an outline around the model-view origin, then draws its edges. Blending is switched on
-/// between the two: the first panel of a picture is filled opaque.
+/// between the two: the first panel of a picture is filled opaque. With an opacity of 0 nothing
+/// else is drawn.
 void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut);
 
 /// The area in which a window's children may be dragged.

@@ -52,6 +52,10 @@ void EnableBlending() {
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
 }
 
+bool IsBlending() {
+    return glIsEnabled(GL_BLEND) == GL_TRUE;
+}
+
 void SetTexturing(bool on) {
     if (on) {
         glEnable(GL_TEXTURE_2D);

@@ -21,6 +21,8 @@ public:
 
 /// Source alpha over one minus source alpha.
 void EnableBlending();
+/// Whether what is drawn next is blended with what is below it.
+bool IsBlending();
 void SetTexturing(bool on);
 void DisableDepthTest();
 

@@ -63,6 +63,8 @@ void Frame::DrawBorder() const {
     const MatrixScope matrix;
     Translate(position.x + size.x / 2.0f, position.y + size.y / 2.0f);
     EnableBlending();
+    if (theme->opacity == 0.0f)
+        return;
     SetColour(theme->lineColour, theme->dim, theme->opacity);
     SetPolygonMode(PolygonMode::Line);
     DrawOutline(size.x, size.y, theme->corner);

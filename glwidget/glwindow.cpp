@@ -132,6 +132,8 @@ void GLWindow::DrawPanel() {
 }
 
 void GLWindow::DrawSeparator(float y) const {
+    if (theme->opacity == 0.0f)
+        return;
     SetColour(theme->lineColour, Brightness(*theme, highlight), theme->opacity);
     glBegin(GL_LINES);
     glVertex2f(-size.x / 2.0f, y);

@@ -68,6 +68,16 @@ protected:
         Draw();
     }
 
+    /// How many values OpenGL returns for the points, lines and polygons of `widgets`, whether or
+    /// not they change a pixel: 0 if nothing is drawn.
+    static int DrawnValues() {
+        std::vector<GLfloat> values(1 << 16);
+        glFeedbackBuffer(static_cast<GLsizei>(values.size()), GL_2D, values.data());
+        glRenderMode(GL_FEEDBACK);
+        GLWidget::RenderWidgets();
+        return glRenderMode(GL_RENDER);
+    }
+
     /// The colour at a place in GUI units.
     Colour At(float x, float y) const { return Pixel(Column(x), Row(y)); }
 

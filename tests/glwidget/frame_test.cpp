@@ -111,6 +111,14 @@ TEST_F(DrawnFrameTest, BorderIsAnOutlineAndNoFill) {
     EXPECT_FALSE(AnythingIn(0.24f, 0.985f, 0.26f, 1.01f));  // the cut corner
 }
 
+TEST_F(DrawnFrameTest, BorderOfOpacityZeroIsNotDrawn) {
+    bordered.size = Vector(0.5f, 0.5f);
+    GLWidget::widgets = {&bordered};
+    EXPECT_GT(DrawnValues(), 0);
+    theme->opacity = 0.0f;
+    EXPECT_EQ(DrawnValues(), 0);
+}
+
 TEST_F(DrawnFrameTest, BorderIsNeverHighlighted) {
     bordered.size = Vector(0.5f, 0.5f);
     bordered.Focus();

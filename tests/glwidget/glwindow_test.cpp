@@ -10,6 +10,7 @@
 
 #include "glwidget/combobox.h"
 #include "glwidget/frame.h"
+#include "glwidget/label.h"
 #include "glwidget/optionbox.h"
 #include "tests/glwidget/drawn_widget_test.h"
 #include "tests/glwidget/opened.h"
@@ -401,6 +402,21 @@ TEST_F(DrawnGLWindowTest, OnlyTheFirstWindowsFillIsOpaque) {
     Draw();
     EXPECT_EQ(At(0.5f, 0.5f), kFill);
     EXPECT_EQ(At(-0.7f, 0.5f), (Colour{0, 0, 77}));
+}
+
+TEST_F(DrawnGLWindowTest, OfOpacityZeroDrawsOnlyTheFillOfTheFirst) {
+    theme->opacity = 0.0f;
+    Draw(panel);
+    EXPECT_EQ(At(0.5f, 0.5f), kFill);
+    EXPECT_EQ(Count(kLine, -0.1f, -0.1f, 1.1f, 1.1f), 0);
+
+    Opened<Label> before("before", nullptr, kOrigin, theme, "");
+    GLWidget::widgets = {&before, &panel};
+    EXPECT_EQ(DrawnValues(), 0);
+    Draw();
+    EXPECT_FALSE(AnythingIn(-0.1f, -0.1f, 1.1f, 1.1f));
+    theme->opacity = 0.1f;
+    EXPECT_GT(DrawnValues(), 0);
 }
 
 TEST_F(DrawnGLWindowTest, IsHighlightedWhileTheMouseIsOverItsTitleBar) {
