@@ -51,9 +51,7 @@ void Button::Render() {
     TraceFrame frame("Render", "Button");
     Assert("glwidget/button", 36, "rendering", rendering);
     const MatrixScope matrix;
-    EnableBlending();
     DisableDepthTest();
-    SetTexturing(false);
     glLineWidth(theme->lineWidth);
     if (active)
         Translate(theme->pressOffset.x, theme->pressOffset.y);
@@ -65,9 +63,14 @@ void Button::Render() {
 void Button::DrawBox() {
     const float brightness = Brightness(*theme, highlight);
     const float cut = kCornerFactor * theme->corner;
-    if (text.empty()) {
-        SetTexturing(true);
-        image.Bind();
+    const bool isPicture = text.empty();
+    SetTexturing(isPicture);
+    if (isPicture)
+        image.BindForSize(size.x * PixelsPerUnit(), size.y * PixelsPerUnit());
+    if (isPicture && !image.IsOpaque()) {
+        EnableBlending();
+    } else {
+        DisableBlending();
     }
     SetColour(theme->fillColour, brightness);
     SetPolygonMode(PolygonMode::Fill);
@@ -78,6 +81,7 @@ void Button::DrawBox() {
     SetPolygonMode(PolygonMode::Line);
     DrawOutline(size.x, size.y, cut);
     SetPolygonMode(PolygonMode::Fill);
+    EnableBlending();
 }
 
 void Button::DrawCaption() {

@@ -52,6 +52,10 @@ void EnableBlending() {
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
 }
 
+void DisableBlending() {
+    glDisable(GL_BLEND);
+}
+
 bool IsBlending() {
     return glIsEnabled(GL_BLEND) == GL_TRUE;
 }

@@ -21,6 +21,8 @@ public:
 
 /// Source alpha over one minus source alpha.
 void EnableBlending();
+/// For what is opaque: every pixel is the same as with blending, and the pixel below is not read.
+void DisableBlending();
 /// Whether what is drawn next is blended with what is below it.
 bool IsBlending();
 void SetTexturing(bool on);

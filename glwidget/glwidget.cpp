@@ -436,3 +436,7 @@ float GLWidget::HalfWidth() {
         return guiScale;
     return static_cast<float>(viewport[2]) / static_cast<float>(viewport[3]) * guiScale;
 }
+
+float GLWidget::PixelsPerUnit() {
+    return static_cast<float>(viewport[3]) / (2.0f * guiScale);
+}

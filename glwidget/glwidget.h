@@ -236,6 +236,8 @@ public:
 
     /// Half the screen's width in GUI units; half its height is `guiScale`.
     static float HalfWidth();
+    /// Window pixels per GUI unit.
+    static float PixelsPerUnit();
 
 protected:
     /// At or below this a highlight or a flash has faded out.

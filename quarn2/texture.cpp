@@ -22,6 +22,10 @@ constexpr std::int32_t kClampS = 2;
 constexpr std::int32_t kClampT = 4;
 constexpr std::int32_t kFloats = 16;
 
+/// OpenGL takes the first level of a mipmap up to the square root of 2 texels per pixel. Less,
+/// because drivers only estimate that number.
+constexpr float kFirstLevelShrink = 1.25f;
+
 struct CacheEntry {
     TextureDetails details;
     std::uint32_t name;
@@ -34,17 +38,41 @@ std::vector<CacheEntry>& Cache() {
     return cache;
 }
 
+/// What is known of an OpenGL texture.
+struct Record {
+    std::uint16_t references = 0;
+    bool opaque = false;
+    bool mipmapped = false;
+    bool levelsUsed = false;  ///< its minifying filter is the one that looks for a level
+    std::int32_t width = 0;   ///< pixels
+    std::int32_t height = 0;  ///< pixels
+};
+
 /// Indexed by OpenGL texture name.
-std::vector<std::uint16_t>& ReferenceCounts() {
-    static std::vector<std::uint16_t>& counts = *new std::vector<std::uint16_t>;
-    return counts;
+std::vector<Record>& Records() {
+    static std::vector<Record>& records = *new std::vector<Record>;
+    return records;
+}
+
+Record& RecordOf(std::uint32_t name) {
+    std::vector<Record>& records = Records();
+    if (name >= records.size())
+        records.resize(std::size_t{name} + 1);
+    return records[name];
 }
 
 std::uint16_t& CountOf(std::uint32_t name) {
-    std::vector<std::uint16_t>& counts = ReferenceCounts();
-    if (name >= counts.size())
-        counts.resize(std::size_t{name} + 1);
-    return counts[name];
+    return RecordOf(name).references;
+}
+
+bool EveryPixelIsOpaque(const TextureData& data) {
+    const std::size_t values =
+        static_cast<std::size_t>(data.GetWidth()) * static_cast<std::size_t>(data.GetHeight()) * 4;
+    for (std::size_t alpha = 3; alpha < values; alpha += 4) {
+        if (!(data.GetData()[alpha] >= 1.0f))  // also if it is NaN
+            return false;
+    }
+    return true;
 }
 
 /// The value times 255, without its fraction. A value outside 0 to 1 becomes 0 or 255.
@@ -68,6 +96,14 @@ std::vector<std::uint8_t> Bytes(const TextureData& data, std::size_t step) {
 
 void SetParameter(GLenum parameter, GLint value) {
     glTexParameteri(GL_TEXTURE_2D, parameter, value);
+}
+
+/// Chooses the minifying filter of the bound texture.
+void UseLevels(Record& record, bool use) {
+    if (!record.mipmapped || record.levelsUsed == use)
+        return;
+    record.levelsUsed = use;
+    SetParameter(GL_TEXTURE_MIN_FILTER, use ? GL_LINEAR_MIPMAP_NEAREST : GL_LINEAR);
 }
 
 }  // namespace
@@ -144,6 +180,13 @@ bool Texture::Load(const TextureData& data, const TextureDetails& details) {
                      Bytes(data, 4).data());
     }
     glPopClientAttrib();
+
+    Record& record = RecordOf(name);
+    record.opaque = mipmapped && EveryPixelIsOpaque(data);
+    record.mipmapped = mipmapped;
+    record.levelsUsed = mipmapped;
+    record.width = width;
+    record.height = height;
     return true;
 }
 
@@ -153,10 +196,25 @@ bool Texture::Bind() {
     const Texture* const volatile self = this;
     Assert("quarn2/texture", 387, "this", self != nullptr);
     glBindTexture(GL_TEXTURE_2D, name);
+    UseLevels(RecordOf(name), true);
     return true;
 }
 
+bool Texture::BindForSize(float width, float height) {
+    TraceFrame frame("BindForSize", "Texture");
+    glBindTexture(GL_TEXTURE_2D, name);
+    Record& record = RecordOf(name);
+    const bool firstLevel = static_cast<float>(record.width) <= kFirstLevelShrink * width
+                            && static_cast<float>(record.height) <= kFirstLevelShrink * height;
+    UseLevels(record, !firstLevel);
+    return true;
+}
+
+bool Texture::IsOpaque() const {
+    return name == 0 || RecordOf(name).opaque;
+}
+
 std::uint16_t Texture::ReferenceCount(std::uint32_t textureName) {
-    const std::vector<std::uint16_t>& counts = ReferenceCounts();
-    return textureName < counts.size() ? counts[textureName] : std::uint16_t{0};
+    const std::vector<Record>& records = Records();
+    return textureName < records.size() ? records[textureName].references : std::uint16_t{0};
 }

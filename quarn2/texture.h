@@ -32,6 +32,15 @@ public:
     bool Load(const TextureData& data, const TextureDetails& details);
     /// @return true
     bool Bind();
+    /// Bind for one upright quad that shows the whole image `width` by `height` pixels large. The
+    /// pixels are those that Bind gives. If the quad is so large that they all come from the first
+    /// level of the mipmap, OpenGL does not look for the level of each.
+    /// @return true
+    bool BindForSize(float width, float height);
+
+    /// Whether nothing behind the image can be seen. Holds without a texture too: OpenGL then
+    /// draws as if texturing were off.
+    bool IsOpaque() const;
 
     /// The OpenGL name; 0 when there is none.
     std::uint32_t GetName() const { return name; }

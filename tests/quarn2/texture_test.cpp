@@ -231,6 +231,44 @@ TEST_F(TextureTest, WithoutFlagsItIsMipmappedRepeatingRGBA) {
     EXPECT_EQ(LevelParameter(3, GL_TEXTURE_WIDTH), 0);
 }
 
+TEST_F(TextureTest, LevelsAreLookedForOnlyWhereMoreThanTheFirstCouldBeNeeded) {
+    Texture texture;
+    texture.Load(Picture(4, 2), TextureDetails("", 0));
+    texture.BindForSize(3.2f, 1.6f);
+    EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR);
+    texture.BindForSize(3.1f, 1.6f);
+    EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR_MIPMAP_NEAREST);
+    texture.BindForSize(400.0f, 1.5f);
+    EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR_MIPMAP_NEAREST);
+    texture.BindForSize(400.0f, 200.0f);
+    EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR);
+    texture.Bind();
+    EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR_MIPMAP_NEAREST);
+}
+
+TEST_F(TextureTest, SizeChangesNoFilterOfATextureWithoutLevels) {
+    Texture texture;
+    texture.Load(Picture(4, 2), TextureDetails("", 1));
+    texture.BindForSize(1.0f, 1.0f);
+    EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR);
+    texture.Bind();
+    EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR);
+}
+
+TEST_F(TextureTest, IsOpaqueIfEveryPixelIsOrThereIsNone) {
+    Texture texture;
+    EXPECT_TRUE(texture.IsOpaque());
+    Bytes bytes(16, 255);
+    TextureData data;
+    data.Load(2, 2, true, bytes.data());
+    texture.Load(data, TextureDetails("", 0));
+    EXPECT_TRUE(texture.IsOpaque());
+    bytes.back() = 254;
+    data.Load(2, 2, true, bytes.data());
+    texture.Load(data, TextureDetails("", 0));
+    EXPECT_FALSE(texture.IsOpaque());
+}
+
 TEST_F(TextureTest, EveryByteValueOfAFileReachesOpenGLUnchanged) {
     Bytes bytes;
     for (int i = 0; i < 256; ++i) {
