@@ -60,6 +60,14 @@ void Button::Render() {
     DrawCaption();
 }
 
+Vector Button::GetOpaqueBox() const {
+    if (theme->corner != 0.0f || !FillIsOpaque())
+        return GLWidget::GetOpaqueBox();
+    const Vector shift = active ? theme->pressOffset : Vector(0.0f, 0.0f);
+    const Vector corner = position + shift;
+    return {corner.x, corner.y, corner.x + size.x, corner.y + size.y};
+}
+
 void Button::DrawBox() {
     const float brightness = Brightness(*theme, highlight);
     const float cut = kCornerFactor * theme->corner;
@@ -67,10 +75,10 @@ void Button::DrawBox() {
     SetTexturing(isPicture);
     if (isPicture)
         image.BindForSize(size.x * PixelsPerUnit(), size.y * PixelsPerUnit());
-    if (isPicture && !image.IsOpaque()) {
-        EnableBlending();
-    } else {
+    if (FillIsOpaque()) {
         DisableBlending();
+    } else {
+        EnableBlending();
     }
     SetColour(theme->fillColour, brightness);
     SetPolygonMode(PolygonMode::Fill);

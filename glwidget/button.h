@@ -21,8 +21,11 @@ public:
     void Render() override;
     std::string GetType() override { return "Button"; }
     void SetFocussed(GLWidget*) override {}
+    /// Its box, if no corner is cut and the fill is opaque.
+    Vector GetOpaqueBox() const override;
 
 private:
+    bool FillIsOpaque() const { return !text.empty() || image.IsOpaque(); }
     void DrawBox();
     void DrawCaption();
 

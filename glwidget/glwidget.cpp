@@ -6,6 +6,7 @@
 #include <GL/gl.h>
 
 #include <algorithm>
+#include <cmath>
 #include <iostream>
 #include <memory>
 #include <sstream>
@@ -13,6 +14,7 @@
 
 #include "glwidget/configuration.h"
 #include "glwidget/reader.h"
+#include "glwidget/uncovered.h"
 #include "quarn2/trace.h"
 
 namespace {
@@ -22,6 +24,41 @@ constexpr float kEdgeThreshold = 90.0f;
 
 /// Never destroyed, because references to it are given out.
 const std::string& kNoText = *new std::string;
+
+/// Pixels; for less, drawing the ground in one more piece costs more than the covered part.
+constexpr int kWorthCovering = 64 * 64;
+
+/// The pixels that lie within a box of GUI units with a margin of up to a pixel; none if the box
+/// has NaN in it.
+PixelBox PixelsWithin(const Vector& box) {
+    const std::int32_t(&viewport)[4] = GLWidget::viewport;
+    const auto width = static_cast<float>(viewport[2]);
+    const auto height = static_cast<float>(viewport[3]);
+    const float scale = GLWidget::PixelsPerUnit();
+    // In this order of the arguments, NaN stays NaN.
+    const float left = std::max(std::ceil((box.x + GLWidget::HalfWidth()) * scale), 0.0f);
+    const float bottom = std::max(std::ceil((box.y + GLWidget::guiScale) * scale), 0.0f);
+    const float right = std::min(std::floor((box.z + GLWidget::HalfWidth()) * scale), width);
+    const float top = std::min(std::floor((box.w + GLWidget::guiScale) * scale), height);
+    if (!(left < right && bottom < top))
+        return {};
+    return {static_cast<int>(left), static_cast<int>(bottom), static_cast<int>(right),
+            static_cast<int>(top)};
+}
+
+bool IsLarge(const PixelBox& box) {
+    return (box.right - box.left) * (box.top - box.bottom) >= kWorthCovering;
+}
+
+bool ModelViewIsIdentity() {
+    GLfloat values[16];
+    glGetFloatv(GL_MODELVIEW_MATRIX, values);
+    for (int i = 0; i < 16; ++i) {
+        if (values[i] != (i % 5 == 0 ? 1.0f : 0.0f))
+            return false;
+    }
+    return true;
+}
 
 void ReportStart(const std::string& path) {
     std::cerr << "Starting GUI from " << path << '\n';
@@ -230,6 +267,10 @@ bool GLWidget::Holds(const GLWidget* widget) const {
            });
 }
 
+Vector GLWidget::GetOpaqueBox() const {
+    return {0.0f, 0.0f, 0.0f, 0.0f};
+}
+
 bool GLWidget::Enable() {
     active = true;
     flash = 0.0f;
@@ -306,7 +347,13 @@ bool GLWidget::RenderWidgets() {
     glEnable(GL_DEPTH_TEST);
 
     rendering = true;
-    ForEachAtTop([](GLWidget& widget) { widget.Render(); });
+    ForEachAtTop([](GLWidget& widget) {
+        if (&widget == widgets.front()) {
+            RenderVisible(widget);
+        } else {
+            widget.Render();
+        }
+    });
     rendering = false;
 
     glPopAttrib();
@@ -314,6 +361,32 @@ bool GLWidget::RenderWidgets() {
     glPopMatrix();
     glMatrixMode(GL_MODELVIEW);
     return true;
+}
+
+/// Draws the widget that lies below all others, only where it can be seen. A screen-sized picture
+/// below sheets that cover nearly all of it would otherwise be a fifth of a frame.
+void GLWidget::RenderVisible(GLWidget& ground) {
+    if (!IsLarge(PixelsWithin(ground.GetOpaqueBox())) || glIsEnabled(GL_SCISSOR_TEST) == GL_TRUE
+        || !ModelViewIsIdentity()) {
+        ground.Render();
+        return;
+    }
+    Uncovered visible(viewport[2], viewport[3]);
+    for (const GLWidget* widget : widgets) {
+        if (widget == &ground || widget->destroyed)
+            continue;
+        const PixelBox box = PixelsWithin(widget->GetOpaqueBox());
+        if (IsLarge(box))
+            visible.Cover(box);
+    }
+    glPushAttrib(GL_SCISSOR_BIT);
+    glEnable(GL_SCISSOR_TEST);
+    for (const PixelBox& box : visible.Boxes()) {
+        glScissor(viewport[0] + box.left, viewport[1] + box.bottom, box.right - box.left,
+                  box.top - box.bottom);
+        ground.Render();
+    }
+    glPopAttrib();
 }
 
 GLWidget* GLWidget::GetByTag(std::string_view tag, bool complain) {

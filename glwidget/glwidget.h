@@ -93,6 +93,9 @@ public:
     virtual bool Within();
     /// Whether `widget` is this one or lies below it, even on a hidden tab.
     virtual bool Holds(const GLWidget* widget) const;
+    /// The box within which Render leaves no pixel as it was, in the parent's coordinates. All
+    /// zero if there is none.
+    virtual Vector GetOpaqueBox() const;
 
     GLWidget(const GLWidget&) = delete;
     GLWidget& operator=(const GLWidget&) = delete;
@@ -277,6 +280,7 @@ protected:
     virtual void Forget(const Gone& gone);
 
 private:
+    static void RenderVisible(GLWidget& ground);
     static void UnlinkAndDelete(const std::vector<GLWidget*>& all);
 
     bool destroyed = false;                      ///< will be deleted after the event

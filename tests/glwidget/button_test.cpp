@@ -3,6 +3,7 @@
 
 #include "glwidget/button.h"
 
+#include "glwidget/glwindow.h"
 #include "tests/glwidget/drawn_widget_test.h"
 #include "tests/glwidget/opened.h"
 #include "tests/glwidget/widget_test.h"
@@ -237,6 +238,54 @@ TEST_F(DrawnButtonTest, ImageIsTheOneThatTheThemeHadAtConstruction) {
     poster.Focus();
     Draw(poster);
     EXPECT_EQ(At(0.4f, 0.2f), (Colour{0, 255, 0}));
+}
+
+TEST_F(DrawnButtonTest, TranslucentImageShowsWhatIsBelowIt) {
+    const std::uint8_t half[] = {0, 255, 0, 128};
+    TextureData image;
+    ASSERT_TRUE(image.Load(1, 1, true, half));
+    theme->image.Load(image, TextureDetails("", 0));
+    theme->fillColour = Vector(1.0f, 1.0f, 1.0f);
+    theme->corner = 0.0f;
+    Opened<Button> pane("p", nullptr, Vector(0.0f, 0.0f), theme, Vector(0.8f, 0.4f));
+    pane.Focus();
+    EXPECT_EQ(pane.GetOpaqueBox().z, 0.0f);
+
+    Theme red = *theme;
+    PlainSheet(red, 255, 0, 0);
+    Opened<Button> ground("g", nullptr, Vector(0.0f, 0.0f), &red, Vector(0.8f, 0.4f));
+    ground.Focus();
+    GLWidget::widgets = {&ground, &pane};
+    Draw();
+    EXPECT_EQ(At(0.4f, 0.2f), (Colour{127, 128, 0}));
+}
+
+TEST_F(DrawnButtonTest, HidesWhatIsBelowItsBoxIfNoCornerIsCut) {
+    EXPECT_EQ(button.GetOpaqueBox().z, 0.0f);
+    theme->corner = 0.0f;
+    theme->pressOffset = Vector(0.1f, -0.2f);
+    button.position = Vector(0.5f, 0.25f);
+    const auto expectBox = [&](float left, float bottom, float right, float top) {
+        const Vector box = button.GetOpaqueBox();
+        EXPECT_FLOAT_EQ(box.x, left);
+        EXPECT_FLOAT_EQ(box.y, bottom);
+        EXPECT_FLOAT_EQ(box.z, right);
+        EXPECT_FLOAT_EQ(box.w, top);
+    };
+    expectBox(0.5f, 0.25f, 1.3f, 0.65f);
+    button.active = true;
+    expectBox(0.6f, 0.05f, 1.4f, 0.45f);
+}
+
+TEST_F(DrawnButtonTest, LeavesBlendingOnForTheWidgetsAfterIt) {
+    Draw(button);
+    Theme glass = *theme;
+    glass.opacity = 0.5f;
+    Opened<GLWindow> panel("panel", nullptr, Vector(-1.0f, -1.0f), &glass, "", false);
+    panel.size = Vector(0.5f, 0.5f);
+    GLWidget::widgets = {&button, &panel};
+    Draw();
+    EXPECT_EQ(At(-0.75f, -0.75f), (Colour{0, 0, 77}));
 }
 
 TEST_F(DrawnButtonTest, DrawingRestoresModelViewMatrixAndPolygonMode) {

@@ -5,9 +5,12 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
+#include "glwidget/button.h"
 #include "glwidget/optionbox.h"
 #include "tests/glwidget/drawn_widget_test.h"
+#include "tests/glwidget/opened.h"
 #include "tests/glwidget/widget_test.h"
 
 namespace {
@@ -544,6 +547,138 @@ TEST_F(GLWidgetTest, WidgetsKeepTheirThemeWhenAnotherOfItsNameIsRegistered) {
     EXPECT_EQ(GLWidget::themes["default"], later);
     EXPECT_EQ(widget.theme, theme);
     EXPECT_EQ(widget.theme->border, 0.5f);
+}
+
+/// A green picture of the size of the screen, and a blue sheet above it.
+class GroundTest : public DrawnWidgetTest {
+protected:
+    GroundTest() {
+        theme->corner = 0.0f;
+        theme->fillColour = Vector(1.0f, 1.0f, 1.0f);
+        theme->fade = false;
+        PlainSheet(*theme, 0, 255, 0);
+        sheetTheme = *theme;
+        PlainSheet(sheetTheme, 0, 0, 255);
+        ground = new Button("ground", nullptr, Vector(-1.74f, -1.3f), theme, Vector(3.48f, 2.6f));
+        sheet = new Opened<Button>("sheet", nullptr, Vector(0.2f, 0.1f), &sheetTheme,
+                                   Vector(0.8f, 0.5f));
+        GLWidget::widgets = {ground, sheet};
+        GLWidget::UpdateWidgets(1);
+    }
+
+    static constexpr Colour kGround{0, 255, 0};
+    static constexpr Colour kSheet{0, 0, 255};
+
+    /// The colours in the sheet's place, and left of it.
+    void ExpectColours(const Colour& inside, const Colour& outside) {
+        Draw();
+        EXPECT_EQ(At(0.6f, 0.4f), inside);
+        EXPECT_EQ(At(-0.6f, 0.4f), outside);
+        EXPECT_EQ(At(-1.7f, -1.25f), outside);
+        EXPECT_EQ(At(1.7f, 1.25f), outside);
+    }
+
+    Theme sheetTheme;
+    Button* ground;
+    Opened<Button>* sheet;
+};
+
+/// Says that it hides what is below its box, and draws nothing.
+class Hole : public PlainWidget {
+public:
+    using PlainWidget::PlainWidget;
+    Vector GetOpaqueBox() const override {
+        return {position.x, position.y, position.x + size.x, position.y + size.y};
+    }
+};
+
+TEST_F(GroundTest, IsNotDrawnWhereAWidgetAfterItHidesIt) {
+    Hole hole("hole", nullptr, Vector(-0.8f, 0.2f), theme);
+    hole.size = Vector(0.4f, 0.4f);
+    GLWidget::widgets.push_back(&hole);
+    Draw();
+    EXPECT_EQ(At(-0.6f, 0.4f), kBlack);
+    EXPECT_EQ(At(-0.9f, 0.4f), kGround);
+    EXPECT_EQ(At(-0.3f, 0.4f), kGround);
+    EXPECT_EQ(At(-0.6f, 0.1f), kGround);
+    EXPECT_EQ(At(-0.6f, 0.7f), kGround);
+    EXPECT_EQ(At(0.6f, 0.4f), kSheet);
+
+    // A place that is not a number is nowhere.
+    hole.position.x = std::numeric_limits<float>::quiet_NaN();
+    Draw();
+    EXPECT_EQ(At(-0.6f, 0.4f), kGround);
+    hole.position.x = -0.8f;
+
+    // Widgets before it hide nothing of it.
+    GLWidget::widgets = {&hole, ground};
+    Draw();
+    EXPECT_EQ(At(-0.6f, 0.4f), kGround);
+    GLWidget::widgets.clear();
+}
+
+TEST_F(GroundTest, IsSeenAgainWhereASheetWasMovedAway) {
+    ExpectColours(kSheet, kGround);
+    *sheet += Vector(-1.2f, 0.0f);
+    Draw();
+    EXPECT_EQ(At(0.6f, 0.4f), kGround);
+    EXPECT_EQ(At(-0.6f, 0.4f), kSheet);
+}
+
+TEST_F(GroundTest, IsSeenAgainWhereASheetIsHiddenOrDestroyed) {
+    GLWidget::widgets.remove(sheet);
+    ExpectColours(kGround, kGround);
+    GLWidget::widgets.push_back(sheet);
+    ExpectColours(kSheet, kGround);
+    {
+        const GLWidget::Dispatch dispatch;
+        GLWidget::Destroy(sheet);
+        ExpectColours(kGround, kGround);
+    }
+    ExpectColours(kGround, kGround);
+}
+
+TEST_F(GroundTest, IsSeenThroughASheetThatBecomesTranslucentOrCut) {
+    const std::uint8_t clear[] = {0, 0, 255, 0};
+    TextureData image;
+    ASSERT_TRUE(image.Load(1, 1, true, clear));
+    Theme glass = *theme;
+    glass.image.Load(image, TextureDetails("", 0));
+    Button pane("pane", nullptr, Vector(-0.8f, 0.2f), &glass, Vector(0.4f, 0.4f));
+    GLWidget::widgets.push_back(&pane);
+    ExpectColours(kSheet, kGround);
+
+    sheetTheme.corner = 0.1f;
+    Draw();
+    EXPECT_EQ(At(0.23f, 0.57f), kGround);
+    GLWidget::widgets.clear();
+}
+
+TEST_F(GroundTest, IsDrawnWholeWhereTheViewIsNotThatOfTheWidgets) {
+    glMatrixMode(GL_MODELVIEW);
+    glTranslatef(-0.5f, 0.0f, 0.0f);
+    Draw();
+    EXPECT_EQ(At(0.7f, 0.4f), kGround);
+    EXPECT_EQ(At(0.1f, 0.4f), kSheet);
+    glLoadIdentity();
+
+    // The program's own scissor box stays in force.
+    glClear(GL_COLOR_BUFFER_BIT);
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(0, 0, 400, 600);
+    Draw();
+    EXPECT_EQ(At(0.6f, 0.4f), kBlack);
+    EXPECT_EQ(At(-0.6f, 0.4f), kGround);
+    glDisable(GL_SCISSOR_TEST);
+}
+
+TEST_F(GroundTest, DrawingRestoresTheScissorBox) {
+    glScissor(1, 2, 3, 4);
+    Draw();
+    GLint box[4] = {};
+    glGetIntegerv(GL_SCISSOR_BOX, box);
+    EXPECT_EQ(std::vector<GLint>(box, box + 4), (std::vector<GLint>{1, 2, 3, 4}));
+    EXPECT_EQ(glIsEnabled(GL_SCISSOR_TEST), GL_FALSE);
 }
 
 class RenderWidgetsTest : public DrawnWidgetTest {
