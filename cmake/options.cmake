@@ -11,6 +11,8 @@ target_compile_options(merovinska_options INTERFACE
   # The toolkit turns the texts that it prints into format strings. Only clang warns by default if a
   # format string is not a literal.
   $<$<CXX_COMPILER_ID:Clang>:-Wno-format-security>
+  # By default g++ looks for unused memory, a tenth of its time, before it needs it. In KiB.
+  $<$<CXX_COMPILER_ID:GNU>:--param=ggc-min-heapsize=524288>
   # The single-precision numbers of the model must be rounded in the same way on every processor.
   -ffp-contract=off)
 
@@ -46,4 +48,24 @@ endif()
 function(merovinska_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PUBLIC merovinska_options)
+  merovinska_precompiled_headers(${name})
+endfunction()
+
+# merovinska_precompiled_headers(TARGET): in builds for developers, precompiles the headers of the
+# standard library, which take half of the time to compile most sources. Then the compiler does not
+# notice if a source lacks one of these includes. It does in the other builds: clang, clang-tidy and
+# the package.
+function(merovinska_precompiled_headers target)
+  if(NOT BUILD_TESTING OR NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    return()
+  endif()
+  if(NOT TARGET standard_headers)
+    file(WRITE ${PROJECT_BINARY_DIR}/standard_headers.cpp "")
+    add_library(standard_headers OBJECT ${PROJECT_BINARY_DIR}/standard_headers.cpp)
+    target_link_libraries(standard_headers PRIVATE merovinska_options)
+    target_precompile_headers(standard_headers PRIVATE
+      <algorithm> <array> <cmath> <cstdint> <cstdlib> <functional> <iostream> <limits> <map>
+      <memory> <span> <sstream> <string> <string_view> <utility> <vector>)
+  endif()
+  target_precompile_headers(${target} REUSE_FROM standard_headers)
 endfunction()
