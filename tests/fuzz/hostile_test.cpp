@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "fuzz/target.h"
+#include "tests/fuzz/hostile_files.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -30,9 +31,9 @@ struct Seed {
 /// The corpus of the target and the files of the game that it reads.
 std::vector<Seed> Seeds() {
     std::vector<std::string> paths;
-    for (const auto& entry : std::filesystem::directory_iterator(HOSTILE_CORPUS))
+    for (const auto& entry : std::filesystem::directory_iterator(kHostileFiles.corpus))
         paths.push_back(entry.path().string());
-    std::istringstream own(HOSTILE_OWN_FILES);
+    std::istringstream own(kHostileFiles.own);
     for (std::string path; std::getline(own, path, ',');)
         paths.push_back(path);
     std::vector<Seed> seeds;
@@ -54,11 +55,11 @@ void Feed(const Bytes& bytes) {
 // replacements each, in turn.
 constexpr std::size_t kLargeSeed = 8192;
 
-TEST(HOSTILE_SUITE, EmptyInputDoesNoHarm) {
+TEST(Hostile, EmptyInputDoesNoHarm) {
     Feed({});
 }
 
-TEST(HOSTILE_SUITE, EachSeedDoesNoHarm) {
+TEST(Hostile, EachSeedDoesNoHarm) {
     const std::vector<Seed> seeds = Seeds();
     EXPECT_FALSE(seeds.empty());
     for (const Seed& seed : seeds) {
@@ -68,19 +69,30 @@ TEST(HOSTILE_SUITE, EachSeedDoesNoHarm) {
     }
 }
 
-TEST(HOSTILE_SUITE, EachSeedCutAtEveryLengthDoesNoHarm) {
+constexpr std::size_t kParts = 4;
+
+/// One of the parts of a test that takes long. CTest runs several parts at the same time.
+class HostilePart : public testing::TestWithParam<std::size_t> {
+protected:
+    static bool Has(std::size_t position) { return position % kParts == GetParam(); }
+};
+
+TEST_P(HostilePart, EachSeedCutAtEveryLengthDoesNoHarm) {
     for (const Seed& seed : Seeds()) {
         SCOPED_TRACE(seed.path);
         for (std::size_t length = 0; length < seed.bytes.size(); ++length)
-            Feed(Bytes(seed.bytes.data(), seed.bytes.data() + length));
+            if (Has(length))
+                Feed(Bytes(seed.bytes.data(), seed.bytes.data() + length));
     }
 }
 
-TEST(HOSTILE_SUITE, EachSeedWithEveryByteReplacedDoesNoHarm) {
+TEST_P(HostilePart, EachSeedWithEveryByteReplacedDoesNoHarm) {
     for (const Seed& seed : Seeds()) {
         SCOPED_TRACE(seed.path);
         Bytes changed = seed.bytes;
         for (std::size_t position = 0; position < changed.size(); ++position) {
+            if (!Has(position))
+                continue;
             const std::uint8_t byte = changed[position];
             const std::array<int, 3> replacements{0x00, 0xFF, ~byte};
             for (std::size_t index = 0; index < replacements.size(); ++index) {
@@ -93,5 +105,7 @@ TEST(HOSTILE_SUITE, EachSeedWithEveryByteReplacedDoesNoHarm) {
         }
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Parts, HostilePart, testing::Range(std::size_t{0}, kParts));
 
 }  // namespace

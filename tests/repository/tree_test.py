@@ -4,6 +4,9 @@
 """The files of the tree: every one names its copyright and licence, none has misspelled words, and
 CTest runs all tests."""
 
+import fnmatch
+import json
+import os
 import shutil
 import subprocess
 import tempfile
@@ -11,6 +14,7 @@ import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
+BUILD = Path(os.environ["MEROVINSKA_BUILD"])
 NOT_IN_THE_TREE = {"build", ".git", ".cache", "compile_commands.json"}
 
 
@@ -22,6 +26,41 @@ class PythonTests(unittest.TestCase):
             with self.subTest(str(file.relative_to(ROOT))):
                 self.assertRegex((file.parent / "CMakeLists.txt").read_text(),
                                  rf"(?m)^ *merovinska_python_tests\(\w+ {file.name}\b")
+
+
+class TestPrograms(unittest.TestCase):
+    @staticmethod
+    def list_tests(program):
+        result = subprocess.run([program, "--gtest_list_tests"], cwd=ROOT, check=True,
+                                capture_output=True, text=True, timeout=100)
+        tests, suite = [], None
+        for line in result.stdout.splitlines():
+            if line.startswith("  "):
+                tests.append(suite + line.split()[0])
+            elif line:
+                suite = line.split()[0]
+        return sorted(tests)
+
+    def test_ctest_runs_every_test_of_every_program_once(self):
+        result = subprocess.run(["ctest", "--test-dir", BUILD, "--show-only=json-v1"], check=True,
+                                capture_output=True, text=True, timeout=100)
+        filters = {}
+        for test in json.loads(result.stdout)["tests"]:
+            if not test["name"].startswith("sdl12-compat."):
+                program, *options = test.get("command", [""])
+                for option in options:
+                    if option.startswith("--gtest_filter="):
+                        filters.setdefault(program, []).append(option.partition("=")[2])
+        suites = "_suites.cmake"
+        programs = [str(file).removesuffix(suites) for file in BUILD.glob(f"tests/**/*{suites}")]
+        self.assertTrue(programs)
+        for program in programs:
+            with self.subTest(program):
+                self.assertIn(program, filters)
+                tests = self.list_tests(program)
+                self.assertTrue(tests)
+                self.assertEqual(sorted(test for name in filters[program] for test in tests
+                                        if fnmatch.fnmatchcase(test, name)), tests)
 
 
 class Tree(unittest.TestCase):
