@@ -20,6 +20,8 @@ from virtualdisplay import VirtualDisplay
 
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["MEROVINSKA_BUILD"])
+# The sanitizers must be the first library that is loaded.
+SANITIZED = os.environ["MEROVINSKA_SANITIZE"] == "ON"
 TITLE = "Quarn Application"
 SIZE = (800, 600)
 SCREEN = (1280, 1024)
@@ -90,6 +92,8 @@ class Game:
         # Each thread of Mesa would keep memory for drawing.
         self.environment = {**self.display.environment, "LP_NUM_THREADS": "0"}
         environment = {**self.environment, **dict(settings)}
+        if not SANITIZED:
+            environment["LD_PRELOAD"] = str(BUILD / "tests/plays/libpacedswap.so")
         with open(folder / "stdout", "w") as stdout, open(folder / "stderr", "w") as stderr:
             self.process = subprocess.Popen(command, cwd=cwd, env=environment,
                                             stdin=subprocess.DEVNULL, stdout=stdout, stderr=stderr,

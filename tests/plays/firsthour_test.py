@@ -12,7 +12,7 @@ import time
 import unittest
 from pathlib import Path
 
-from driver import BUILD, FAILURE_REPORTS, Game, play_folder
+from driver import BUILD, FAILURE_REPORTS, SANITIZED, Game, play_folder
 
 WEEK = 604800
 FED_WEEKS = 48  # for which the country has enough food
@@ -23,8 +23,6 @@ MIB = 1024  # KiB
 # allocates for one picture is therefore not counted between two pictures.
 LARGE_BLOCK = {"MALLOC_MMAP_THRESHOLD_": "32768"}
 MEMORY_SAMPLES = 150
-# The sanitizers keep freed memory for a while, and report leaks themselves.
-SANITIZED = os.environ["MEROVINSKA_SANITIZE"] == "ON"
 
 ATTEMPT = 3.0  # seconds after which a press without an effect is repeated
 # Seconds between a release and the next press. The game must draw a frame between them to notice
@@ -166,6 +164,7 @@ class FirstHour(unittest.TestCase):
         self.read_the_chronicle()
         at_the_end = self.resident()
         print(f"{memory} KiB in week {FIRST_MEASURED_WEEK}, {at_the_end} KiB at the end")
+        # The sanitizers keep freed memory for a while, and report leaks themselves.
         if not SANITIZED:
             self.assertAlmostEqual(at_the_end, memory, delta=MIB)
 

@@ -208,7 +208,8 @@ class PackageList(unittest.TestCase):
                 self.expect_provided(paths, *sections)
 
     def test_list_provides_the_python_modules_of_the_build_and_the_tests(self):
-        for module in ("PIL", "Xlib", "markdown", "pytest", "pytest_subtests", "yaml"):
+        for module in ("PIL", "Xlib", "markdown", "pytest", "pytest_subtests", "xdist",
+                       "yaml"):
             file = output("/usr/bin/python3", "-c", f"import {module}; print({module}.__file__)")
             self.expect_provided([file.strip()], "check")
 
