@@ -32,9 +32,8 @@ constexpr float kLeastPlot = 2.0f;  ///< width and height of the smallest plot t
 
 constexpr float kShadingOpacity = 0.2f;
 constexpr float kBandOpacity = 0.1f;
-constexpr float kColumnWidth = 2.0f;  ///< pixels; as wide as a line
-constexpr float kThinLine = 1.0f;     ///< pixels
-constexpr float kPointSize = 5.0f;    ///< pixels; of the values at the mouse
+constexpr float kThinLine = 1.0f;   ///< pixels
+constexpr float kPointSize = 5.0f;  ///< pixels; of the values at the mouse
 /// Added above the highest value for those that are infinite, as a share of the range.
 constexpr double kRoomForInfinite = 0.1;
 /// To both sides of a value that never changes, as a share of it.

@@ -21,7 +21,7 @@ struct PlotArea {
 
     Vector corner;  ///< lower left
     Vector size;
-    int columns = 1;  ///< each as wide as a line; 1 to kMaxColumns
+    int columns = 1;  ///< each a pixel wide; 1 to kMaxColumns
     double firstWeek = 0.0;
     double lastWeek = 1.0;
     double lowest = 0.0;   ///< value at the lower edge
