@@ -117,6 +117,10 @@ bool GLRender::Render() {
     return true;
 }
 
+std::uint32_t GLRender::Exposures() {
+    return QueuePass::Exposures();
+}
+
 bool GLRender::Close() {
     TraceFrame frame("Close", "GLRender");
     SDL_QuitSubSystem(SDL_INIT_VIDEO);

@@ -31,4 +31,8 @@ public:
     /// Closes the window.
     /// @return true
     bool Close();
+
+    /// How many times a covered part of a window has become visible. Where it was covered, OpenGL
+    /// need not have drawn.
+    static std::uint32_t Exposures();
 };

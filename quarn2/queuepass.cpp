@@ -3,6 +3,8 @@
 
 #include "quarn2/queuepass.h"
 
+std::uint32_t QueuePass::exposures = 0;
+
 QueuePass::QueuePass() {
     SDL_PumpEvents();
 }
@@ -11,6 +13,8 @@ bool QueuePass::Next(SDL_Event& event) {
     if (SDL_PollEvent(&event) == 0)
         return false;
     lastType = event.type;
+    if (event.type == SDL_VIDEOEXPOSE)
+        ++exposures;
     return true;
 }
 

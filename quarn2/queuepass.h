@@ -5,6 +5,7 @@
 
 #include <SDL.h>
 
+#include <cstdint>
 #include <vector>
 
 /// One pass over the window system's event queue by a component that uses some events and
@@ -23,7 +24,11 @@ public:
     /// Puts the kept events at the end of the queue, in their order.
     void PutBack();
 
+    /// How many expose events all passes have taken. One that is put back counts each time.
+    static std::uint32_t Exposures() { return exposures; }
+
 private:
+    static std::uint32_t exposures;
     std::vector<SDL_Event> kept;
     int lastType = SDL_NOEVENT;
 };
