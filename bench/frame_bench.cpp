@@ -75,6 +75,16 @@ void BM_FrameOfTheRunningClock(benchmark::State& state) {
 }
 BENCHMARK(BM_FrameOfTheRunningClock)->Unit(benchmark::kMicrosecond);
 
+/// Whether anything has changed that can be seen.
+void BM_Appearance(benchmark::State& state) {
+    App& app = Game();
+    MovePointer(1);
+    app.Update(0);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(GLWidget::Appearance());
+}
+BENCHMARK(BM_Appearance)->Unit(benchmark::kMicrosecond);
+
 /// A press of the week button: 604800 one-second steps of the date, a tick, an edition.
 void BM_Week(benchmark::State& state) {
     World& world = *Game().GetWorld();

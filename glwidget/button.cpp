@@ -68,6 +68,13 @@ Vector Button::GetOpaqueBox() const {
     return {corner.x, corner.y, corner.x + size.x, corner.y + size.y};
 }
 
+void Button::AddAppearance(Fingerprint& print) {
+    AddBase(print);
+    print.Add(active);
+    print.Add(image.GetName());
+    print.Add(text);
+}
+
 void Button::DrawBox() {
     const float brightness = Brightness(*theme, highlight);
     const float cut = kCornerFactor * theme->corner;

@@ -19,6 +19,7 @@ public:
     /// @return false
     bool MouseClick(bool left, bool middle, bool right) override;
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     std::string GetType() override { return "Button"; }
     void SetFocussed(GLWidget*) override {}
     /// Its box, if no corner is cut and the fill is opaque.

@@ -217,6 +217,7 @@ float Chart::LowerBaseline() const {
 
 void Chart::Prepare() {
     TraceFrame frame("Prepare", "Chart");
+    prepared = ++Toolkit::Get().changes;
     measure = MeasureNow();
     missingSize = Vector();
     endNameCount = 0;
@@ -538,6 +539,15 @@ void Chart::Render() {
     if (hovered >= 0)
         DrawPointer();
     DrawTexts();
+}
+
+void Chart::AddAppearance(Fingerprint& print) {
+    AddBase(print);
+    for (const Theme* series : seriesThemes)
+        print.Add(*series);
+    print.Add(text);
+    print.Add(prepared);
+    print.Add(hovered);
 }
 
 void Chart::DrawGround() const {

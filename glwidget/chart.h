@@ -82,6 +82,7 @@ public:
     /// Also prepares the data again if the font or the size of the window has changed.
     bool Update(int milliseconds) override;
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     std::string GetType() override { return "Chart"; }
     void SetFocussed(GLWidget*) override {}
 
@@ -189,6 +190,7 @@ private:
     float limit = kUnlimited;
 
     // What is prepared from them. Places are relative to the chart's corner.
+    std::uint64_t prepared = 0;  // as Toolkit counts changes; no two charts have the same
     Measure measure;
     PlotArea plot;
     ValueRange shown;  // of the series, as far as the axis goes

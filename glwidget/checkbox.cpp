@@ -44,6 +44,13 @@ void Checkbox::Render() {
     Draw(checkRect, checkMarkRect);
 }
 
+void Checkbox::AddAppearance(Fingerprint& print) {
+    AddBase(print);
+    print.Add(active);
+    print.Add(flash);
+    print.Add(text);
+}
+
 void Checkbox::Draw(const Vector& box, const Vector& mark) {
     const MatrixScope matrix;
     EnableBlending();

@@ -16,6 +16,7 @@ public:
     /// Ticks or unticks.
     bool MouseClick(bool left, bool middle, bool right) override;
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     std::string GetType() override { return "Checkbox"; }
     void SetFocussed(GLWidget*) override {}
 

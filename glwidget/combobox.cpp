@@ -140,6 +140,23 @@ void Combobox::Render() {
         DrawList();
 }
 
+void Combobox::AddAppearance(Fingerprint& print) {
+    AddBase(print);
+    print.Add(current);
+    print.Add(open);
+    if (open) {
+        print.Add(hovered);
+        print.Add(texts.size());
+        for (const std::string& item : texts)
+            print.Add(item);
+    } else {
+        print.Add(GetCurrentText());
+    }
+    print.Add(dropButton != nullptr);
+    if (dropButton)
+        dropButton->AddAppearance(print);
+}
+
 void Combobox::DrawBox() const {
     DrawPanel(0.0f, size.y);
     DrawButton();

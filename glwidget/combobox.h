@@ -25,6 +25,7 @@ public:
     using GLWidget::MouseMove;
     bool MouseMove(float x, float y) override;
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     std::string GetType() override { return "Combobox"; }
     void SetFocussed(GLWidget*) override {}
 

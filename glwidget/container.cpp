@@ -64,6 +64,16 @@ void Render(const Children& children) {
     });
 }
 
+void AddAppearance(const Children& children, Fingerprint& print) {
+    print.Add(children.size());
+    for (GLWidget* child : children) {
+        const float depth = child->GetDepth();
+        print.Add(depth > kLayerDepth);
+        print.Add(depth < kLayerDepth);
+        child->AddAppearance(print);
+    }
+}
+
 void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut) {
     if (theme.opacity >= 1.0f)
         DisableBlending();

@@ -9,6 +9,7 @@
 #include "quarn2/vector.h"
 
 class Button;
+class Fingerprint;
 class GLWidget;
 class Theme;
 
@@ -35,6 +36,9 @@ bool AnyHasFocus(const Children& children);
 /// Draws the children around the model-view origin in two layers: depth above -0.5 first, then
 /// depth below -0.5, so that an open list covers its neighbours.
 void Render(const Children& children);
+
+/// Adds what Render would draw.
+void AddAppearance(const Children& children, Fingerprint& print);
 
 /// Fills an outline around the model-view origin, then draws its edges. Blending is switched on
 /// between the two: the first panel of a picture is filled opaque. With an opacity of 0 nothing

@@ -59,6 +59,12 @@ void Frame::Render() {
     container::Render(children);
 }
 
+void Frame::AddAppearance(Fingerprint& print) {
+    AddBase(print);
+    print.Add(bordered);
+    container::AddAppearance(children, print);
+}
+
 void Frame::DrawBorder() const {
     const MatrixScope matrix;
     Translate(position.x + size.x / 2.0f, position.y + size.y / 2.0f);

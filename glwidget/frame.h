@@ -18,6 +18,7 @@ public:
     using GLWidget::MouseMove;
     bool MouseMove(float x, float y) override;
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     std::string GetType() override { return "Frame"; }
     Vector GetValidArea() override;
     void SetFocussed(GLWidget* other) override;

@@ -10,6 +10,7 @@
 #include <iostream>
 #include <memory>
 #include <sstream>
+#include <typeinfo>
 #include <utility>
 
 #include "glwidget/configuration.h"
@@ -194,6 +195,18 @@ bool GLWidget::Unique() {
 
 std::string GLWidget::GetType() {
     return "GLWidget";
+}
+
+void GLWidget::AddAppearance(Fingerprint& print) {
+    print.Add(++Toolkit::Get().changes);
+}
+
+void GLWidget::AddBase(Fingerprint& print) const {
+    print.Add(std::bit_cast<std::uintptr_t>(&typeid(*this)));
+    print.AddPair(position);
+    print.AddPair(size);
+    print.Add(*theme);
+    print.Add(std::clamp(highlight, 0.0f, 1.0f));
 }
 
 bool GLWidget::AddChild(GLWidget* a) {
@@ -387,6 +400,22 @@ void GLWidget::RenderVisible(GLWidget& ground) {
         ground.Render();
     }
     glPopAttrib();
+}
+
+std::uint64_t GLWidget::Appearance() {
+    TraceFrame frame("Appearance", "GLWidget");
+    const Toolkit& toolkit = Toolkit::Get();
+    Fingerprint print;
+    print.Add(toolkit.fontLoads);
+    for (const std::int32_t edge : toolkit.viewport)
+        print.Add(edge);
+    print.Add(toolkit.guiScale);
+    for (const Vector& rect : {optionRect, optionMarkRect, checkRect, checkMarkRect, sliderRect})
+        print.Add(rect);
+    print.Add(widgets.size());
+    for (GLWidget* widget : widgets)
+        widget->AddAppearance(print);
+    return print.Number();
 }
 
 GLWidget* GLWidget::GetByTag(std::string_view tag, bool complain) {

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "glwidget/fingerprint.h"
 #include "glwidget/theme.h"
 #include "glwidget/toolkit.h"
 #include "quarn2/event.h"
@@ -66,7 +67,11 @@ public:
     /// Lets highlight and flash grow or fade for that time.
     virtual bool Update(int milliseconds);
     /// Draws at the current model-view position and changes nothing. Needs RenderWidgets around it.
+    /// A class that overrides it overrides AddAppearance too.
     virtual void Render() = 0;
+    /// Adds every value that Render reads and that can change, with those of the children. Without
+    /// an override the widget counts as changed in every frame, and all widgets are drawn in each.
+    virtual void AddAppearance(Fingerprint& print);
     /// Moves the widget. @return its new position
     virtual Vector operator+=(const Vector& offset);
     /// Whether at most one of the unique children of a container is active.
@@ -140,6 +145,9 @@ public:
     static bool UpdateWidgets(int milliseconds);
     /// Draws all widgets into the current OpenGL context.
     static bool RenderWidgets();
+    /// The fingerprint of all that RenderWidgets would draw. While it stays the same, so does every
+    /// pixel, as long as the application leaves textures and glyphs as they were loaded.
+    static std::uint64_t Appearance();
 
     /// The widget registered under `tag`, or null. With `complain`, an unknown tag is reported on
     /// standard error and fails an assertion.
@@ -274,6 +282,10 @@ protected:
     std::string name;
     bool dragging = false;
     std::vector<GLWidget*> children;  // not owned; in the order of events
+
+    /// Adds what nearly every kind draws with: class, position, size, theme and, as it is drawn,
+    /// the highlight.
+    void AddBase(Fingerprint& print) const;
 
     using Gone = std::set<const GLWidget*>;
     /// Removes every link to widgets that are about to be deleted. One of them may be this one.

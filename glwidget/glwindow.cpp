@@ -124,6 +124,12 @@ void GLWindow::Render() {
     DrawChildren();
 }
 
+void GLWindow::AddAppearance(Fingerprint& print) {
+    AddBase(print);
+    print.Add(text);
+    container::AddAppearance(children, print);
+}
+
 void GLWindow::DrawPanel() {
     textured = false;
     if (textured)  // kept: no window is drawn with the sheet any more

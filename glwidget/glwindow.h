@@ -19,6 +19,7 @@ public:
     using GLWidget::MouseMove;
     bool MouseMove(float x, float y) override;
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     std::string GetType() override { return "GLWindow"; }
     /// Widens the window to its title.
     bool AddChild(GLWidget* child) override;

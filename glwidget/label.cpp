@@ -49,6 +49,11 @@ const std::string& Label::Wrapped() {
     return wrapped;
 }
 
+void Label::AddAppearance(Fingerprint& print) {
+    AddBase(print);
+    print.Add(text);
+}
+
 void Label::Render() {
     TraceFrame frame("Render", "Label");
     Assert("glwidget/label", 24, "rendering", rendering);

@@ -23,6 +23,7 @@ public:
     /// @return true
     bool MouseClick(bool, bool, bool) override { return true; }
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     std::string GetType() override { return "Label"; }
     void SetFocussed(GLWidget*) override {}
 

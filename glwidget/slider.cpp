@@ -132,6 +132,12 @@ void Slider::Render() {
     DrawKnob();
 }
 
+void Slider::AddAppearance(Fingerprint& print) {
+    AddBase(print);
+    print.AddPair(extent);
+    print.Add(level);
+}
+
 void Slider::DrawTrack() const {
     const Vector track = Track();
     glLineWidth(theme->lineWidth);

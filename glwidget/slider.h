@@ -22,6 +22,7 @@ public:
     using GLWidget::MouseMove;
     bool MouseMove(float x, float y) override;
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     std::string GetType() override { return "Slider"; }
     /// Half a knob to either side of the track and a whole one beyond its far end.
     Vector Getbbox() override;

@@ -182,11 +182,21 @@ void TabWindow::Render() {
     DrawChildren();
 }
 
+void TabWindow::AddAppearance(Fingerprint& print) {
+    FocusShownTab();
+    GLWindow::AddAppearance(print);
+    print.Add(tabs.size());
+    ForEachButton([&](Button& button) { button.AddAppearance(print); });
+}
+
+void TabWindow::FocusShownTab() {
+    if (shownTab < tabs.size() && tabs[shownTab].button)
+        tabs[shownTab].button->Focus();
+}
+
 void TabWindow::DrawButtons() {
     const MatrixScope matrix;
     SetColour(theme->textColour);
-    // The shown tab always looks as if the mouse were over it.
-    if (shownTab < tabs.size() && tabs[shownTab].button)
-        tabs[shownTab].button->Focus();
+    FocusShownTab();
     ForEachButton([](Button& button) { button.Render(); });
 }

@@ -26,6 +26,7 @@ public:
     bool MouseMove(float x, float y) override;
     bool Update(int milliseconds) override;
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     /// Moves the row of buttons too.
     Vector operator+=(const Vector& offset) override;
     std::string GetType() override { return "TabWindow"; }
@@ -71,6 +72,9 @@ private:
     }
     /// Widens the window to its row of buttons.
     void FitButtons();
+    /// Makes the shown tab's button look as if the mouse were over it, in every frame, whether it
+    /// is drawn or not, so that a press finds the same focus.
+    void FocusShownTab();
     void DrawButtons();
 
     std::vector<Tab> tabs;

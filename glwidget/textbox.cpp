@@ -222,6 +222,15 @@ void Textbox::Render() {
     DrawContent();
 }
 
+void Textbox::AddAppearance(Fingerprint& print) {
+    AddBase(print);
+    print.Add(rows);
+    print.Add(text);
+    print.Add(focus);
+    if (focus)
+        print.Add(before);  // the caret stands after it
+}
+
 void Textbox::DrawBox() const {
     const MatrixScope matrix;
     Translate(size.x / 2.0f, size.y / 2.0f);

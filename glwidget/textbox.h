@@ -27,6 +27,7 @@ public:
     using GLWidget::MouseMove;
     bool MouseMove(float x, float y) override;
     void Render() override;
+    void AddAppearance(Fingerprint& print) override;
     bool Unique() override { return true; }
     std::string GetType() override { return "Textbox"; }
     void SetFocussed(GLWidget* other) override;

@@ -42,6 +42,7 @@ struct Toolkit {
     std::vector<GLWidget*> destroyed;  ///< during the event that is under way
     std::vector<GLWidget*> atTop;      ///< who gets the events under way, from `widgets`
     int dispatches = 0;                ///< nested operations that hand an event to children
+    std::uint64_t changes = 0;         ///< of pictures, counted where they cannot be compared
 
     ThemeMap themes;                                ///< every named theme, not owned
     std::list<std::shared_ptr<Theme>> ownedThemes;  ///< also those that lost their name

@@ -66,6 +66,16 @@ TEST_F(MeterExample, IsMadeByALayoutOnceItsKindIsRegistered) {
 
 class DrawnMeterExample : public DrawnWidgetTest {};
 
+TEST_F(MeterExample, ItsLevelChangesTheFingerprint) {
+    Meter meter("meter", nullptr, Vector(0.0f, 0.0f), theme, Vector(0.4f, 0.1f));
+    GLWidget::widgets = {&meter};
+    const std::uint64_t before = GLWidget::Appearance();
+    EXPECT_EQ(GLWidget::Appearance(), before);
+    meter.SetLevel(0.25f);
+    EXPECT_NE(GLWidget::Appearance(), before);
+    GLWidget::widgets.clear();
+}
+
 TEST_F(DrawnMeterExample, IsFilledUpToItsLevel) {
     Meter meter("meter", nullptr, Vector(0.0f, 0.0f), theme, Vector(1.0f, 0.2f));
     meter.SetLevel(0.25f);

@@ -41,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(DrawnAllocationTest, DrawingAllocatesNothing) {
+TEST_F(DrawnAllocationTest, DrawingAndTakingTheFingerprintAllocateNothing) {
     GLWidget* const tabs = GLWidget::GetByTag("tabs");
     GLWidget::GetByTag("text")->Focus();
     const auto drawBothTabs = [&] {
@@ -50,6 +50,7 @@ TEST_F(DrawnAllocationTest, DrawingAllocatesNothing) {
             tabs->MouseMove(button.x + 0.01f, button.y + 0.01f);
             tabs->MouseClick(true, false, false);
             tabs->MouseClick(false, false, false);
+            GLWidget::Appearance();
             GLWidget::RenderWidgets();
         }
     };
