@@ -61,6 +61,8 @@ bool App::GotEvent(Event event) {
     TraceFrame frame("GotEvent", "App");
     switch (event.type) {
     case LoadGraphicsResourcesEvent:
+        picture = {};  // a new window has no textures yet
+        kept = false;
         glClearColor(0.0f, 0.0f, 0.0f, 0.0f);
         GLWidget::StartGUI(kLayoutFile);
         return true;
@@ -173,11 +175,27 @@ void App::ReportFrameRate() {
 
 bool App::Render(bool) {
     TraceFrame frame("Render", "App");
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    const std::uint64_t latest = GLWidget::Appearance();
+    const bool same = latest == appearance && exposures == GLRender::Exposures();
+    appearance = latest;
+    exposures = GLRender::Exposures();
     glLoadIdentity();
+    if (same && kept) {
+        glClear(GL_DEPTH_BUFFER_BIT);  // the picture covers the colours alone
+        if (picture.Draw())
+            return true;
+    }
+    DrawWidgets();
+    // Kept only when it is drawn a second time. So nothing is copied while every frame differs, and
+    // the copy cannot contain what the frame before left in OpenGL, such as its line width.
+    kept = same && picture.Keep();
+    return true;
+}
+
+void App::DrawWidgets() {
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     glClearColor(0.0f, 0.0f, 0.8f, 1.0f);
     GLWidget::RenderWidgets();
-    return true;
 }
 
 bool App::Quit() {

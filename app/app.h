@@ -13,6 +13,7 @@
 #include "country/world.h"
 #include "quarn2/event.h"
 #include "quarn2/eventcatcher.h"
+#include "quarn2/keptpicture.h"
 #include "quarn2/memory.h"
 
 /// The game: receives every kernel event, owns the world and advances it frame by frame.
@@ -36,7 +37,8 @@ public:
     /// @param milliseconds  since the previous one
     /// @return false if the player ends the game
     bool Update(std::uint32_t milliseconds);
-    /// Clears the window and draws the widgets. @return true
+    /// Draws the widgets into the cleared window, or the picture that was kept of them if nothing
+    /// that can be seen has changed. @return true
     bool Render(bool flag);
     /// Ends the toolkit. @return true
     bool Quit();
@@ -49,6 +51,7 @@ public:
 private:
     void EndWorld();
     void ReportFrameRate();
+    void DrawWidgets();
 
     std::unique_ptr<World> world;
     std::vector<std::unique_ptr<char[]>> buffers;
@@ -63,4 +66,9 @@ private:
     Display display;
     NewsDisplay newsDisplay;
     HistoryDisplay historyDisplay;
+
+    KeptPicture picture;
+    bool kept = false;             // `picture` shows what was drawn last
+    std::uint64_t appearance = 0;  // of the widgets as they were drawn last, 0 before that
+    std::uint32_t exposures = 0;   // of the window, until then
 };

@@ -145,7 +145,7 @@ std::vector<Change> ChangesOfFields() {
         {"no item", [](GLWidget& w) { w.*& PlainWidget::current = -1; }},
         {"texts",
          [](GLWidget& w) {
-             w.*& PlainWidget::texts = {"Uno", "Due", "Tre"};
+             w.*& PlainWidget::texts = {"North", "South", "West"};
          }},
         {"theme",
          [](GLWidget& w) {

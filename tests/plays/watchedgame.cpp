@@ -3,7 +3,9 @@
 
 // watchedgame FILE runs the game. After every frame it compares the labels with the country's
 // numbers and, if something has changed, adds a line of JSON with the state of the game to the
-// file. It does not change the behaviour of the game.
+// file. It does not change the behaviour of the game. With a second argument, "twice", it also
+// draws every frame twice: as the game does, and with all widgets. It ends if the two pictures
+// differ.
 
 #include <algorithm>
 #include <cmath>
@@ -22,6 +24,7 @@
 #include "glwidget/glwidget.h"
 #include "quarn2/memory.h"
 #include "quarn2/trace.h"
+#include "tests/plays/twicedrawn.h"
 
 namespace {
 
@@ -48,12 +51,16 @@ std::string Fixed(double value, int digits) {
 
 class WatchedGame : public App {
 public:
-    explicit WatchedGame(const char* path) : file(path) {}
+    WatchedGame(const char* path, bool drawTwice) : drawsTwice(drawTwice), file(path) {}
 
     bool GotEvent(Event event) override {
         const bool result = App::GotEvent(event);
         if (event.type == UpdateEvent && result)
             Watch();
+        if (drawsTwice && event.type == LoadGraphicsResourcesEvent)
+            twice.Join();
+        if (drawsTwice && event.type == RenderEvent)
+            twice.Compare();
         return result;
     }
 
@@ -216,6 +223,8 @@ private:
     static constexpr std::size_t kMaxFaults = 20;
     static constexpr float kWeek = 604800.0f;
 
+    bool drawsTwice;
+    TwiceDrawn twice;
     std::ofstream file;
     std::string last;
     std::vector<std::string> wrong;
@@ -226,15 +235,16 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::cerr << "usage: watchedgame FILE\n";
+    const bool drawTwice = argc == 3 && std::string_view(argv[2]) == "twice";
+    if (argc != 2 && !drawTwice) {
+        std::cerr << "usage: watchedgame FILE [twice]\n";
         return 2;
     }
     trace::Start();
     std::srand(static_cast<unsigned>(std::time(nullptr)));
     TraceFrame frame("main", "");
     {
-        const Pointer<App> game = new WatchedGame(argv[1]);
+        const Pointer<App> game = new WatchedGame(argv[1], drawTwice);
         game->Init();
     }
     MMObject::CollectGarbage();
