@@ -13,22 +13,19 @@ unset CDPATH
 # four more themes, which no file names.
 needed_data() (
     cd -- "$1" || exit
-    local layout=my.gui.debug themes configurations theme configuration
+    local layout=my.gui.debug themes configurations
     echo "$layout"
     mapfile -t configurations < <(words "$layout" | awk '$1 == "CONF" && NF > 1 { print $2 }')
     mapfile -t themes < <(
-        printf '%s\n' default.theme messagebox.theme tabwin_button.theme combo_button.theme
-        # THEM default selects default.theme, which is listed above.
-        words "$layout" | awk '$1 == "THEM" && NF > 1 && $2 != "default" { print $2 }'
+        {
+            printf '%s\n' default.theme messagebox.theme tabwin_button.theme combo_button.theme
+            # THEM default selects default.theme, which is listed above.
+            words "$layout" | awk '$1 == "THEM" && NF > 1 && $2 != "default" { print $2 }'
+        } | sort -u
     )
-    for configuration in "${configurations[@]}"; do
-        echo "$configuration"
-        first_words "$configuration" | sed -n 1p
-    done
-    for theme in "${themes[@]}"; do
-        echo "$theme"
-        first_words "$theme" | sed -n 15p | grep -vx NULL || true
-    done
+    printf '%s\n' "${configurations[@]}" "${themes[@]}"
+    value_of_line 1 "${configurations[@]}"
+    value_of_line 15 "${themes[@]}" | grep -vx NULL || true
 )
 
 # words FILE: the lines of FILE, without the carriage returns that Windows ends lines with. Prints
@@ -37,9 +34,22 @@ words() {
     [[ ! -f $1 || ! -r $1 ]] || tr '\r' ' ' <"$1"
 }
 
-# first_words FILE: the first word of each line that is neither empty nor a comment.
-first_words() {
-    words "$1" | awk 'NF && substr($1, 1, 2) != "//" { print $1 }'
+# value_of_line NUMBER FILE...: of each file, the first word of this line. Empty lines and comments
+# do not count. One program reads all files, because to start some for each file takes a second.
+value_of_line() {
+    local number=$1 file files=()
+    shift
+    for file; do
+        [[ -f $file && -r $file ]] || continue
+        # awk takes NAME=TEXT for a variable, but no path with a slash.
+        [[ $file == /* ]] || file=./$file
+        files+=("$file")
+    done
+    ((${#files[@]})) || return 0
+    awk -v number="$number" '
+        FNR == 1 { lines = 0 }
+        { gsub(/\r/, " ") }
+        NF && substr($1, 1, 2) != "//" && ++lines == number { print $1 }' "${files[@]}"
 }
 
 # unreadable_data DIRECTORY: the needed files that cannot be read, on one line.
@@ -58,11 +68,12 @@ unreadable_data() {
 # lay_over FOLDER TARGET: makes a link in TARGET to every file in FOLDER, which is an absolute path.
 # A link replaces one of the same name.
 lay_over() {
-    local file
+    local file files=()
     mkdir -p -- "$2"
     for file in "$1"/*; do
-        [[ ! -f $file ]] || ln -sfn -- "$file" "$2/"
+        [[ ! -f $file ]] || files+=("$file")
     done
+    ((${#files[@]} == 0)) || ln -sfn -- "${files[@]}" "$2/"
 }
 
 # scale_window SCALE: tells sdl12-compat to draw everything SCALE times as large.
