@@ -133,7 +133,7 @@ void HerdOutlook::WriteTo(std::string& text) const {
     } else if (butchers == Butchers::TakeMore) {
         Append(text, ", butchers take more than %.1f%%", limitPercent);
     } else if (butchers == Butchers::Idle) {
-        text += ", butchers raise nothing until you move their slider";
+        text += ", butchers idle: move their slider";
     }
 }
 

@@ -129,7 +129,7 @@ TEST_F(OutlookTest, LargeHerdLosesOnlyAPart) {
 
 TEST_F(OutlookTest, ButchersWhoRaiseNothingAreReported) {
     country.livestock.production = -0.09f;
-    EXPECT_EQ(Herd(), "lasts less than a week, butchers raise nothing until you move their slider");
+    EXPECT_EQ(Herd(), "lasts less than a week, butchers idle: move their slider");
     country.livestock.amount = 0.0f;
     EXPECT_EQ(Herd(), "is empty");
 }
