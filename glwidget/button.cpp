@@ -93,9 +93,7 @@ void Button::DrawBox() {
 
     SetTexturing(false);
     SetColour(theme->lineColour, brightness);
-    SetPolygonMode(PolygonMode::Line);
-    DrawOutline(size.x, size.y, cut);
-    SetPolygonMode(PolygonMode::Fill);
+    DrawOutlineEdges(size.x, size.y, cut);
     EnableBlending();
 }
 

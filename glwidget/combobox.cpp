@@ -180,11 +180,10 @@ void Combobox::DrawArrow() const {
     const float y = (button.y + button.w) / 2.0f;
     const float half = kArrowShare * std::min(button.z - button.x, button.w - button.y);
     SetColour(theme->fillColour, theme->bright);
-    glBegin(GL_TRIANGLES);
-    glVertex2f(x - half, y + half / 2.0f);
-    glVertex2f(x + half, y + half / 2.0f);
-    glVertex2f(x, y - half);
-    glEnd();
+    const Vertex vertices[] = {{0.0f, 0.0f, x - half, y + half / 2.0f},
+                               {0.0f, 0.0f, x + half, y + half / 2.0f},
+                               {0.0f, 0.0f, x, y - half}};
+    DrawShape(Shape::Triangle, vertices);
 }
 
 void Combobox::DrawList() const {

@@ -79,18 +79,16 @@ void DrawPanel(const Theme& theme, float brightness, float width, float height, 
         DisableBlending();
     // kept: the first panel of a picture is filled without blending, whatever its opacity
     if (theme.opacity != 0.0f || !IsBlending()) {
-        SetPolygonMode(PolygonMode::Fill);
         SetColour(theme.fillColour, brightness, theme.opacity);
+        SetPolygonMode(PolygonMode::Fill);
         DrawOutline(width, height, cut);
     }
     SetTexturing(false);
     EnableBlending();
     if (theme.opacity == 0.0f)
         return;
-    SetPolygonMode(PolygonMode::Line);
     SetColour(theme.lineColour, brightness, theme.opacity);
-    DrawOutline(width, height, cut);
-    SetPolygonMode(PolygonMode::Fill);
+    DrawOutlineEdges(width, height, cut);
 }
 
 Vector ValidArea(const Vector& position, const Vector& size, const Theme& theme) {

@@ -6,6 +6,8 @@
 #include <GL/gl.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 
 #include "glwidget/toolkit.h"
 
@@ -35,6 +37,22 @@ const char* AsFormat(const std::string& text) {
 
 void UseFontOf(const Theme& theme) {
     Toolkit::Get().font.SetSize(theme.fontSize.x, theme.fontSize.y);
+}
+
+/// The corners of a box around the origin, two of them cut, back to the first.
+std::array<Vertex, 7> Outline(float width, float height, float cut) {
+    const float right = width / 2.0f;
+    const float left = -right;
+    const float top = height / 2.0f;
+    const float bottom = -top;
+    const float side = cut * height;
+    return {{{0.0f, 0.0f, left, bottom},
+             {0.0f, 1.0f - cut, left, top - side},
+             {cut, 1.0f, left + side, top},
+             {1.0f, 1.0f, right, top},
+             {1.0f, cut, right, bottom + side},
+             {1.0f, 0.0f, right - side, bottom},
+             {0.0f, 0.0f, left, bottom}}};
 }
 
 }  // namespace
@@ -90,38 +108,36 @@ void SetPolygonMode(PolygonMode mode) {
     glPolygonMode(GL_FRONT_AND_BACK, mode == PolygonMode::Fill ? GL_FILL : GL_LINE);
 }
 
+void DrawShape(Shape shape, std::span<const Vertex> vertices) {
+    constexpr GLenum kModes[] = {GL_LINE_STRIP, GL_TRIANGLES, GL_QUADS, GL_POLYGON};
+    glEnableClientState(GL_VERTEX_ARRAY);
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    glVertexPointer(2, GL_FLOAT, sizeof(Vertex), &vertices.front().x);
+    glTexCoordPointer(2, GL_FLOAT, sizeof(Vertex), &vertices.front().s);
+    glDrawArrays(kModes[static_cast<std::size_t>(shape)], 0, static_cast<GLsizei>(vertices.size()));
+    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    glDisableClientState(GL_VERTEX_ARRAY);
+}
+
 void DrawOutline(float width, float height, float cut) {
-    const float right = width / 2.0f;
-    const float left = -right;
-    const float top = height / 2.0f;
-    const float bottom = -top;
-    const float side = cut * height;
-    const auto corner = [](float s, float t, float x, float y) {
-        glTexCoord2f(s, t);
-        glVertex2f(x, y);
-    };
-    glBegin(GL_POLYGON);
-    corner(0.0f, 0.0f, left, bottom);
-    corner(0.0f, 1.0f - cut, left, top - side);
-    corner(cut, 1.0f, left + side, top);
-    corner(1.0f, 1.0f, right, top);
-    corner(1.0f, cut, right, bottom + side);
-    corner(1.0f, 0.0f, right - side, bottom);
-    corner(0.0f, 0.0f, left, bottom);
-    glEnd();
+    DrawShape(Shape::Polygon, Outline(width, height, cut));
+}
+
+void DrawOutlineEdges(float width, float height, float cut) {
+    DrawShape(Shape::LineStrip, Outline(width, height, cut));
 }
 
 void DrawSheetQuad(const Vector& corner, float side, const Vector& rect) {
-    glBegin(GL_QUADS);
-    glTexCoord2f(rect.x, rect.y);
-    glVertex2f(corner.x, corner.y);
-    glTexCoord2f(rect.x, rect.w);
-    glVertex2f(corner.x, corner.y + side);
-    glTexCoord2f(rect.z, rect.w);
-    glVertex2f(corner.x + side, corner.y + side);
-    glTexCoord2f(rect.z, rect.y);
-    glVertex2f(corner.x + side, corner.y);
-    glEnd();
+    const Vertex vertices[] = {{rect.x, rect.y, corner.x, corner.y},
+                               {rect.x, rect.w, corner.x, corner.y + side},
+                               {rect.z, rect.w, corner.x + side, corner.y + side},
+                               {rect.z, rect.y, corner.x + side, corner.y}};
+    DrawShape(Shape::Quad, vertices);
+}
+
+void DrawLine(float fromX, float fromY, float toX, float toY) {
+    const Vertex vertices[] = {{0.0f, 0.0f, fromX, fromY}, {0.0f, 0.0f, toX, toY}};
+    DrawShape(Shape::LineStrip, vertices);
 }
 
 float MeasureText(const Theme& theme, const std::string& text) {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "glwidget/theme.h"
@@ -41,14 +42,30 @@ void SetColour(const Vector& colour, float brightness = 1.0f, float alpha = 1.0f
 enum class PolygonMode { Fill, Line };
 void SetPolygonMode(PolygonMode mode);
 
+enum class Shape { LineStrip, Triangle, Quad, Polygon };
+
+/// A place in the texture and one on the screen.
+struct Vertex {
+    float s, t, x, y;
+};
+
+/// Draws in the current colour, from arrays: between glBegin and glEnd the colour would be a value
+/// of each vertex, and Mesa would compile, load and run further shaders that interpolate it.
+/// @param vertices  as many as the shape has, not none
+void DrawShape(Shape shape, std::span<const Vertex> vertices);
+
 /// A box centred at the origin with the top left and the bottom right corner cut.
 /// @param cut  as a fraction of the height, in both directions, so that the cut is square
 void DrawOutline(float width, float height, float cut);
+/// The edges of the outline, as lines: the pixels of PolygonMode::Line in less time.
+void DrawOutlineEdges(float width, float height, float cut);
 
 /// A square of the GUI sheet.
 /// @param corner  lower left
 /// @param rect    texture coordinates (s1, t1, s2, t2)
 void DrawSheetQuad(const Vector& corner, float side, const Vector& rect);
+
+void DrawLine(float fromX, float fromY, float toX, float toY);
 
 // Font::Print takes a printf format. The two functions below take the text of a widget instead, in
 // which "%%" and a single "%" are both drawn as "%". They set the size of the shared font first.

@@ -72,7 +72,5 @@ void Frame::DrawBorder() const {
     if (theme->opacity == 0.0f)
         return;
     SetColour(theme->lineColour, theme->dim, theme->opacity);
-    SetPolygonMode(PolygonMode::Line);
-    DrawOutline(size.x, size.y, theme->corner);
-    SetPolygonMode(PolygonMode::Fill);
+    DrawOutlineEdges(size.x, size.y, theme->corner);
 }

@@ -141,10 +141,7 @@ void GLWindow::DrawSeparator(float y) const {
     if (theme->opacity == 0.0f)
         return;
     SetColour(theme->lineColour, Brightness(*theme, highlight), theme->opacity);
-    glBegin(GL_LINES);
-    glVertex2f(-size.x / 2.0f, y);
-    glVertex2f(size.x / 2.0f, y);
-    glEnd();
+    DrawLine(-size.x / 2.0f, y, size.x / 2.0f, y);
 }
 
 void GLWindow::DrawTitle() const {

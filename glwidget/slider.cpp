@@ -141,10 +141,7 @@ void Slider::AddAppearance(Fingerprint& print) {
 void Slider::DrawTrack() const {
     const Vector track = Track();
     glLineWidth(theme->lineWidth);
-    glBegin(GL_LINES);
-    glVertex2f(track.x, track.y);
-    glVertex2f(track.z, track.w);
-    glEnd();
+    DrawLine(track.x, track.y, track.z, track.w);
 }
 
 void Slider::DrawKnob() const {

@@ -258,8 +258,5 @@ void Textbox::DrawContent() const {
 }
 
 void Textbox::DrawCaret(float x, float baseline) const {
-    glBegin(GL_LINES);
-    glVertex2f(x, baseline - theme->fontSize.y / 4.0f);
-    glVertex2f(x, baseline + theme->fontSize.y);
-    glEnd();
+    DrawLine(x, baseline - theme->fontSize.y / 4.0f, x, baseline + theme->fontSize.y);
 }
