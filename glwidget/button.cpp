@@ -80,9 +80,11 @@ void Button::DrawBox() {
     const float cut = kCornerFactor * theme->corner;
     const bool isPicture = text.empty();
     SetTexturing(isPicture);
-    if (isPicture)
-        image.BindForSize(size.x * PixelsPerUnit(), size.y * PixelsPerUnit());
-    if (FillIsOpaque()) {
+    const bool isEnlarged =
+        isPicture && image.BindForSize(size.x * PixelsPerUnit(), size.y * PixelsPerUnit());
+    // Other fills are small: there a further shader for each way of drawing costs more than it
+    // saves.
+    if (isEnlarged && image.IsOpaque()) {
         DisableBlending();
     } else {
         EnableBlending();

@@ -75,8 +75,6 @@ void AddAppearance(const Children& children, Fingerprint& print) {
 }
 
 void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut) {
-    if (theme.opacity >= 1.0f)
-        DisableBlending();
     // kept: the first panel of a picture is filled without blending, whatever its opacity
     if (theme.opacity != 0.0f || !IsBlending()) {
         SetColour(theme.fillColour, brightness, theme.opacity);

@@ -207,7 +207,7 @@ bool Texture::BindForSize(float width, float height) {
     const bool firstLevel = static_cast<float>(record.width) <= kFirstLevelShrink * width
                             && static_cast<float>(record.height) <= kFirstLevelShrink * height;
     UseLevels(record, !firstLevel);
-    return true;
+    return firstLevel && record.mipmapped;
 }
 
 bool Texture::IsOpaque() const {

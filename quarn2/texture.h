@@ -35,7 +35,7 @@ public:
     /// Bind for one upright quad that shows the whole image `width` by `height` pixels large. The
     /// pixels are those that Bind gives. If the quad is so large that they all come from the first
     /// level of the mipmap, OpenGL does not look for the level of each.
-    /// @return true
+    /// @return whether that is so
     bool BindForSize(float width, float height);
 
     /// Whether nothing behind the image can be seen. Holds without a texture too: OpenGL then

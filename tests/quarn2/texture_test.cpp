@@ -234,9 +234,9 @@ TEST_F(TextureTest, WithoutFlagsItIsMipmappedRepeatingRGBA) {
 TEST_F(TextureTest, LevelsAreLookedForOnlyWhereMoreThanTheFirstCouldBeNeeded) {
     Texture texture;
     texture.Load(Picture(4, 2), TextureDetails("", 0));
-    texture.BindForSize(3.2f, 1.6f);
+    EXPECT_TRUE(texture.BindForSize(3.2f, 1.6f));
     EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR);
-    texture.BindForSize(3.1f, 1.6f);
+    EXPECT_FALSE(texture.BindForSize(3.1f, 1.6f));
     EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR_MIPMAP_NEAREST);
     texture.BindForSize(400.0f, 1.5f);
     EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR_MIPMAP_NEAREST);
@@ -249,7 +249,7 @@ TEST_F(TextureTest, LevelsAreLookedForOnlyWhereMoreThanTheFirstCouldBeNeeded) {
 TEST_F(TextureTest, SizeChangesNoFilterOfATextureWithoutLevels) {
     Texture texture;
     texture.Load(Picture(4, 2), TextureDetails("", 1));
-    texture.BindForSize(1.0f, 1.0f);
+    EXPECT_FALSE(texture.BindForSize(4.0f, 4.0f));
     EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR);
     texture.Bind();
     EXPECT_EQ(Parameter(GL_TEXTURE_MIN_FILTER), GL_LINEAR);
