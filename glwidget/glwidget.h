@@ -69,9 +69,6 @@ public:
     /// Draws at the current model-view position and changes nothing. Needs RenderWidgets around it.
     /// A class that overrides it overrides AddAppearance too.
     virtual void Render() = 0;
-    /// Adds every value that Render reads and that can change, with those of the children. Without
-    /// an override the widget counts as changed in every frame, and all widgets are drawn in each.
-    virtual void AddAppearance(Fingerprint& print);
     /// Moves the widget. @return its new position
     virtual Vector operator+=(const Vector& offset);
     /// Whether at most one of the unique children of a container is active.
@@ -101,6 +98,9 @@ public:
     /// The box within which Render leaves no pixel as it was, in the parent's coordinates. All
     /// zero if there is none.
     virtual Vector GetOpaqueBox() const;
+    /// Adds every value that Render reads and that can change, with those of the children. Without
+    /// an override the widget counts as changed in every frame, and all widgets are drawn in each.
+    virtual void AddAppearance(Fingerprint& print);
 
     GLWidget(const GLWidget&) = delete;
     GLWidget& operator=(const GLWidget&) = delete;
