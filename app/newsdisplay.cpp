@@ -58,7 +58,9 @@ void NewsDisplay::Show(const Chronicle& chronicle) {
     const Chronicle::Entry* const news = chronicle.News();
     const bool isNew = isFirst || chronicle.Count() != entriesSeen;
     Label* const newsLabel = LabelOf(tag::kNews);
-    if (isNew || newsSeen != (news != nullptr))
+    const auto shown =
+        news != nullptr ? std::optional(std::pair(news->event, news->second)) : std::nullopt;
+    if (isNew || shown != newsSeen)
         WriteNews(news, newsLabel);
     if (newsLabel != nullptr)
         newsLabel->SetText(newsText);
@@ -73,7 +75,7 @@ void NewsDisplay::Show(const Chronicle& chronicle) {
     }
     ShowPaperNews(chronicle, isNew);
     entriesSeen = chronicle.Count();
-    newsSeen = news != nullptr;
+    newsSeen = shown;
     isFirst = false;
 }
 

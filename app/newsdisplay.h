@@ -5,14 +5,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "country/chronicle.h"
 
 class Label;
 
-/// Shows what happened: the newest entry of the chronicle while it is news, and lists of the newest
+/// Shows what happened: the news of the chronicle, and lists of the newest
 /// entries. The layout need not have any of these widgets. A frame in which nothing happened
 /// allocates nothing.
 class NewsDisplay {
@@ -39,7 +41,7 @@ private:
     std::string chronicleText;
     std::string paperText;
     std::uint64_t entriesSeen = 0;
-    bool newsSeen = false;
+    std::optional<std::pair<Chronicle::Event, std::int64_t>> newsSeen;  // event and second
     bool isFirst = true;
     std::size_t linesLeft = 0;  ///< by the newspaper's story, of its room
 };

@@ -214,6 +214,7 @@ void Chronicle::NoteAfter(const Country& country, const Date& date, long seconds
     }
     NoteDisasters(country, date);
     NoteNobodyLeft(country, date);
+    FindLasting();
 }
 
 void Chronicle::NoteTrades(const Country& country, const Date& date) {
@@ -347,7 +348,48 @@ const Chronicle::Entry& Chronicle::Newest(std::size_t index) const {
 
 const Chronicle::Entry* Chronicle::News() const {
     TraceFrame frame("News", "Chronicle");
-    if (entries.empty() || (!nobodySeen && now - Newest(0).second > kNewsSeconds))
+    if (entries.empty())
         return nullptr;
-    return &Newest(0);
+    if (nobodySeen || !IsOld(Newest(0)))
+        return &Newest(0);
+    return lasting ? &*lasting : nullptr;
+}
+
+bool Chronicle::Lasts(const Entry& entry) const {
+    switch (entry.event) {
+    case Event::DebtBegun:
+        return fundsSeen < 0.0f;
+    case Event::StarvingFast:
+    case Event::StarvingSlowly:
+    case Event::Hungry:
+        return entry.event == EventOf(foodSeen);
+    case Event::HerdEmpty:
+    case Event::HerdSlaughtered:
+        return !herdSeen;
+    case Event::GranaryEmpty:
+        return !granarySeen;
+    case Event::RebellionBegun:
+        return rebellion.has_value();
+    case Event::PlagueBegun:
+    case Event::PlagueRenewed:
+        return plague.has_value();
+    case Event::FamineBegun:
+    case Event::FamineRenewed:
+        return famine.has_value();
+    default:
+        return false;
+    }
+}
+
+void Chronicle::FindLasting() {
+    TraceFrame frame("FindLasting", "Chronicle");
+    // A trouble lasts until another entry says that it has ended, so one search is enough.
+    const bool wanted = !entries.empty() && IsOld(Newest(0));
+    if (!wanted)
+        lasting.reset();
+    for (std::size_t index = 0; wanted && !lastingKnown && !lasting && index < Size(); ++index) {
+        if (Lasts(Newest(index)))
+            lasting = Newest(index);
+    }
+    lastingKnown = wanted;
 }

@@ -70,7 +70,7 @@ public:
     };
 
     static constexpr std::size_t kMaxEntries = 1000;
-    /// An entry is news for eight weeks.
+    /// An entry is news for eight weeks, unless a newer one takes its place.
     static constexpr std::int64_t kNewsSeconds = 8 * 604800;
 
     /// @param country  the one to write about, as it is at the beginning
@@ -92,8 +92,9 @@ public:
     /// The number of all entries so far, also of those that are no longer kept. Every new entry
     /// changes it.
     std::uint64_t Count() const { return count; }
-    /// The newest entry if it is at most eight weeks old, or if it says that nobody is left; else
-    /// null. Valid until the next entry.
+    /// The newest entry if it is at most eight weeks old, or if it says that nobody is left. Else
+    /// the newest one that tells of a trouble which still lasts; null without one. Valid until the
+    /// next advance or trade.
     const Entry* News() const;
 
 private:
@@ -111,6 +112,9 @@ private:
     void NoteGranary(const Country& country, const Date& date);
     void NoteDisasters(const Country& country, const Date& date);
     void NoteNobodyLeft(const Country& country, const Date& date);
+    bool IsOld(const Entry& entry) const { return now - entry.second > kNewsSeconds; }
+    bool Lasts(const Entry& entry) const;
+    void FindLasting();
     void Begin(std::optional<Disaster>& disaster, double dead) const;
     void NoteEnd(std::optional<Disaster>& disaster, Event event, const Date& date, double dead);
 
@@ -134,4 +138,6 @@ private:
     std::optional<Disaster> famine;
     std::optional<Disaster> plague;
     std::optional<Disaster> rebellion;
+    std::optional<Entry> lasting;  // the newest trouble that still lasts, once no entry is news
+    bool lastingKnown = false;
 };

@@ -262,13 +262,51 @@ TEST_F(ChronicleTest, EntryHasTheDateAfterTheAdvance) {
 
 TEST_F(ChronicleTest, NewestEntryIsNewsForEightWeeks) {
     After([](Country& changed) { changed.rebellion = true; });
+    After([](Country& changed) { changed.rebellion = false; });
     for (int week = 0; week < 8; ++week)
         AfterNothing();
     ASSERT_NE(chronicle.News(), nullptr);
-    EXPECT_EQ(chronicle.News()->event, Event::RebellionBegun);
+    EXPECT_EQ(chronicle.News()->event, Event::RebellionEnded);
     After([](Country&) {}, 1);
     EXPECT_EQ(chronicle.News(), nullptr);
-    EXPECT_EQ(chronicle.Size(), 1u);
+    EXPECT_EQ(chronicle.Size(), 2u);
+}
+
+TEST_F(ChronicleTest, TroubleIsNewsAgainAfterEightWeeksWhileItLasts) {
+    After([](Country& changed) { changed.rebellion = true; });
+    After([](Country& changed) { changed.grain.amount = 0.0f; });
+    After([](Country& changed) { changed.grain.amount = 1000.0f; });
+    ASSERT_EQ(chronicle.News()->event, Event::GranaryFilled);
+    for (int week = 0; week < 8; ++week)
+        AfterNothing();
+    EXPECT_EQ(chronicle.News()->event, Event::GranaryFilled);
+    for (int week = 0; week < 20; ++week) {
+        AfterNothing();
+        ASSERT_NE(chronicle.News(), nullptr);
+        EXPECT_EQ(chronicle.News()->event, Event::RebellionBegun);
+        EXPECT_EQ(chronicle.News()->date.Text(), "1358/5/23 0:0:0");
+    }
+    After([](Country& changed) { changed.rebellion = false; });
+    EXPECT_EQ(chronicle.News()->event, Event::RebellionEnded);
+    for (int week = 0; week < 9; ++week)
+        AfterNothing();
+    EXPECT_EQ(chronicle.News(), nullptr);
+}
+
+TEST_F(ChronicleTest, NewestOfTheTroublesThatLastIsNews) {
+    After([](Country& changed) { changed.funds = -5.0f; });
+    After([](Country& changed) { changed.livestock.amount = 0.0f; });
+    After([](Country& changed) { changed.rebellion = true; });
+    After([](Country& changed) { changed.rebellion = false; });
+    for (int week = 0; week < 9; ++week)
+        AfterNothing();
+    ASSERT_NE(chronicle.News(), nullptr);
+    EXPECT_EQ(chronicle.News()->event, Event::HerdEmpty);
+    After([](Country& changed) { changed.livestock.amount = 1000.0f; });
+    for (int week = 0; week < 9; ++week)
+        AfterNothing();
+    ASSERT_NE(chronicle.News(), nullptr);
+    EXPECT_EQ(chronicle.News()->event, Event::DebtBegun);
 }
 
 TEST_F(ChronicleTest, ThatNobodyIsLeftStaysNews) {
