@@ -144,9 +144,14 @@ class Game:
 
     def grab(self, left, top, right, bottom):
         """The pixels of a part of the window. All four sides belong to the part."""
-        return self.display.root.get_image(self.origin[0] + left, self.origin[1] + top,
-                                           right - left + 1, bottom - top + 1,
-                                           X.ZPixmap, 0xFFFFFFFF).data
+        image = self.display.root.get_image(self.origin[0] + left, self.origin[1] + top,
+                                            right - left + 1, bottom - top + 1,
+                                            X.ZPixmap, 0xFFFFFFFF)
+        pixels = bytearray(image.data)
+        # The fourth byte of a pixel is not a part of its colour. It can differ between a picture
+        # that was drawn and one that was kept.
+        pixels[3::4] = bytes(len(pixels) // 4)
+        return bytes(pixels)
 
     def look(self, tag, part=1.0):
         """A widget's pixels, or those of the left part of it. Of a slider only the strip along its
