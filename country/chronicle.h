@@ -71,7 +71,7 @@ public:
 
     static constexpr std::size_t kMaxEntries = 1000;
     /// An entry is news for eight weeks, unless a newer one takes its place.
-    static constexpr std::int64_t kNewsSeconds = 8 * 604800;
+    static constexpr std::int64_t kNewsSeconds = std::int64_t{8} * 604800;
 
     /// @param country  the one to write about, as it is at the beginning
     explicit Chronicle(const Country& country);
