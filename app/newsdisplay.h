@@ -14,9 +14,8 @@
 
 class Label;
 
-/// Shows what happened: the news of the chronicle, and lists of the newest
-/// entries. The layout need not have any of these widgets. A frame in which nothing happened
-/// allocates nothing.
+/// Shows what happened: the news of the chronicle, and lists of the newest entries. The layout need
+/// not have any of these widgets. A frame in which nothing happened allocates nothing.
 class NewsDisplay {
 public:
     /// Call it after the newspaper's label has been written.

@@ -75,7 +75,7 @@ void AddAppearance(const Children& children, Fingerprint& print) {
 }
 
 void DrawPanel(const Theme& theme, float brightness, float width, float height, float cut) {
-    // kept: the first panel of a picture is filled without blending, whatever its opacity
+    // kept: the first panel of a picture is filled without blending, even if its opacity is 0
     if (theme.opacity != 0.0f || !IsBlending()) {
         SetColour(theme.fillColour, brightness, theme.opacity);
         SetPolygonMode(PolygonMode::Fill);

@@ -105,7 +105,6 @@ bool KeptPicture::MakeTexture(std::int32_t width, std::int32_t height) {
     textureHeight = PowerOfTwo(height);
     if (std::max(textureWidth, textureHeight) > Integer(GL_MAX_TEXTURE_SIZE))
         return false;
-    glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
     if (texture == 0)
         glGenTextures(1, &texture);
     const TextureScope bound(texture);
@@ -113,7 +112,6 @@ bool KeptPicture::MakeTexture(std::int32_t width, std::int32_t height) {
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
     glTexImage2D(GL_TEXTURE_2D, 0, Integer(GL_ALPHA_BITS) > 0 ? GL_RGBA8 : GL_RGB8, textureWidth,
                  textureHeight, 0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
-    glPopClientAttrib();
     return StoresTheWindow(textureWidth);
 }
 

@@ -53,19 +53,8 @@ protected:
     /// A theme of which every line can be seen, with a picture of many colours.
     static Theme Look() {
         Theme look;
-        look.textColour = Vector(0.9f, 0.2f, 0.2f);
-        look.lineColour = Vector(0.2f, 0.9f, 0.2f);
+        MakeEveryLineVisible(look);
         look.fillColour = Vector(0.6f, 0.5f, 0.9f);
-        look.opacity = 0.8f;
-        look.lineWidth = 4.0f;
-        look.border = 0.03f;
-        look.corner = 0.15f;
-        look.fontSize = Vector(0.08f, 0.1f);
-        look.dim = 0.6f;
-        look.bright = 0.9f;
-        look.pressOffset = Vector(0.05f, -0.05f);
-        look.boxSize = 0.2f;
-        look.textureName = "NULL";
         Sheet(look, 1);
         return look;
     }

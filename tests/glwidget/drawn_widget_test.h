@@ -48,6 +48,23 @@ protected:
     /// Loads glyphs; until then texts are not drawn.
     static void LoadFont() { ASSERT_TRUE(GLWidget::font.Init("data/font.ttf")); }
 
+    /// Sets what the lines of a theme are, so that each of them can be seen.
+    static void MakeEveryLineVisible(Theme& look) {
+        look.textColour = Vector(0.9f, 0.2f, 0.2f);
+        look.lineColour = Vector(0.2f, 0.9f, 0.2f);
+        look.fillColour = Vector(0.3f, 0.3f, 0.9f);
+        look.opacity = 0.8f;
+        look.lineWidth = 4.0f;
+        look.border = 0.03f;
+        look.corner = 0.15f;
+        look.fontSize = Vector(0.08f, 0.1f);
+        look.dim = 0.6f;
+        look.bright = 0.9f;
+        look.pressOffset = Vector(0.05f, -0.05f);
+        look.boxSize = 0.2f;
+        look.textureName = "NULL";
+    }
+
     /// Gives a theme a sheet of one colour.
     static void PlainSheet(Theme& look, std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
         const std::uint8_t pixel[4] = {red, green, blue, 255};

@@ -7,7 +7,7 @@
 
 #include <SDL.h>
 
-#include <cstdlib>
+#include <algorithm>
 #include <iostream>
 #include <random>
 #include <string>
@@ -17,6 +17,7 @@
 #include "quarn2/memory.h"
 #include "quarn2/trace.h"
 #include "tests/plays/twicedrawn.h"
+#include "tests/support/event_queue.h"
 
 namespace {
 
@@ -42,9 +43,7 @@ private:
 
     void Act() {
         if (--framesLeft <= 0) {
-            SDL_Event quit{};
-            quit.type = SDL_QUIT;
-            SDL_PushEvent(&quit);
+            EventQueue::Push(SDL_QUIT);
             return;
         }
         const int choice = Roll(100);
@@ -74,35 +73,19 @@ private:
             x = Roll(kWidth);
             y = Roll(kHeight);
         }
-        SDL_Event event{};
-        event.type = SDL_MOUSEMOTION;
-        event.motion.x = static_cast<Uint16>(x);
-        event.motion.y = static_cast<Uint16>(y);
-        SDL_PushEvent(&event);
+        EventQueue::PushMotion(x, y);
     }
 
     void Press(int button) {
         bool& isDown = down[button];
         isDown = !isDown;
-        SDL_Event event{};
-        event.type = isDown ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
-        event.button.state = isDown ? SDL_PRESSED : SDL_RELEASED;
-        event.button.button = static_cast<Uint8>(button);
-        event.button.x = static_cast<Uint16>(x);
-        event.button.y = static_cast<Uint16>(y);
-        SDL_PushEvent(&event);
+        EventQueue::PushButton(isDown, button, x, y);
     }
 
     void Type() {
         const int letter = 'a' + Roll(26);
-        for (const Uint8 type : {SDL_KEYDOWN, SDL_KEYUP}) {
-            SDL_Event event{};
-            event.type = type;
-            event.key.state = type == SDL_KEYDOWN ? SDL_PRESSED : SDL_RELEASED;
-            event.key.keysym.sym = static_cast<SDLKey>(letter);
-            event.key.keysym.unicode = static_cast<Uint16>(letter);
-            SDL_PushEvent(&event);
-        }
+        EventQueue::PushKey(true, letter, letter);
+        EventQueue::PushKey(false, letter, letter);
     }
 
     /// A press there would end the game. The mouse is perhaps not there any more when the press is
